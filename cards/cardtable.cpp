@@ -1,0 +1,86 @@
+// The card table: one row for each kind of card.
+
+#include "shell/cardinfo.h"
+
+namespace QSP {
+
+template <> QUrl CardInfo<CardKind::Brightness>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Brightness>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::Time>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Time>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::Buzzer>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Buzzer>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::Network>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Network>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::NIC>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::NIC>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::DNS>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::DNS>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::Version>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Version>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::Language>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Language>::registerTypes() {}
+
+template <> QUrl CardInfo<CardKind::Wifi>::document()
+{
+    return {};
+}
+
+template <> void CardInfo<CardKind::Wifi>::registerTypes() {}
+
+template <> void CardInfo<CardKind::Network>::wire(AppRootItem *, QQuickItem *) {}
+
+template <> void CardInfo<CardKind::Network>::pageShown(QQuickItem *) {}
+
+template <> bool CardInfo<CardKind::NIC>::isWanted(const AppRootItem *)
+{
+    return true;
+}
+
+template <> bool CardInfo<CardKind::DNS>::isWanted(const AppRootItem *)
+{
+    return true;
+}
+
+template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *, QQuickItem *) {}
+
+} // namespace QSP

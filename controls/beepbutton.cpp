@@ -1,0 +1,46 @@
+#include "controls/beepbutton.h"
+
+#include "hmi/systemset.h"
+#include "meyersingleton.h"
+#include "shell/vkbmanager.h"
+
+#include <future>
+
+namespace QSP {
+
+bool BeepButton::_isBuzzerOn = false;
+
+BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
+{
+    connect(this, &QQuickAbstractButton::clicked, this, &BeepButton::onClickEvent);
+}
+
+bool BeepButton::isBuzzerOn()
+{
+    _isBuzzerOn = MeyerSingleton<HMI::SystemSet>::instance().isBuzzerOn();
+    return _isBuzzerOn;
+}
+
+void BeepButton::setBuzzerOn(bool on)
+{
+    if (_isBuzzerOn == on)
+        return;
+    _isBuzzerOn = on;
+    // The dropped future waits for the worker: the order of writes stays the order of taps.
+    static_cast<void>(std::async([on] { MeyerSingleton<HMI::SystemSet>::instance().setBuzzerOn(on); }));
+}
+
+void BeepButton::beepIfOn()
+{
+    if (isBuzzerOn())
+        MeyerSingleton<HMI::SystemSet>::instance().beep(true);
+}
+
+void BeepButton::onClickEvent()
+{
+    beepIfOn();
+    if (m_autoCloseVkb)
+        VkbManager::instance().showVkb(false);
+}
+
+} // namespace QSP

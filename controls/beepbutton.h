@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtQuickTemplates2/private/qquickabstractbutton_p.h>
+
+namespace QSP {
+
+/// The base of everything that can be tapped: beeps, if the panel's keys beep,
+/// and puts the on-screen keyboard away.
+class BeepButton : public QQuickAbstractButton
+{
+    Q_OBJECT
+
+public:
+    explicit BeepButton(QQuickItem *parent = nullptr);
+
+    /// Whether a click hides the keyboard; true at first.
+    void setAutoCloseVkb(bool autoClose) { m_autoCloseVkb = autoClose; }
+
+    /// Asks the service, and remembers the answer for setBuzzerOn().
+    static bool isBuzzerOn();
+    /// Writes the buzzer setting, unless it is what was last read or written.
+    /// The write runs on a worker thread and has ended when this returns.
+    static void setBuzzerOn(bool on);
+    /// One key beep, if the service says that keys beep.
+    static void beepIfOn();
+
+public slots:
+    void onClickEvent();
+
+private:
+    bool m_autoCloseVkb = true;
+    static bool _isBuzzerOn;
+};
+
+} // namespace QSP
+
+QML_DECLARE_TYPE(QSP::BeepButton)

@@ -1,0 +1,33 @@
+import QtQuick 2.15
+import QQuickSystemSet 1.0
+
+BeepButton {
+    id: _button
+
+    property alias imgUrl: _icon.source
+
+    background: Rectangle {
+        radius: 12
+        opacity: _button.pressed ? 0.6 : 1.0
+    }
+
+    Image {
+        id: _icon
+
+        anchors.verticalCenter: _button.verticalCenter
+        x: width / 2 - 4
+        width: height
+        height: 0.57 * _button.height
+        sourceSize: Qt.size(64, 64)
+    }
+
+    Text {
+        anchors.verticalCenter: _button.verticalCenter
+        x: _icon.width * 1.875 - 4
+        width: Math.max(0, _button.width - x - 4)
+        text: _button.text
+        font.pixelSize: Math.max(1, 0.357 * _button.height)
+        color: "#1D2129"
+        elide: Text.ElideRight
+    }
+}

@@ -1,0 +1,145 @@
+import QtQuick 2.15
+import QtQuick.Templates 2.15 as T
+import QQuickSystemSet 1.0
+
+// Width and height come from the host before the document is completed; a binding would override them.
+AppRootItem {
+    id: _app
+
+    readonly property bool isNarrowPortrait: width < height && width < 800
+    // Of the menu while it is shown; the screen itself may be hidden.
+    readonly property real menuWidth: _menu.shown ? _menu.width : 0
+
+    property alias titleBar: _title
+    property alias titleText: _titleText
+    property alias menuBar: _menu
+    property alias cardsParent: _cardLayout
+    property alias cardPool: _cardPool
+    property alias settingsText: _settingsText
+
+    visible: false
+
+    // Taps that hit nothing here must not reach the host's items underneath.
+    MouseArea {
+        anchors.fill: parent
+    }
+
+    Item {
+        id: _title
+
+        width: parent.width
+
+        Rectangle {
+            id: titleLeftBg
+
+            width: _app.menuWidth
+            height: parent.height
+            color: "#FFFFFF"
+            clip: true
+
+            Text {
+                id: _settingsText
+
+                anchors.centerIn: parent
+                text: "Setting"
+                font.family: "1"
+                font.pixelSize: Math.max(1, _title.height / 3)
+                color: "#2C2E30"
+            }
+        }
+
+        Rectangle {
+            id: titleRightBg
+
+            anchors.left: titleLeftBg.right
+            width: parent.width - titleLeftBg.width
+            height: parent.height
+            color: _app.isNarrowPortrait ? "#FFFFFF" : "#F4F5F5"
+        }
+
+        Text {
+            id: _titleText
+
+            anchors.verticalCenter: parent.verticalCenter
+            font.family: "1"
+            font.pixelSize: Math.max(1, _title.height / 3)
+            color: "#2C2E30"
+        }
+    }
+
+    Rectangle {
+        id: _menu
+
+        property bool shown: true
+        property alias column: _menuCol
+        property alias bottomContainer: bottomButtonContainer
+
+        y: _title.height
+        height: parent.height - _title.height
+        visible: shown
+
+        Column {
+            id: _menuCol
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.topMargin: 12
+            spacing: 12
+        }
+
+        Item {
+            id: bottomButtonContainer
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 16
+            height: 54
+        }
+    }
+
+    Flickable {
+        id: _cardPool
+
+        readonly property real topMargin12: _app.isNarrowPortrait ? 12 : 0
+
+        x: _menu.shown ? _menu.width + 20 : (_app.isNarrowPortrait ? 12 : 40)
+        y: _title.height + topMargin12
+        width: Math.max(0, _menu.shown ? _app.width - _menu.width - 40
+                                       : _app.width - (_app.isNarrowPortrait ? 24 : 80))
+        height: Math.max(0, _app.height - _title.height - topMargin12)
+        clip: true
+        contentHeight: _cardLayout.height
+        boundsBehavior: Flickable.StopAtBounds
+        // A page that fits answers to a tap at once instead of waiting whether it becomes a scroll.
+        interactive: contentHeight > height
+
+        T.ScrollBar.vertical: _scrollBar
+
+        Column {
+            id: _cardLayout
+
+            width: _cardPool.width
+            spacing: 12
+        }
+    }
+
+    T.ScrollBar {
+        id: _scrollBar
+
+        anchors.top: _cardPool.top
+        anchors.bottom: _cardPool.bottom
+        anchors.right: parent.right
+        anchors.rightMargin: 4
+        width: 12
+        padding: 3
+        orientation: Qt.Vertical
+        visible: _cardPool.visible && size < 1.0
+
+        contentItem: Rectangle {
+            radius: width / 2
+            color: _scrollBar.pressed ? "#86909C" : "#C9CDD4"
+        }
+    }
+}

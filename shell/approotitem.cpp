@@ -1,0 +1,237 @@
+#include "shell/approotitem.h"
+
+#include "controls/beepbutton.h"
+#include "shell/cardinfo.h"
+#include "shell/globalinfo.h"
+#include "shell/multilingualtext.h"
+#include "shell/screenroot.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtQml/QQmlContext>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/private/qquickflickable_p.h>
+#include <QtQuick/private/qquicktext_p.h>
+
+namespace QSP {
+
+namespace {
+
+QPointer<AppRootItem> g_root;
+
+template <class T> T *aliasOf(const QObject *object, const char *name)
+{
+    return object ? qobject_cast<T *>(object->property(name).value<QObject *>()) : nullptr;
+}
+
+// Calls visit(std::integral_constant<Cards, card>) for the given kind.
+template <class Visitor> void visitCard(AppRootItem::Cards card, Visitor visit)
+{
+    using Kind = AppRootItem::Cards;
+    switch (card) {
+    case Kind::Brightness:
+        return visit(std::integral_constant<Kind, Kind::Brightness>());
+    case Kind::Time:
+        return visit(std::integral_constant<Kind, Kind::Time>());
+    case Kind::Buzzer:
+        return visit(std::integral_constant<Kind, Kind::Buzzer>());
+    case Kind::Network:
+        return visit(std::integral_constant<Kind, Kind::Network>());
+    case Kind::NIC:
+        return visit(std::integral_constant<Kind, Kind::NIC>());
+    case Kind::DNS:
+        return visit(std::integral_constant<Kind, Kind::DNS>());
+    case Kind::Version:
+        return visit(std::integral_constant<Kind, Kind::Version>());
+    case Kind::Language:
+        return visit(std::integral_constant<Kind, Kind::Language>());
+    case Kind::Wifi:
+        return visit(std::integral_constant<Kind, Kind::Wifi>());
+    }
+}
+
+} // namespace
+
+AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
+{
+    g_root = this;
+    ScreenRoot::setItem(this);
+    static const int beepButtonType = qmlRegisterType<BeepButton>("QQuickSystemSet", 1, 0, "BeepButton");
+    Q_UNUSED(beepButtonType)
+    setColor(QColor(0xF4, 0xF5, 0xF5));
+    connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
+    connect(this, &QQuickItem::visibleChanged, this, [this] {
+        if (isVisible())
+            emit opened();
+    });
+}
+
+AppRootItem::~AppRootItem() = default;
+
+AppRootItem *AppRootItem::instance()
+{
+    return g_root;
+}
+
+void AppRootItem::init(QQmlEngine *engine)
+{
+    GlobalInfo &info = GlobalInfo::instance();
+    info.setQmlEngine(engine);
+
+    m_titleBar = aliasOf<QQuickItem>(this, "titleBar");
+    m_titleText = aliasOf<QQuickText>(this, "titleText");
+    m_menuBar = aliasOf<QQuickRectangle>(this, "menuBar");
+    m_cardsParent = aliasOf<QQuickItem>(this, "cardsParent");
+    m_cardPool = aliasOf<QQuickFlickable>(this, "cardPool");
+    m_settingsText = aliasOf<QQuickText>(this, "settingsText");
+    m_menuColumn = aliasOf<QQuickItem>(m_menuBar, "column");
+    m_bottomContainer = aliasOf<QQuickItem>(m_menuBar, "bottomContainer");
+    ScreenRoot::setCardColumn(m_cardsParent);
+
+    // Long enough to tell a scroll from a tap with a glove.
+    m_cardPool->setPressDelay(200);
+    setMultilingualText(m_settingsText,
+                        [] { return QCoreApplication::translate("QSP::AppRootItem", "Settings"); });
+    connect(&info, &GlobalInfo::localeChanged, this, &AppRootItem::updateTitleText);
+    if (window())
+        info.initializeNativeOrientation(window());
+    else
+        connect(this, &QQuickItem::windowChanged, this, &AppRootItem::onWindowAvailable);
+
+    adjustTitle();
+    adjustMenu();
+    if (!shouldMenuFill()) {
+        addCard<Cards::Brightness>();
+        addCard<Cards::Time>();
+        addCard<Cards::Buzzer>();
+    }
+}
+
+void AppRootItem::onWindowAvailable(QQuickWindow *window)
+{
+    if (!window)
+        return;
+    GlobalInfo::instance().initializeNativeOrientation(window);
+    disconnect(this, &QQuickItem::windowChanged, this, &AppRootItem::onWindowAvailable);
+}
+
+void AppRootItem::open()
+{
+    GlobalInfo::instance().checkExternalLanguageChange();
+    setVisible(true);
+}
+
+void AppRootItem::close()
+{
+    highlightMenuButton(GlobalInfo::instance().isStartedFromVistor() ? MenuIndex::Exit : MenuIndex::Reboot,
+                        false);
+    if (!shouldMenuFill()) {
+        setCurrentPage(MenuIndex::General);
+        // Reboot takes the highlight from the current page, which may be General itself.
+        highlightMenuButton(MenuIndex::General, true);
+        setVisible(false);
+        return;
+    }
+    highlightMenuButton(m_currentPage, false);
+    showCard(m_currentPage, false);
+    for (MenuIndex page :
+         {MenuIndex::General, MenuIndex::Network, MenuIndex::Version, MenuIndex::Language, MenuIndex::Wifi})
+        showCard(page, false);
+    m_currentPage = MenuIndex::None;
+    showMenu();
+    setVisible(false);
+}
+
+void AppRootItem::setCurrentPage(MenuIndex page)
+{
+    if (page == m_currentPage)
+        return;
+    const MenuIndex old = m_currentPage;
+    m_currentPage = page;
+    emit currentPageChanged(page, old);
+    if (shouldMenuFill())
+        hideMenu();
+}
+
+void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
+{
+    GlobalInfo::instance().checkExternalLanguageChange();
+    highlightMenuButton(oldPage, false);
+    highlightMenuButton(newPage, true);
+    showCard(oldPage, false);
+    showCard(newPage, true);
+    m_cardPool->setContentY(0.0);
+    updateTitleText();
+}
+
+void AppRootItem::showCard(MenuIndex page, bool show)
+{
+    switch (page) {
+    case MenuIndex::General:
+        showCard(Cards::Brightness, show);
+        showCard(Cards::Time, show);
+        showCard(Cards::Buzzer, show);
+        break;
+    case MenuIndex::Network:
+        showCard(Cards::Network, show);
+        showCard(Cards::NIC, show && CardInfo<Cards::NIC>::isWanted(this));
+        showCard(Cards::DNS, show && CardInfo<Cards::DNS>::isWanted(this));
+        if (show)
+            CardInfo<Cards::Network>::pageShown(getCardItem(Cards::Network));
+        break;
+    case MenuIndex::Language:
+        showCard(Cards::Language, show);
+        break;
+    case MenuIndex::Version:
+        showCard(Cards::Version, show);
+        break;
+    case MenuIndex::Wifi:
+        showCard(Cards::Wifi, show);
+        break;
+    case MenuIndex::Reboot:
+    case MenuIndex::Exit:
+    case MenuIndex::None:
+        break;
+    }
+}
+
+void AppRootItem::showCard(Cards card, bool show)
+{
+    if (!getCardItem(card)) {
+        // Hiding what was never shown must not build it.
+        if (!show)
+            return;
+        visitCard(card, [this](auto kind) { addCard<decltype(kind)::value>(); });
+    }
+    if (QQuickItem *item = getCardItem(card))
+        item->setVisible(show);
+}
+
+template <AppRootItem::Cards card> void AppRootItem::addCard()
+{
+    using Info = CardInfo<card>;
+    static const bool registered = (Info::registerTypes(), true);
+    Q_UNUSED(registered)
+    QQuickItem *item = addCard(Info::pComp.get(Info::document()));
+    m_cards[index(card)] = item;
+    if (item)
+        Info::wire(this, item);
+}
+
+QQuickItem *AppRootItem::addCard(QQmlComponent *component)
+{
+    if (!component)
+        return nullptr;
+    QObject *object = component->beginCreate(component->engine()->rootContext());
+    auto *item = qobject_cast<QQuickItem *>(object);
+    if (item) {
+        item->setParent(m_cardsParent);
+        item->setParentItem(m_cardsParent);
+        item->setWidth(m_cardsParent->width());
+        connect(m_cardsParent, &QQuickItem::widthChanged, item,
+                [this, item] { item->setWidth(m_cardsParent->width()); });
+    }
+    component->completeCreate();
+    return item;
+}
+
+} // namespace QSP

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtQml/QQmlComponent>
+#include <QtQuick/QQuickItem>
+
+class QQmlEngine;
+
+namespace QSP {
+
+/// A component made from one of the embedded documents, kept for as long as its engine lives.
+///
+/// Meant to be a static: it owns nothing, since the engine owns the component.
+/// A document that does not load is reported once, with the component's error
+/// string, and is not tried again in the same engine.
+class EmbeddedComponent
+{
+public:
+    /// The component of @p url in @p engine (null engine: the screen's engine), or null when it is not ready.
+    QQmlComponent *get(const QUrl &url, QQmlEngine *engine = nullptr);
+
+    /// Creates an object in the engine's root context, gives it both parents
+    /// before it is completed, and returns it; null when the document does not
+    /// load or its root is no T.
+    template <class T = QQuickItem>
+    T *create(const QUrl &url, QQuickItem *parent, QQmlEngine *engine = nullptr)
+    {
+        return qobject_cast<T *>(createItem(url, parent, engine));
+    }
+
+private:
+    QQuickItem *createItem(const QUrl &url, QQuickItem *parent, QQmlEngine *engine);
+
+    QPointer<QQmlComponent> m_component;
+};
+
+} // namespace QSP

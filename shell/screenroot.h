@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtQuick/QQuickItem>
+
+namespace QSP {
+
+/// The newest root of the screen as a plain item, for those who must not know its class.
+///
+/// Set by the root, cleared when it dies. GUI thread only.
+class ScreenRoot
+{
+public:
+    /// The root item, or null.
+    static QQuickItem *item();
+    /// The column that holds the cards, or null.
+    static QQuickItem *cardColumn();
+
+    /// Runs @p slot of @p receiver whenever the root is shown or hidden; nothing without a root.
+    template <class Receiver, class Slot> static void onVisibleChanged(Receiver *receiver, Slot slot)
+    {
+        if (QQuickItem *root = item())
+            QObject::connect(root, &QQuickItem::visibleChanged, receiver, slot);
+    }
+
+    static void setItem(QQuickItem *root);
+    static void setCardColumn(QQuickItem *column);
+};
+
+} // namespace QSP

@@ -1,0 +1,69 @@
+#include "tests/screen/screenfixture.h"
+
+#include "plugin/pluginregistry.h"
+
+ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ) : m_library(plugin)
+{
+    if (!m_library.load()) {
+        QTest::qFail(qPrintable(m_library.errorString()), __FILE__, __LINE__);
+        return;
+    }
+    const auto getInstance =
+        reinterpret_cast<VexPlugin::PluginRegistry *(*)()>(m_library.resolve("VexPluginGetInstance"));
+    const auto &factories = getInstance()->factories();
+    m_screen = std::static_pointer_cast<ISystemSet>(factories.at(typeid(ISystemSet))());
+
+    m_engine = std::make_unique<QQmlEngine>();
+    m_window = std::make_unique<QQuickWindow>();
+    m_window->resize(size);
+    m_root = m_screen->init(m_engine.get(), size.width(), size.height(), rootPopupZ);
+    if (m_root) {
+        m_root->setParent(m_window->contentItem());
+        m_root->setParentItem(m_window->contentItem());
+    }
+    m_window->show();
+    m_window->requestActivate();
+    static_cast<void>(QTest::qWaitForWindowExposed(m_window.get()));
+    static_cast<void>(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+ScreenFixture::~ScreenFixture()
+{
+    // As a host goes: first the scene, then the engine.
+    m_window.reset();
+    m_engine.reset();
+    if (const auto closeInstance = reinterpret_cast<void (*)()>(m_library.resolve("VexPluginCloseInstance")))
+        closeInstance();
+}
+
+void ScreenFixture::open()
+{
+    m_screen->open();
+    Operator::settle();
+}
+
+void ScreenFixture::close()
+{
+    m_screen->close();
+    Operator::settle();
+}
+
+QString ScreenFixture::title() const
+{
+    const auto *title = m_root->property("titleText").value<QQuickItem *>();
+    return title ? title->property("text").toString() : QString();
+}
+
+void ScreenFixture::tapMenu(const QString &text)
+{
+    auto *menu = m_root->property("menuBar").value<QQuickItem *>();
+    Operator::tap(Operator::ancestorOf(Operator::byText(menu, text), "QSP::BeepButton"));
+    Operator::settle();
+}
+
+void ScreenFixture::tapText(const QString &text)
+{
+    QQuickItem *label = Operator::byText(glass(), text);
+    Operator::tap(Operator::ancestorOf(label, "QSP::BeepButton"));
+    Operator::settle();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "plugin/isystemset.h"
+#include "tests/support/operator.h"
+#include "tests/support/paneltest.h"
+
+#include <QtCore/QLibrary>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+#include <memory>
+
+/// The screen as a host has it: the plug-in loaded from its file, in a window of its own.
+class ScreenFixture
+{
+public:
+    /// Loads the plug-in and builds a screen of @p size; nothing is shown yet.
+    ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ = 1000);
+    ~ScreenFixture();
+
+    bool isBuilt() const { return m_root != nullptr; }
+    ISystemSet *screen() const { return m_screen.get(); }
+    QQuickItem *root() const { return m_root; }
+    QQuickWindow *window() const { return m_window.get(); }
+    QQmlEngine *engine() const { return m_engine.get(); }
+
+    /// open(), and waits until the window is exposed and painted.
+    void open();
+    void close();
+
+    /// The page title as the operator reads it.
+    QString title() const;
+    /// Taps the menu entry that reads @p text.
+    void tapMenu(const QString &text);
+    /// Taps the button (or whatever can be tapped) that carries @p text.
+    void tapText(const QString &text);
+    /// The visible card of that class, or null.
+    QQuickItem *card(const char *className) const { return Operator::byClass(m_root, className); }
+    /// Everything below the root and below the popups' overlay.
+    QQuickItem *glass() const { return m_window->contentItem(); }
+
+private:
+    QLibrary m_library;
+    std::shared_ptr<ISystemSet> m_screen;
+    std::unique_ptr<QQmlEngine> m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    QQuickItem *m_root = nullptr;
+};

@@ -1,0 +1,169 @@
+#include "tests/support/operator.h"
+
+#include <QtGui/QScreen>
+#include <QtGui/QTouchDevice>
+#include <QtTest/QtTest>
+
+namespace Operator {
+
+namespace {
+
+bool isText(const QQuickItem *item)
+{
+    return item->inherits("QQuickText") || item->inherits("QQuickTextInput");
+}
+
+QString describe(const QQuickItem *item)
+{
+    QString text;
+    QDebug(&text) << item;
+    return text;
+}
+
+QTouchDevice *touchScreen()
+{
+    static QTouchDevice *device = QTest::createTouchDevice();
+    return device;
+}
+
+// A visible item may still be scrolled or clipped out of sight.
+bool isOnGlass(const QQuickItem *item)
+{
+    if (!item->isVisible() || !item->window())
+        return false;
+    const QRectF glass(QPointF(), QSizeF(item->window()->size()));
+    return glass.contains(QPointF(centerOf(item)));
+}
+
+} // namespace
+
+QPoint centerOf(const QQuickItem *item)
+{
+    return item->mapToScene(QPointF(item->width() / 2.0, item->height() / 2.0)).toPoint();
+}
+
+void tap(QQuickItem *item)
+{
+    QVERIFY2(item, "there is no such item to tap");
+    QVERIFY2(isOnGlass(item), qPrintable(QStringLiteral("not on the glass: ") + describe(item)));
+    tap(item->window(), centerOf(item));
+}
+
+void tap(QQuickWindow *window, const QPoint &point)
+{
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, point);
+    QCoreApplication::processEvents();
+}
+
+void touch(QQuickItem *item)
+{
+    QVERIFY2(item, "there is no such item to touch");
+    QVERIFY2(isOnGlass(item), qPrintable(QStringLiteral("not on the glass: ") + describe(item)));
+    QQuickWindow *window = item->window();
+    const QPoint point = centerOf(item);
+    QTest::touchEvent(window, touchScreen()).press(0, point, window);
+    QTest::touchEvent(window, touchScreen()).release(0, point, window);
+    QCoreApplication::processEvents();
+}
+
+void press(QQuickItem *item)
+{
+    QVERIFY2(item && isOnGlass(item), "there is no such item to press");
+    QTest::mousePress(item->window(), Qt::LeftButton, Qt::NoModifier, centerOf(item));
+}
+
+void release(QQuickItem *item)
+{
+    QVERIFY2(item && item->window(), "there is no such item to release");
+    QTest::mouseRelease(item->window(), Qt::LeftButton, Qt::NoModifier, centerOf(item));
+    QCoreApplication::processEvents();
+}
+
+void drag(QQuickWindow *window, const QPoint &from, const QPoint &to, int steps)
+{
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, from);
+    for (int i = 1; i <= steps; ++i) {
+        const QPoint point = from + (to - from) * i / steps;
+        QMouseEvent move(QEvent::MouseMove, point, window->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(window, &move);
+        QCoreApplication::processEvents();
+    }
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, to);
+    QCoreApplication::processEvents();
+}
+
+void type(QQuickWindow *window, const QString &text)
+{
+    for (const QChar character : text)
+        QTest::keyClick(window, character.toLatin1());
+}
+
+void key(QQuickWindow *window, int key)
+{
+    QTest::keyClick(window, static_cast<Qt::Key>(key));
+}
+
+QVector<QQuickItem *> items(QQuickItem *root, const std::function<bool(QQuickItem *)> &wanted)
+{
+    QVector<QQuickItem *> found;
+    if (!root)
+        return found;
+    if (wanted(root))
+        found << root;
+    const QList<QQuickItem *> children = root->childItems();
+    for (QQuickItem *child : children)
+        found << items(child, wanted);
+    return found;
+}
+
+QVector<QQuickItem *> allByClass(QQuickItem *root, const char *className)
+{
+    return items(root,
+                 [className](QQuickItem *item) { return item->isVisible() && item->inherits(className); });
+}
+
+QQuickItem *byClass(QQuickItem *root, const char *className)
+{
+    return allByClass(root, className).value(0);
+}
+
+QQuickItem *byText(QQuickItem *root, const QString &text)
+{
+    return items(root,
+                 [&text](QQuickItem *item) {
+                     return item->isVisible() && isText(item) && item->property("text").toString() == text;
+                 })
+        .value(0);
+}
+
+QStringList visibleTexts(QQuickItem *root)
+{
+    QStringList texts;
+    const auto found = items(root, [](QQuickItem *item) { return item->isVisible() && isText(item); });
+    for (const QQuickItem *item : found) {
+        const QString text = item->property("text").toString();
+        if (!text.isEmpty())
+            texts << text;
+    }
+    return texts;
+}
+
+QQuickItem *ancestorOf(QQuickItem *item, const char *className)
+{
+    while (item && !item->inherits(className))
+        item = item->parentItem();
+    return item;
+}
+
+QImage picture(QQuickWindow *window)
+{
+    return window->screen()->grabWindow(window->winId()).toImage();
+}
+
+void settle(int milliseconds)
+{
+    QTest::qWait(milliseconds);
+}
+
+} // namespace Operator

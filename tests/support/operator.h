@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QtCore/QPointF>
+#include <QtCore/QStringList>
+#include <QtCore/QVector>
+#include <QtGui/QImage>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
+
+#include <functional>
+
+/// What an operator does and sees: taps, touches, drags, keys, and the texts on the glass.
+namespace Operator {
+
+/// Centre of an item in window coordinates.
+QPoint centerOf(const QQuickItem *item);
+
+/// A press and release of the left mouse button in the middle of the item.
+/// Fails the test when the item is not visible or another item covers the point.
+void tap(QQuickItem *item);
+void tap(QQuickWindow *window, const QPoint &point);
+/// The same with a finger.
+void touch(QQuickItem *item);
+void press(QQuickItem *item);
+void release(QQuickItem *item);
+void drag(QQuickWindow *window, const QPoint &from, const QPoint &to, int steps = 10);
+/// Types printable text as key presses and releases into the window's focus item.
+void type(QQuickWindow *window, const QString &text);
+void key(QQuickWindow *window, int key);
+
+/// All items below @p root (itself included) that satisfy @p wanted, depth first.
+QVector<QQuickItem *> items(QQuickItem *root, const std::function<bool(QQuickItem *)> &wanted);
+/// The first visible item whose class name (C++ name without QML suffix) is @p className.
+QQuickItem *byClass(QQuickItem *root, const char *className);
+QVector<QQuickItem *> allByClass(QQuickItem *root, const char *className);
+/// The first visible text item that shows exactly @p text, or null.
+QQuickItem *byText(QQuickItem *root, const QString &text);
+/// All texts that can be seen below @p root.
+QStringList visibleTexts(QQuickItem *root);
+/// The nearest ancestor (or the item itself) whose class inherits @p className, for example a button of a text.
+QQuickItem *ancestorOf(QQuickItem *item, const char *className);
+
+/// What is on the glass.
+QImage picture(QQuickWindow *window);
+
+/// Lets the event loop run until the window has nothing more to do, at most @p milliseconds.
+void settle(int milliseconds = 50);
+
+} // namespace Operator

@@ -1,0 +1,97 @@
+#include "tests/support/paneltest.h"
+
+#include <QtCore/QMutex>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QFont>
+#include <QtGui/QGuiApplication>
+
+namespace {
+
+struct Expectation {
+    QRegularExpression pattern;
+    int left;
+};
+
+QMutex g_mutex;
+QVector<Expectation> g_expected;
+QStringList g_unexpected;
+QtMessageHandler g_previous = nullptr;
+
+void watchMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg) {
+        const QMutexLocker lock(&g_mutex);
+        for (Expectation &expectation : g_expected) {
+            if (expectation.left > 0 && expectation.pattern.match(message).hasMatch()) {
+                --expectation.left;
+                return;
+            }
+        }
+        g_unexpected << message;
+    }
+    if (g_previous)
+        g_previous(type, context, message);
+}
+
+} // namespace
+
+PanelTest::PanelTest() = default;
+PanelTest::~PanelTest() = default;
+
+void PanelTest::expectMessage(const QString &pattern, int count)
+{
+    const QMutexLocker lock(&g_mutex);
+    g_expected.append({QRegularExpression(pattern), count});
+}
+
+void PanelTest::prepareEnvironment()
+{
+    static QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
+        qputenv("QT_QUICK_BACKEND", "software");
+}
+
+void PanelTest::prepareApplication()
+{
+    // The platforms choose different fonts of their own; one font makes all runs alike.
+    QFont font(QStringLiteral("WenQuanYi Micro Hei"));
+    font.setPixelSize(16);
+    QGuiApplication::setFont(font);
+}
+
+void PanelTest::beginWatch()
+{
+    const QMutexLocker lock(&g_mutex);
+    g_expected.clear();
+    g_unexpected.clear();
+    // The test library puts its own handler in place for each run; ours goes in front of it.
+    const QtMessageHandler current = qInstallMessageHandler(watchMessage);
+    if (current != watchMessage)
+        g_previous = current;
+}
+
+void PanelTest::endWatch()
+{
+    QStringList unexpected;
+    QStringList missing;
+    {
+        const QMutexLocker lock(&g_mutex);
+        unexpected = g_unexpected;
+        for (const Expectation &expectation : qAsConst(g_expected)) {
+            if (expectation.left > 0)
+                missing << expectation.pattern.pattern();
+        }
+        g_unexpected.clear();
+        g_expected.clear();
+    }
+    qInstallMessageHandler(g_previous);
+    if (!unexpected.isEmpty())
+        QTest::qFail(qPrintable("unannounced message: " + unexpected.join(QLatin1String(" | "))), __FILE__,
+                     __LINE__);
+    if (!missing.isEmpty())
+        QTest::qFail(qPrintable("announced message did not come: " + missing.join(QLatin1String(" | "))),
+                     __FILE__, __LINE__);
+}
