@@ -19,68 +19,21 @@ QString iconPath(const QString &name = {})
 
 QStringList iconNames()
 {
-    return {
-        // What documents and classes ask for.
-        "newsetting.png",
-        "newnetwork.png",
-        "newlanguage.png",
-        "newversion.png",
-        "newrestart.png",
-        "newexit.png",
-        "rightArrow0@2x.png",
-        "leftArrow0@2x.png",
-        "newbright.png",
-        "newtime.png",
-        "newbuzzer.png",
-        "newnetwork1.png",
-        "newdefault.png",
-        "newdns.png",
-        "newcloud.png",
-        "newdecrease.png",
-        "newincrease.png",
-        "newrefresh.png",
-        "newtickgreen.png",
-        "tickGray.png",
-        "close.png",
-        "down_arrow.png",
-        "1@2x.png",
-        "2@2x.png",
-        "3@2x.png",
-        "4@2x.png",
-        "loading@2x.png",
-        "singal4G_0.png",
-        "singal4G_1.png",
-        "singal4G_2.png",
-        "singal4G_3.png",
-        "singal4G_4.png",
-        "singal4G_5.png",
-        // Kept in the bundle though no document asks for them.
-        "0@2x.png",
-        "returnWlan.png",
-        "refreshing.png",
-        "tickGreen.png",
-        "restart_off.png",
-        "restart_on.png",
-        "exit.png",
-        "exit@2x.png",
-        "gear_on.png",
-        "gear_off.png",
-        "language_on.png",
-        "language_off.png",
-        "version_on.png",
-        "version_off.png",
-        "radar_on.png",
-        "radar_off.png",
-        "buzzer.png",
-        "nic.png",
-        "dns.png",
-        "plus.png",
-        "minus.png",
-        "time-clock.png",
-        "network-set.png",
-        "ICON-liangdu2x.png",
-        "ICON@2x(4).png",
-    };
+    // What documents and classes ask for.
+    const QString used = QStringLiteral(
+        "newsetting newnetwork newlanguage newversion newrestart newexit rightArrow0@2x "
+        "leftArrow0@2x newbright newtime newbuzzer newnetwork1 newdefault newdns newcloud "
+        "newdecrease newincrease newrefresh newtickgreen tickGray close down_arrow 1@2x 2@2x "
+        "3@2x 4@2x loading@2x singal4G_0 singal4G_1 singal4G_2 singal4G_3 singal4G_4 singal4G_5 ");
+    // Kept in the bundle though no document asks for them.
+    const QString spare = QStringLiteral(
+        "0@2x returnWlan refreshing tickGreen restart_off restart_on exit exit@2x gear_on "
+        "gear_off language_on language_off version_on version_off radar_on radar_off buzzer nic "
+        "dns plus minus time-clock network-set ICON-liangdu2x ICON@2x(4) ");
+    QStringList names = (used + spare).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (QString &name : names)
+        name += QStringLiteral(".png");
+    return names;
 }
 
 struct Entry {
