@@ -57,6 +57,7 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     ScreenRoot::setItem(this);
     static const int beepButtonType = qmlRegisterType<BeepButton>("QQuickSystemSet", 1, 0, "BeepButton");
     Q_UNUSED(beepButtonType)
+    qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
     setColor(QColor(0xF4, 0xF5, 0xF5));
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
     connect(this, &QQuickItem::visibleChanged, this, [this] {
