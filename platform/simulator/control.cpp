@@ -1,6 +1,7 @@
 #include "simulator/simulator.h"
 
 #include "simulator/core.h"
+#include "simulator/scenario.h"
 #include "simulator/wifineighbourhood.h"
 
 namespace HmiSimulator {
@@ -12,6 +13,16 @@ constexpr int MaximumReportsAtOnce = 1000;
 Core &core()
 {
     return Core::instance();
+}
+
+bool take(Scenario scenario, std::string *error)
+{
+    if (error != nullptr)
+        *error = scenario.error;
+    if (!scenario.panel)
+        return false;
+    core().replace(std::move(*scenario.panel));
+    return true;
 }
 
 std::vector<std::string> textsOf(const std::function<bool(const Entry &)> &wanted)
@@ -39,6 +50,16 @@ Panel panel()
 void change(const std::function<void(Panel &)> &edit)
 {
     core().write(edit);
+}
+
+bool loadScenario(const std::string &path, std::string *error)
+{
+    return take(readScenarioFile(path), error);
+}
+
+bool loadScenarioText(const std::string &json, std::string *error, const std::string &name)
+{
+    return take(readScenario(json, name), error);
 }
 
 void setAdapters(int mask)
@@ -208,3 +229,14 @@ void setGettersRecorded(bool on)
 }
 
 } // namespace HmiSimulator
+
+int HmiSimulatorLoadScenario(const char *path, char *error, int errorSize)
+{
+    std::string reason;
+    const bool loaded = HmiSimulator::loadScenario(path == nullptr ? "" : path, &reason);
+    if (error != nullptr && errorSize > 0) {
+        const std::size_t length = reason.copy(error, static_cast<std::size_t>(errorSize) - 1);
+        error[length] = '\0';
+    }
+    return loaded ? 0 : 1;
+}

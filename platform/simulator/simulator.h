@@ -34,6 +34,15 @@ HMI_EXPORT Panel panel();
 /// @p edit runs under the simulator's lock: it must not call the service or this interface.
 HMI_EXPORT void change(const std::function<void(Panel &)> &edit);
 
+/// Replaces the panel by what a scenario file says; what the file leaves out is as in the default
+/// panel. Requests under way are dropped; the journal stays. A file that is missing or in any way
+/// wrong is refused as a whole: false, @p error reads "FILE:LINE: REASON", the panel is as it was.
+/// The format is described in docs/service-contract.md.
+HMI_EXPORT bool loadScenario(const std::string &path, std::string *error = nullptr);
+/// The same from a text; @p name stands for the file name in @p error.
+HMI_EXPORT bool loadScenarioText(const std::string &json, std::string *error = nullptr,
+                                 const std::string &name = "scenario");
+
 // --- Shortcuts for change() ---
 
 /// The adapters present; any bits.
@@ -120,3 +129,11 @@ HMI_EXPORT void clearJournal();
 HMI_EXPORT void setGettersRecorded(bool on);
 
 } // namespace HmiSimulator
+
+extern "C" {
+
+/// loadScenario() for a host that only knows the name of the service's library and looks this
+/// symbol up in it; a library without it is no simulator. Returns 0 on success. Else @p error, when
+/// not null, receives the reason: UTF-8, cut to @p errorSize bytes with the terminating NUL.
+HMI_EXPORT int HmiSimulatorLoadScenario(const char *path, char *error, int errorSize);
+}
