@@ -1,0 +1,79 @@
+#include "host/operatorpanel.h"
+#include "host/options.h"
+#include "host/panelservice.h"
+#include "host/pluginloader.h"
+
+#include <QtGui/QFont>
+#include <QtGui/QGuiApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int failed = 1;
+constexpr int wronglyCalled = 2;
+
+int complain(const QString &what, int exitCode)
+{
+    std::fprintf(stderr, "panel-host: %s\n", qUtf8Printable(what));
+    return exitCode;
+}
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+bool hasDisplay()
+{
+    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QString error;
+    const std::optional<Options> options = Options::read(argumentsOf(argc, argv), &error);
+    if (!options)
+        return complain(error + QStringLiteral(" (--help tells the options)"), wronglyCalled);
+    if (options->isHelpWanted) {
+        std::fputs(qUtf8Printable(Options::help()), stdout);
+        return 0;
+    }
+    if (options->needsDisplay() && !hasDisplay())
+        return complain(QStringLiteral("there is no display; --vnc goes without"), failed);
+    if (!options->needsDisplay())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+
+    // The options are all ours: the toolkit gets none of them to interpret.
+    int noArguments = 1;
+    QGuiApplication application(noArguments, argv);
+    QCoreApplication::setApplicationName(options->applicationName);
+    QGuiApplication::setFont(QFont(QStringLiteral("WenQuanYi Micro Hei")));
+
+    if (!options->scenario.isEmpty() && !PanelService::loadScenario(options->scenario, &error))
+        return complain(error, wronglyCalled);
+
+    PluginLoader loader;
+    std::shared_ptr<ISystemSet> settings =
+        loader.load(options->library.isEmpty() ? PluginLoader::ownLibrary() : options->library);
+    if (!settings)
+        return complain(QStringLiteral("no settings screen: ") + loader.errorString(), failed);
+
+    OperatorPanel panel(options->size);
+    if (!panel.addSettings(std::move(settings)))
+        return complain(QStringLiteral("the settings screen could not be built"), failed);
+    // Only now: the screen begins in English, and follows the panel when it is opened.
+    PanelService::setLanguage(options->language);
+
+    panel.window()->show();
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,133 @@
+#include "host/options.h"
+
+#include <QtCore/QRegularExpression>
+
+namespace {
+
+constexpr quint16 usualVncPort = 5900;
+
+// Walks over the arguments; "--name=value" and "--name value" are the same.
+class Reader
+{
+public:
+    explicit Reader(QStringList arguments) : m_left(std::move(arguments)) {}
+
+    bool atEnd() const { return m_left.isEmpty(); }
+
+    QString nextName()
+    {
+        const QString argument = m_left.takeFirst();
+        const int equals = argument.startsWith(QLatin1String("--")) ? argument.indexOf(QLatin1Char('=')) : -1;
+        if (equals < 0)
+            return argument;
+        m_left.prepend(argument.mid(equals + 1));
+        m_isValueGlued = true;
+        return argument.left(equals);
+    }
+
+    /// The value of the option just read; null when there is none.
+    QString value()
+    {
+        if (!m_isValueGlued && (m_left.isEmpty() || m_left.first().startsWith(QLatin1String("--"))))
+            return {};
+        m_isValueGlued = false;
+        return m_left.takeFirst();
+    }
+
+    bool hasGluedValue() const { return m_isValueGlued; }
+
+private:
+    QStringList m_left;
+    bool m_isValueGlued = false;
+};
+
+bool readSize(const QString &text, QSize *size)
+{
+    static const QRegularExpression form(QStringLiteral("\\A([0-9]{1,5})x([0-9]{1,5})\\z"));
+    const QRegularExpressionMatch match = form.match(text);
+    *size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
+    // Smaller than this no panel is made, larger than this no window can be.
+    return match.hasMatch() && size->width() >= 240 && size->height() >= 240 && size->width() <= 8192 &&
+           size->height() <= 8192;
+}
+
+bool readLanguage(const QString &text, Options::Language *language)
+{
+    *language = text == QLatin1String("zh") ? Options::Language::Chinese : Options::Language::English;
+    return text == QLatin1String("en") || text == QLatin1String("zh");
+}
+
+bool readPort(const QString &text, std::optional<quint16> *port)
+{
+    bool isNumber = true;
+    *port = text.isNull() ? usualVncPort : text.toUShort(&isNumber);
+    return isNumber;
+}
+
+} // namespace
+
+std::optional<Options> Options::read(const QStringList &arguments, QString *error)
+{
+    Options options;
+    Reader reader(arguments);
+    while (!reader.atEnd()) {
+        const QString name = reader.nextName();
+        const auto fail = [&](const QString &what) {
+            *error = name + QStringLiteral(": ") + what;
+            return std::nullopt;
+        };
+
+        if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
+            options.isHelpWanted = true;
+        } else if (name == QLatin1String("--vnc")) {
+            if (!readPort(reader.value(), &options.vncPort))
+                return fail(QStringLiteral("a port is a number up to 65535"));
+        } else {
+            const QStringList withValue = {"--size", "--library",  "--scenario",
+                                           "--as",   "--language", "--tour"};
+            if (!withValue.contains(name))
+                return fail(QStringLiteral("no such option"));
+            const QString value = reader.value();
+            if (value.isEmpty())
+                return fail(QStringLiteral("a value is missing"));
+            if (name == QLatin1String("--size") && !readSize(value, &options.size))
+                return fail(QStringLiteral("a size is WIDTHxHEIGHT, from 240x240 to 8192x8192, not ") +
+                            value);
+            if (name == QLatin1String("--language") && !readLanguage(value, &options.language))
+                return fail(QStringLiteral("a language is en or zh, not ") + value);
+            if (name == QLatin1String("--library"))
+                options.library = value;
+            if (name == QLatin1String("--scenario"))
+                options.scenario = value;
+            if (name == QLatin1String("--as"))
+                options.applicationName = value;
+            if (name == QLatin1String("--tour"))
+                options.tourDirectory = value;
+        }
+        if (reader.hasGluedValue())
+            return fail(QStringLiteral("takes no value"));
+    }
+    if (options.isTour() && options.vncPort) {
+        *error = QStringLiteral("--tour: goes without --vnc, it needs nobody who looks on");
+        return std::nullopt;
+    }
+    return options;
+}
+
+QString Options::help()
+{
+    return QStringLiteral(
+        "Usage: panel-host [OPTIONS]\n"
+        "\n"
+        "An operator panel to try the settings screen with. Esc leaves the settings.\n"
+        "\n"
+        "  --size WxH         size of the panel in pixels (1024x600)\n"
+        "  --scenario FILE    the state, speed and faults of the simulated panel\n"
+        "  --as NAME          application name; \"vistor\" is offered Exit in place of Reboot\n"
+        "  --language en|zh   language chosen elsewhere on the panel (en)\n"
+        "  --library FILE     the settings screen to load, if not the one that belongs here\n"
+        "  --tour DIR         walk the screen by real clicks, without a display, and put\n"
+        "                     numbered pictures into DIR; fails on any warning\n"
+        "  --vnc [PORT]       no window: serve VNC on the loopback address (5900)\n"
+        "  --help             this\n");
+}

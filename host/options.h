@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <optional>
+
+/// What was asked for on the command line.
+struct Options {
+    enum class Language { English, Chinese };
+
+    QSize size{1024, 600};
+    QString library;
+    QString scenario;
+    QString applicationName = QStringLiteral("panel-host");
+    Language language = Language::English;
+    QString tourDirectory;
+    /// Port to serve VNC on; 0 is any free one.
+    std::optional<quint16> vncPort;
+    bool isHelpWanted = false;
+
+    bool isTour() const { return !tourDirectory.isEmpty(); }
+    /// Neither a tour nor a VNC session needs a display.
+    bool needsDisplay() const { return !isTour() && !vncPort; }
+
+    /// Reads @p arguments (without the program's name). Null when something is
+    /// wrong with them; @p error then says what.
+    static std::optional<Options> read(const QStringList &arguments, QString *error);
+    /// What --help prints.
+    static QString help();
+};
