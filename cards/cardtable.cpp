@@ -1,5 +1,7 @@
 // The card table: one row for each kind of card.
 
+#include "cards/device/cardlanguage.h"
+#include "cards/device/cardversion.h"
 #include "shell/cardinfo.h"
 
 namespace QSP {
@@ -48,17 +50,24 @@ template <> void CardInfo<CardKind::DNS>::registerTypes() {}
 
 template <> QUrl CardInfo<CardKind::Version>::document()
 {
-    return {};
+    return QUrl(QStringLiteral("qrc:/setting/card/Version.qml"));
 }
 
-template <> void CardInfo<CardKind::Version>::registerTypes() {}
+template <> void CardInfo<CardKind::Version>::registerTypes()
+{
+    qmlRegisterType<CardVersion>("QQuickSystemSet", 1, 0, "CardVersion");
+}
 
 template <> QUrl CardInfo<CardKind::Language>::document()
 {
-    return {};
+    return QUrl(QStringLiteral("qrc:/setting/card/Language.qml"));
 }
 
-template <> void CardInfo<CardKind::Language>::registerTypes() {}
+template <> void CardInfo<CardKind::Language>::registerTypes()
+{
+    qmlRegisterType<CardLanguage>("QQuickSystemSet", 1, 0, "CardLanguage");
+    qmlRegisterType<LanguageModel>("QQuickSystemSet", 1, 0, "LanguageModel");
+}
 
 template <> QUrl CardInfo<CardKind::Wifi>::document()
 {

@@ -1,0 +1,11 @@
+#include "cards/device/cardlanguage.h"
+
+#include "cards/device/titlerow.h"
+
+namespace QSP {
+
+CardLanguage::CardLanguage(QQuickItem *parent)
+    : BaseCard(parent), m_languageModel(new LanguageModel(this)), m_titleRowHeight(titleRowHeight())
+{}
+
+} // namespace QSP
