@@ -66,7 +66,16 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     });
 }
 
-AppRootItem::~AppRootItem() = default;
+AppRootItem::~AppRootItem()
+{
+    // Now and not when the item's own destructor has run: a field that loses its focus on the way
+    // must not find a root to give the focus to.
+    if (g_root != this)
+        return;
+    g_root = nullptr;
+    ScreenRoot::setItem(nullptr);
+    ScreenRoot::setCardColumn(nullptr);
+}
 
 AppRootItem *AppRootItem::instance()
 {
