@@ -23,7 +23,7 @@ constexpr qreal MinCellHeight = 46.0; // leaves a face of 41
 constexpr qreal MaxCellHeight = 64.0;
 constexpr qreal CellHeightOfScreenHeight = 0.09;
 constexpr qreal CellHeightOfScreenWidth = 0.12; // no taller than a key of ten a row looks good
-constexpr qreal FontOfUnit = 0.44;
+constexpr qreal FontOfUnit = 0.46;
 
 qreal distance(const QRectF &rect, const QPointF &point)
 {

@@ -11,6 +11,7 @@ KeyboardPopup::KeyboardPopup(QQuickWindow *window)
 {
     QQuickItem *content = window->contentItem();
     setObjectName(QStringLiteral("vkbPopup"));
+    m_keyboard->setParent(this); // a popup does not own its content
     m_keyboard->setObjectName(QStringLiteral("vkbKeyboard"));
     setParentItem(content);
     setFocus(false);
@@ -21,12 +22,19 @@ KeyboardPopup::KeyboardPopup(QQuickWindow *window)
     setContentItem(m_keyboard);
     connect(content, &QQuickItem::widthChanged, this, &KeyboardPopup::fit);
     connect(content, &QQuickItem::heightChanged, this, &KeyboardPopup::fit);
+    connect(window, &QWindow::widthChanged, this, &KeyboardPopup::fit);
+    connect(window, &QWindow::heightChanged, this, &KeyboardPopup::fit);
     fit();
 }
 
 void KeyboardPopup::fit()
 {
-    const QSizeF room = parentItem() ? parentItem()->size() : QSizeF();
+    if (!window())
+        return;
+    // The content has no size before the window was shown for the first time.
+    QSizeF room = window()->contentItem()->size();
+    if (room.isEmpty())
+        room = window()->size();
     const qreal height = KeyboardItem::heightFor(room);
     setWidth(room.width());
     setHeight(height);

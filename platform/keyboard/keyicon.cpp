@@ -13,13 +13,9 @@ constexpr qreal Stroke = 1.8;
 
 QPainterPath polyline(std::initializer_list<QPointF> points)
 {
-    QPainterPath path;
-    for (const QPointF &point : points) {
-        if (path.isEmpty())
-            path.moveTo(point);
-        else
-            path.lineTo(point);
-    }
+    QPainterPath path(*points.begin());
+    for (const QPointF &point : points)
+        path.lineTo(point); // the first line has no length and is left out
     return path;
 }
 

@@ -13,7 +13,7 @@ namespace {
 constexpr qreal FaceInset = 2.5; // half the gap that the eye sees between two keys
 constexpr qreal FaceRadius = 7.0;
 constexpr qreal WordScale = 0.82;
-constexpr qreal SignScale = 1.15;
+constexpr qreal SignScale = 1.3;
 
 } // namespace
 
@@ -38,6 +38,7 @@ void KeyItem::setPressed(bool pressed)
         return;
     m_pressed = pressed;
     refresh();
+    emit pressedChanged();
 }
 
 void KeyItem::setShift(ShiftState shift)

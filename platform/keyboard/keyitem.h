@@ -19,6 +19,7 @@ enum class ShiftState { Off, Once, Locked };
 class KeyItem : public QQuickItem
 {
     Q_OBJECT
+    Q_PROPERTY(bool pressed READ isPressed NOTIFY pressedChanged)
 
 public:
     explicit KeyItem(QQuickItem *parent);
@@ -34,6 +35,9 @@ public:
 
     /// @p pixelSize is that of a single letter; words and signs follow it.
     void setFontPixelSize(int pixelSize);
+
+signals:
+    void pressedChanged();
 
 protected:
     void geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry) override;

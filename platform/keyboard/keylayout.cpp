@@ -57,7 +57,7 @@ private:
 };
 
 // Wide enough for a finger, but not so wide that the eye has to travel.
-constexpr qreal PadAspect = 2.0;
+constexpr qreal PadAspect = 2.3;
 constexpr qreal FullAspect = 2.6;
 
 PageBuilder padTop()

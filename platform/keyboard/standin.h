@@ -7,7 +7,7 @@
 /// "vkbKey_" and the character that it types without shift ("vkbKey_a",
 /// "vkbKey_7", "vkbKey_:"), or one of space, backspace, clear, enter, hide,
 /// shift, symbols, letters. Only the keys of the page that is on the glass are
-/// visible. The keyboard's item is called "vkbKeyboard", its popup "vkbPopup".
+/// visible, and its property "pressed" tells whether a finger is on it. The keyboard's item is called "vkbKeyboard", its popup "vkbPopup".
 extern "C" {
 
 /// Makes this panel one with (true, as it is at the start) or without (false) a
