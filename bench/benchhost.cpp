@@ -1,0 +1,138 @@
+#include "bench/benchhost.h"
+
+#include "plugin/pluginregistry.h"
+
+#include <QtCore/QEventLoop>
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QMouseEvent>
+#include <QtQml/QQmlComponent>
+
+#include <cstdio>
+
+void BenchHost::prepareEnvironment()
+{
+    static QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("QT_HASH_SEED", "0");
+}
+
+BenchHost::BenchHost(const QSize &size)
+    : m_engine(std::make_unique<QQmlEngine>())
+    , m_window(std::make_unique<QQuickWindow>())
+    , m_size(size)
+{
+    m_window->resize(size);
+}
+
+BenchHost::~BenchHost()
+{
+    m_empty.reset();
+    m_window.reset();
+    m_engine.reset();
+}
+
+void BenchHost::showEmpty()
+{
+    QQmlComponent component(m_engine.get());
+    component.setData("import QtQuick 2.15\nimport QtQuick.Controls 2.15\nItem {}", QUrl());
+    m_empty.reset(component.create());
+    qobject_cast<QQuickItem *>(m_empty.get())->setParentItem(m_window->contentItem());
+    untilPainted([this] { m_window->show(); });
+}
+
+void BenchHost::loadScreen()
+{
+    m_library.setFileName(QStringLiteral(PANEL_PLUGIN));
+    if (!m_library.load())
+        qFatal("%s", qPrintable(m_library.errorString()));
+    const auto getInstance =
+        reinterpret_cast<VexPlugin::PluginRegistry *(*)()>(m_library.resolve("VexPluginGetInstance"));
+    const auto &factories = getInstance()->factories();
+    m_screen = std::static_pointer_cast<ISystemSet>(factories.at(typeid(ISystemSet))());
+    m_root = m_screen->init(m_engine.get(), m_size.width(), m_size.height(), 1000);
+    m_root->setParent(m_window->contentItem());
+    m_root->setParentItem(m_window->contentItem());
+}
+
+void BenchHost::open()
+{
+    untilPainted([this] {
+        m_screen->open();
+        m_window->show();
+    });
+}
+
+qint64 BenchHost::untilPainted(const std::function<void()> &action)
+{
+    QEventLoop loop;
+    QTimer::singleShot(5000, &loop, [&loop] { loop.exit(1); });
+    // The frame in hand does not show what the action does; the one after it does.
+    const auto connection = QObject::connect(
+        m_window.get(), &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    const int result = loop.exec();
+    const qint64 elapsed = timer.nsecsElapsed();
+    QObject::disconnect(connection);
+    return result == 0 ? elapsed : -1;
+}
+
+void BenchHost::tapText(QQuickItem *below, const QString &text)
+{
+    for (QQuickItem *label : visibleItems(below, "QQuickText")) {
+        if (label->property("text").toString() != text)
+            continue;
+        const QPointF point = label->mapToScene(QPointF(label->width() / 2, label->height() / 2));
+        QMouseEvent press(QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_window.get(), &press);
+        QMouseEvent release(QEvent::MouseButtonRelease, point, Qt::LeftButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(m_window.get(), &release);
+        return;
+    }
+    qFatal("Nothing reads \"%s\"", qPrintable(text));
+}
+
+QQuickItem *BenchHost::menu() const
+{
+    return m_root->property("menuBar").value<QQuickItem *>();
+}
+
+QVector<QQuickItem *> BenchHost::visibleItems(QQuickItem *item, const char *className)
+{
+    QVector<QQuickItem *> found;
+    if (!item->isVisible())
+        return found;
+    if (item->inherits(className))
+        found << item;
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        found << visibleItems(child, className);
+    return found;
+}
+
+qint64 BenchHost::privateMemory()
+{
+    QFile file(QStringLiteral("/proc/self/smaps_rollup"));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    qint64 sum = 0;
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("Private_Dirty:") || line.startsWith("Private_Clean:"))
+            sum += line.simplified().split(' ').value(1).toLongLong();
+    }
+    return sum;
+}
+
+void BenchHost::print(const QJsonObject &figures)
+{
+    std::puts(QJsonDocument(figures).toJson(QJsonDocument::Compact).constData());
+    std::fflush(stdout);
+}

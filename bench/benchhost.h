@@ -1,0 +1,60 @@
+#pragma once
+
+#include "plugin/isystemset.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QJsonObject>
+#include <QtCore/QLibrary>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
+
+#include <functional>
+#include <memory>
+
+/// What every bench runs in: a window with Qt Quick Controls imported, as a
+/// panel's runtime has it, and on demand the settings screen in it.
+class BenchHost
+{
+public:
+    /// Sets the environment that makes runs comparable. Before the application object.
+    static void prepareEnvironment();
+
+    explicit BenchHost(const QSize &size = {1024, 600});
+    ~BenchHost();
+
+    /// Shows the host's own empty page; returns when its first frame was painted.
+    void showEmpty();
+    /// Loads the plug-in and builds the screen, hidden.
+    void loadScreen();
+    /// open(), and returns when the first frame with it was painted.
+    void open();
+
+    QQuickItem *root() const { return m_root; }
+    QQuickItem *glass() const { return m_window->contentItem(); }
+    ISystemSet *screen() const { return m_screen.get(); }
+    QQuickWindow *window() const { return m_window.get(); }
+
+    /// Runs @p action and the event loop until the next frame after it was
+    /// painted; the nanoseconds that took. -1 when no frame came in 5 s.
+    qint64 untilPainted(const std::function<void()> &action);
+    /// A click in the middle of the visible button that carries @p text, in the given part of the screen.
+    void tapText(QQuickItem *below, const QString &text);
+    QQuickItem *menu() const;
+
+    /// The visible items below @p item of the given class.
+    static QVector<QQuickItem *> visibleItems(QQuickItem *item, const char *className);
+    /// Memory that this process alone has dirtied, in KiB.
+    static qint64 privateMemory();
+    /// Prints one line of JSON.
+    static void print(const QJsonObject &figures);
+
+private:
+    std::unique_ptr<QQmlEngine> m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    std::unique_ptr<QObject> m_empty;
+    std::shared_ptr<ISystemSet> m_screen;
+    QLibrary m_library;
+    QQuickItem *m_root = nullptr;
+    QSize m_size;
+};

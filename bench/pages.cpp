@@ -1,0 +1,86 @@
+// First showing of each page, and a switch to one that was shown before, from
+// the click to the painted frame.
+
+#include "bench/benchhost.h"
+
+#include <QtCore/QJsonArray>
+#include <QtGui/QGuiApplication>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr double frame = 16.0;
+constexpr int warmRounds = 20;
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    BenchHost::prepareEnvironment();
+    QGuiApplication application(argc, argv);
+    BenchHost host;
+    host.showEmpty();
+    host.loadScreen();
+    host.open();
+
+    const QStringList pages{QStringLiteral("Network"), QStringLiteral("Language"), QStringLiteral("Version"),
+                            QStringLiteral("General")};
+    const auto show = [&host](const QString &page) {
+        return double(host.untilPainted([&] { host.tapText(host.menu(), page); })) / 1e6;
+    };
+
+    bool withinBudget = true;
+    QJsonObject first;
+    for (const QString &page : pages.mid(0, 3)) {
+        first[page] = show(page);
+        withinBudget &= first[page].toDouble() <= 3 * frame;
+    }
+    QJsonObject warm;
+    std::vector<std::vector<double>> times(static_cast<size_t>(pages.size()));
+    for (int round = 0; round < warmRounds; ++round) {
+        for (int i = 0; i < pages.size(); ++i)
+            times[static_cast<size_t>(i)].push_back(show(pages[i]));
+    }
+    for (int i = 0; i < pages.size(); ++i) {
+        warm[pages[i]] = median(times[static_cast<size_t>(i)]);
+        withinBudget &= warm[pages[i]].toDouble() <= frame;
+    }
+
+    show(QStringLiteral("Network"));
+    const QStringList adapters{QStringLiteral("LAN1"), QStringLiteral("Wi-Fi"), QStringLiteral("4G"),
+                               QStringLiteral("VPN"), QStringLiteral("LAN0")};
+    const auto select = [&host](const QString &adapter) {
+        QQuickItem *card = BenchHost::visibleItems(host.root(), "QSP::CardNetwork").value(0);
+        return double(host.untilPainted([&] { host.tapText(card, adapter); })) / 1e6;
+    };
+    QJsonObject firstAdapter;
+    for (const QString &adapter : adapters)
+        firstAdapter[adapter] = select(adapter);
+    QJsonObject warmAdapter;
+    std::vector<std::vector<double>> adapterTimes(static_cast<size_t>(adapters.size()));
+    for (int round = 0; round < warmRounds; ++round) {
+        for (int i = 0; i < adapters.size(); ++i)
+            adapterTimes[static_cast<size_t>(i)].push_back(select(adapters[i]));
+    }
+    for (int i = 0; i < adapters.size(); ++i) {
+        warmAdapter[adapters[i]] = median(adapterTimes[static_cast<size_t>(i)]);
+        withinBudget &= warmAdapter[adapters[i]].toDouble() <= frame;
+    }
+
+    BenchHost::print({{"bench", "pages"},
+                      {"first_ms", first},
+                      {"first_budget_ms", 3 * frame},
+                      {"warm_ms", warm},
+                      {"adapter_first_ms", firstAdapter},
+                      {"adapter_warm_ms", warmAdapter},
+                      {"warm_budget_ms", frame}});
+    return withinBudget ? 0 : 1;
+}
