@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "shell/cardinfo.h"
+#include "shell/documentalias.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 #include "shell/screenroot.h"
@@ -17,11 +18,6 @@ namespace QSP {
 namespace {
 
 QPointer<AppRootItem> g_root;
-
-template <class T> T *aliasOf(const QObject *object, const char *name)
-{
-    return object ? qobject_cast<T *>(object->property(name).value<QObject *>()) : nullptr;
-}
 
 // Calls visit(std::integral_constant<Cards, card>) for the given kind.
 template <class Visitor> void visitCard(AppRootItem::Cards card, Visitor visit)

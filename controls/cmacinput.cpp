@@ -1,0 +1,108 @@
+#include "controls/cmacinput.h"
+
+#include "controls/beepbutton.h"
+#include "controls/fieldcolor.h"
+#include "shell/documentalias.h"
+#include "shell/embeddedcomponent.h"
+#include "shell/vkbmanager.h"
+
+#include <QtQuick/private/qquicktextinput_p.h>
+
+namespace QSP {
+
+CMacInput::CMacInput(QQuickItem *parent) : QQuickItem(parent)
+{
+    qRegisterMetaType<HMI::MAC>("HMI::MAC");
+}
+
+CMacInput::~CMacInput()
+{
+    // A field that dies with the focus says so to an input that is no longer one.
+    if (m_field)
+        m_field->disconnect(this);
+}
+
+CMacInput *CMacInput::create(QQmlEngine *engine, QQuickItem *parent)
+{
+    static EmbeddedComponent s_component;
+    registerType();
+    return s_component.create<CMacInput>(QUrl(QStringLiteral("qrc:/setting/flatui/MacInput.qml")), parent,
+                                         engine);
+}
+
+void CMacInput::registerType()
+{
+    static const int _registered = qmlRegisterType<CMacInput>("QQuickSystemSet", 1, 0, "CMacInput");
+    Q_UNUSED(_registered)
+}
+
+void CMacInput::componentComplete()
+{
+    QQuickItem::componentComplete();
+    m_field = aliasOf<QQuickTextInput>(this, "input");
+    if (!m_field)
+        return;
+    QFont font = m_field->font();
+    font.setLetterSpacing(QFont::PercentageSpacing, 130.0);
+    m_field->setFont(font);
+    connect(m_field, &QQuickTextInput::accepted, this, &CMacInput::onAccepted);
+    connect(m_field, &QQuickItem::activeFocusChanged, this,
+            [this](bool focused) { VkbManager::instance().fieldFocusChanged(m_field, focused); });
+}
+
+void CMacInput::onClick()
+{
+    BeepButton::beepIfOn();
+    VkbManager &keyboard = VkbManager::instance();
+    keyboard.showVkb(true);
+    keyboard.setLayoutType(VkbFullKeyboard);
+}
+
+void CMacInput::onAccepted()
+{
+    VkbManager::instance().showVkb(false);
+    emit macChangedByEdit(mac());
+}
+
+void CMacInput::setMac(const HMI::MAC &mac)
+{
+    if (!m_field)
+        return;
+    QStringList pairs;
+    for (const unsigned char byte : mac)
+        pairs << QStringLiteral("%1").arg(byte, 2, 16, QLatin1Char('0')).toUpper();
+    m_field->setText(pairs.join(QLatin1Char(':')));
+}
+
+HMI::MAC CMacInput::mac() const
+{
+    const QString digits = macString().trimmed().toLower().remove(QLatin1Char(':'));
+    HMI::MAC mac{};
+    for (size_t i = 0; i < mac.size(); ++i)
+        mac[i] = static_cast<unsigned char>(digits.midRef(static_cast<int>(2 * i), 2).toUInt(nullptr, 16));
+    return mac;
+}
+
+QString CMacInput::macString() const
+{
+    return m_field ? m_field->text() : QString();
+}
+
+void CMacInput::setEnabled(bool enabled)
+{
+    if (!m_field)
+        return;
+    m_field->setEnabled(enabled);
+    m_field->setColor(fieldTextColor(enabled));
+}
+
+void CMacInput::setFontPixelSize(int size)
+{
+    if (!m_field)
+        return;
+    QFont font = m_field->font();
+    font.setPixelSize(size);
+    m_field->setFont(font);
+}
+
+} // namespace QSP

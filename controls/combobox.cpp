@@ -1,0 +1,271 @@
+#include "controls/combobox.h"
+
+#include "controls/beepbutton.h"
+#include "shell/globalinfo.h"
+#include "shell/screenroot.h"
+
+#include <QtCore/QPointer>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlContext>
+#include <QtQml/QQmlEngine>
+#include <QtQml/QQmlProperty>
+#include <QtQuick/private/qquickanchors_p.h>
+#include <QtQuick/private/qquickimage_p.h>
+#include <QtQuick/private/qquickitem_p.h>
+#include <QtQuick/private/qquickrectangle_p.h>
+#include <QtQuickTemplates2/private/qquickcombobox_p.h>
+#include <QtQuickTemplates2/private/qquickpopup_p.h>
+
+namespace QSP {
+
+namespace {
+
+constexpr QColor closedBorder(226, 226, 226);
+constexpr QColor openBorder(110, 162, 226);
+
+const char *const boxText = R"(
+import QtQuick.Controls 2.15
+ComboBox {
+    id: _com
+    property int fontPixelSize: 20
+    font.pixelSize: fontPixelSize
+    // The toolkit's list frames itself in this colour, inside the frame that it gets here.
+    palette.mid: "transparent"
+    palette.buttonText: "#1D2129"
+}
+)";
+
+// The box is in scope, because rows are made in the context of its list.
+const char *const rowText = R"(
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+ItemDelegate {
+    width: _com.width
+    height: _com.height
+    Rectangle {
+        anchors.fill: parent
+        radius: Math.max(0, _com.background.radius - 1)
+        color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
+        Text {
+            x: 10
+            anchors.verticalCenter: parent.verticalCenter
+            text: modelData.name
+            font.pixelSize: _com.fontPixelSize
+            color: "#1D2129"
+        }
+    }
+}
+)";
+
+// Owned by their engine, which may end before the process does.
+struct Components {
+    QPointer<QQmlComponent> box;
+    QPointer<QQmlComponent> row;
+};
+
+QQmlComponent *makeComponent(QQmlEngine *engine, const char *text)
+{
+    auto *component = new QQmlComponent(engine, engine);
+    component->setData(text, QUrl());
+    if (!component->isReady())
+        qWarning("%s", qUtf8Printable(component->errorString()));
+    return component;
+}
+
+const Components &sharedComponents(QQmlEngine *engine)
+{
+    static Components s_components;
+    if (!s_components.box || s_components.box->engine() != engine) {
+        s_components.box = makeComponent(engine, boxText);
+        s_components.row = makeComponent(engine, rowText);
+    }
+    return s_components;
+}
+
+QVariant recordOf(const QString &name)
+{
+    return QVariantMap{{QStringLiteral("name"), name}};
+}
+
+// Lists may hold plain names; every other kind of model passes as it is.
+QVariant recordsOf(const QVariant &model)
+{
+    const QVariant plain =
+        model.userType() == qMetaTypeId<QJSValue>() ? model.value<QJSValue>().toVariant() : model;
+    if (plain.userType() != QMetaType::QVariantList && plain.userType() != QMetaType::QStringList)
+        return model;
+    QVariantList records = plain.toList();
+    for (QVariant &record : records) {
+        if (record.userType() == QMetaType::QString)
+            record = recordOf(record.toString());
+    }
+    return records;
+}
+
+QQuickAnchors *anchorsOf(QQuickItem *item)
+{
+    return QQuickItemPrivate::get(item)->anchors();
+}
+
+QQuickRectangle *makeFrame(QQuickItem *parent, const QColor &border)
+{
+    auto *frame = new QQuickRectangle(parent);
+    frame->border()->setWidth(1.0);
+    frame->border()->setColor(border);
+    frame->setColor(Qt::white);
+    return frame;
+}
+
+} // namespace
+
+ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
+{
+    QQmlEngine *engine = GlobalInfo::instance().qmlEngine();
+    if (!engine) {
+        qWarning("A combo box needs the engine of the screen");
+        return;
+    }
+    const Components &components = sharedComponents(engine);
+    if (!components.box->isReady() || !components.row->isReady())
+        return;
+    m_combo = qobject_cast<QQuickComboBox *>(components.box->create(engine->rootContext()));
+    if (!m_combo)
+        return;
+    m_combo->setDelegate(components.row);
+    m_combo->setParent(this);
+    m_combo->setParentItem(this);
+    anchorsOf(m_combo)->setFill(this);
+    dressBox();
+    dressPopup();
+    connectBox();
+    m_combo->setProperty("fontPixelSize", m_fontPixelSize);
+}
+
+void ComboBox::registerType()
+{
+    static const int _registered = qmlRegisterType<ComboBox>("QQuickSystemSet", 1, 0, "ComboBox");
+    Q_UNUSED(_registered)
+}
+
+void ComboBox::dressBox()
+{
+    QQuickItem *content = m_combo->contentItem();
+    m_background = makeFrame(content, closedBorder);
+    m_combo->setBackground(m_background);
+
+    m_indicator = new QQuickImage(content);
+    m_indicator->setSource(QUrl(QStringLiteral("qrc:/setting/icons/down_arrow.png")));
+    anchorsOf(m_indicator)->setVerticalCenter(QQuickItemPrivate::get(content)->verticalCenter());
+    anchorsOf(m_indicator)->setRight(QQuickItemPrivate::get(content)->right());
+    m_combo->setIndicator(m_indicator);
+}
+
+void ComboBox::dressPopup()
+{
+    QQuickPopup *popup = m_combo->popup();
+    m_popupBackground = makeFrame(popup->contentItem(), openBorder);
+    popup->setBackground(m_popupBackground);
+    popup->setPadding(1.0);
+    popup->setZ(GlobalInfo::instance().rootPopupZ());
+}
+
+void ComboBox::connectBox()
+{
+    QQuickPopup *popup = m_combo->popup();
+    followIndex();
+    connect(m_combo, &QQuickComboBox::activated, this, [this](int index) {
+        BeepButton::beepIfOn();
+        emit activated(index);
+    });
+    connect(m_combo, &QQuickComboBox::pressedChanged, this, [this] {
+        if (m_combo->isPressed())
+            BeepButton::beepIfOn();
+    });
+    connect(popup, &QQuickPopup::openedChanged, this, [this, popup] {
+        m_background->border()->setColor(popup->isOpened() ? openBorder : closedBorder);
+    });
+    connect(m_combo, &QQuickItem::heightChanged, this, &ComboBox::adjustToHeight);
+    connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
+    connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
+    ScreenRoot::onVisibleChanged(this, [popup] {
+        const QQuickItem *root = ScreenRoot::item();
+        if (!root || !root->isVisible())
+            popup->close();
+    });
+}
+
+void ComboBox::followIndex()
+{
+    m_indexConnection =
+        connect(m_combo, &QQuickComboBox::currentIndexChanged, this, &ComboBox::currentIndexChanged);
+}
+
+void ComboBox::adjustToHeight()
+{
+    const qreal height = m_combo->height();
+    const int side = static_cast<int>(height * 0.347);
+    m_background->setRadius(height * 0.125);
+    m_popupBackground->setRadius(height * 0.125);
+    m_indicator->setSourceSize(QSize(side, side));
+    anchorsOf(m_indicator)->setRightMargin(height * 0.25);
+}
+
+void ComboBox::fitList()
+{
+    // The toolkit's own rule forgets the padding, which would cut the last row.
+    QQuickPopup *popup = m_combo->popup();
+    const qreal wanted =
+        popup->contentItem()->implicitHeight() + popup->topPadding() + popup->bottomPadding();
+    const qreal room = window() ? window()->height() - popup->topMargin() - popup->bottomMargin() : wanted;
+    QQmlProperty::write(popup, QStringLiteral("height"), qMin(wanted, room));
+}
+
+int ComboBox::currentIndex() const
+{
+    return m_combo ? m_combo->currentIndex() : -1;
+}
+
+void ComboBox::setCurrentIndex(int index)
+{
+    if (m_combo)
+        m_combo->setCurrentIndex(index);
+}
+
+QVariant ComboBox::model() const
+{
+    return m_combo ? m_combo->model() : QVariant();
+}
+
+void ComboBox::setModel(const QVariant &model)
+{
+    if (!m_combo)
+        return;
+    disconnect(m_indexConnection);
+    const int index = m_combo->currentIndex();
+    m_combo->setModel(recordsOf(model));
+    m_combo->setCurrentIndex(index);
+    followIndex();
+    m_combo->setTextRole(QStringLiteral("name"));
+    emit modelChanged();
+}
+
+void ComboBox::setStringListModel(const QStringList &names)
+{
+    QVariantList records;
+    records.reserve(names.size());
+    for (const QString &name : names)
+        records << recordOf(name);
+    setModel(records);
+}
+
+void ComboBox::setFontPixelSize(int size)
+{
+    if (size == m_fontPixelSize)
+        return;
+    m_fontPixelSize = size;
+    if (m_combo)
+        m_combo->setProperty("fontPixelSize", size);
+    emit fontPixelSizeChanged();
+}
+
+} // namespace QSP

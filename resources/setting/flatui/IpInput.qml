@@ -1,0 +1,66 @@
+import QtQuick 2.15
+import QQuickSystemSet 1.0
+
+CIpInput {
+    id: _ip
+
+    property alias ipi0: _field0.input
+    property alias ipi1: _field1.input
+    property alias ipi2: _field2.input
+    property alias ipi3: _field3.input
+
+    implicitWidth: _row.width
+
+    Row {
+        id: _row
+
+        height: _ip.height
+        spacing: 3
+
+        IpInputRect {
+            id: _field0
+
+            owner: _ip
+            fontPixelSize: _ip.fontPixelSize
+        }
+
+        Text {
+            anchors.verticalCenter: _row.verticalCenter
+            text: "·"
+            font.pixelSize: _ip.fontPixelSize
+        }
+
+        IpInputRect {
+            id: _field1
+
+            owner: _ip
+            fontPixelSize: _ip.fontPixelSize
+        }
+
+        Text {
+            anchors.verticalCenter: _row.verticalCenter
+            text: "·"
+            font.pixelSize: _ip.fontPixelSize
+        }
+
+        IpInputRect {
+            id: _field2
+
+            owner: _ip
+            fontPixelSize: _ip.fontPixelSize
+        }
+
+        Text {
+            anchors.verticalCenter: _row.verticalCenter
+            text: "·"
+            font.pixelSize: _ip.fontPixelSize
+        }
+
+        IpInputRect {
+            id: _field3
+
+            owner: _ip
+            fontPixelSize: _ip.fontPixelSize
+        }
+    }
+}
