@@ -1,31 +1,47 @@
 // The card table: one row for each kind of card.
 
+#include "cards/device/cardbrightness.h"
+#include "cards/device/cardbuzzer.h"
 #include "cards/device/cardlanguage.h"
+#include "cards/device/cardtime.h"
 #include "cards/device/cardversion.h"
+#include "controls/beepswitch.h"
+#include "controls/brightbutton.h"
 #include "shell/cardinfo.h"
 
 namespace QSP {
 
 template <> QUrl CardInfo<CardKind::Brightness>::document()
 {
-    return {};
+    return QStringLiteral("qrc:/setting/card/Brightness.qml");
 }
 
-template <> void CardInfo<CardKind::Brightness>::registerTypes() {}
+template <> void CardInfo<CardKind::Brightness>::registerTypes()
+{
+    qmlRegisterType<CardBrightness>("QQuickSystemSet", 1, 0, "CardBrightness");
+    BrightButton::registerType();
+}
 
 template <> QUrl CardInfo<CardKind::Time>::document()
 {
-    return {};
+    return QStringLiteral("qrc:/setting/card/DateTime.qml");
 }
 
-template <> void CardInfo<CardKind::Time>::registerTypes() {}
+template <> void CardInfo<CardKind::Time>::registerTypes()
+{
+    qmlRegisterType<CardTime>("QQuickSystemSet", 1, 0, "CardTime");
+}
 
 template <> QUrl CardInfo<CardKind::Buzzer>::document()
 {
-    return {};
+    return QStringLiteral("qrc:/setting/card/Buzzer.qml");
 }
 
-template <> void CardInfo<CardKind::Buzzer>::registerTypes() {}
+template <> void CardInfo<CardKind::Buzzer>::registerTypes()
+{
+    qmlRegisterType<CardBuzzer>("QQuickSystemSet", 1, 0, "CardBuzzer");
+    BeepSwitch::registerType();
+}
 
 template <> QUrl CardInfo<CardKind::Network>::document()
 {

@@ -4,14 +4,20 @@
 
 namespace QSP {
 
-/// Height of a device card's title row in whole pixels; the card's other sizes are fractions of it.
-inline int titleRowHeight()
+/// Height of a device card's title row in pixels; the card's other sizes are fractions of it.
+inline qreal exactTitleRowHeight()
 {
     const GlobalInfo &info = GlobalInfo::instance();
     const int width = info.screenSize().width();
     if (info.isScreenPortrait())
-        return width < 600 ? 43 : 54;
-    return static_cast<int>(width * 0.053125);
+        return width < 600 ? 43.0 : 54.0;
+    return width * 0.053125;
+}
+
+/// The same in whole pixels.
+inline int titleRowHeight()
+{
+    return static_cast<int>(exactTitleRowHeight());
 }
 
 } // namespace QSP

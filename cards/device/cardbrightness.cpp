@@ -1,0 +1,55 @@
+#include "cards/device/cardbrightness.h"
+
+#include "cards/device/titlerow.h"
+#include "cards/documenttext.h"
+#include "controls/beepbutton.h"
+#include "hmi/systemset.h"
+#include "meyersingleton.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace QSP {
+
+namespace {
+
+using HMI::SystemSet;
+
+SystemSet &service()
+{
+    return MeyerSingleton<SystemSet>::instance();
+}
+
+} // namespace
+
+CardBrightness::CardBrightness(QQuickItem *parent)
+    : BaseCard(parent), m_titleRowHeight(titleRowHeight()), m_brightnessValue(service().bright())
+{}
+
+void CardBrightness::componentComplete()
+{
+    BaseCard::componentComplete();
+    setDocumentText(this, "titleText",
+                    [] { return QCoreApplication::translate("CardBrightness", "Brightness"); });
+}
+
+void CardBrightness::setBrightnessValue(int value)
+{
+    const int level = qBound<int>(SystemSet::BRIGHT_MIN, value, SystemSet::BRIGHT_MAX);
+    if (level == m_brightnessValue)
+        return;
+    m_brightnessValue = level;
+    emit brightnessValueChanged();
+    service().setBright(static_cast<SystemSet::Bright>(level), false);
+}
+
+void CardBrightness::saveBrightness()
+{
+    service().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
+}
+
+void CardBrightness::beepIfOn()
+{
+    BeepButton::beepIfOn();
+}
+
+} // namespace QSP

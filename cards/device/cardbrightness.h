@@ -1,0 +1,43 @@
+#pragma once
+
+#include "controls/basecard.h"
+
+namespace QSP {
+
+/// The backlight: a slider between a minus and a plus button. The light follows
+/// the finger at once and is saved when the finger lets go.
+class CardBrightness : public BaseCard
+{
+    Q_OBJECT
+    Q_PROPERTY(int brightnessTitleRowHeight READ brightnessTitleRowHeight CONSTANT)
+    Q_PROPERTY(
+        int brightnessValue READ brightnessValue WRITE setBrightnessValue NOTIFY brightnessValueChanged)
+
+public:
+    explicit CardBrightness(QQuickItem *parent = nullptr);
+
+    /// In pixels; the card's other sizes are fractions of it.
+    int brightnessTitleRowHeight() const { return m_titleRowHeight; }
+    /// The level as the service told it at first, then 1 to 32.
+    int brightnessValue() const { return m_brightnessValue; }
+
+    /// Applies a level without saving it; what is beyond 1 and 32 is taken as these.
+    Q_INVOKABLE void setBrightnessValue(int value);
+    /// Applies the level and saves it.
+    Q_INVOKABLE void saveBrightness();
+    Q_INVOKABLE void beepIfOn();
+
+signals:
+    void brightnessValueChanged();
+
+protected:
+    void componentComplete() override;
+
+private:
+    int m_titleRowHeight;
+    int m_brightnessValue;
+};
+
+} // namespace QSP
+
+QML_DECLARE_TYPE(QSP::CardBrightness)

@@ -1,0 +1,46 @@
+#include "cards/device/cardbuzzer.h"
+
+#include "cards/device/titlerow.h"
+#include "cards/documenttext.h"
+#include "controls/beepbutton.h"
+#include "shell/approotitem.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace QSP {
+
+CardBuzzer::CardBuzzer(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(titleRowHeight())
+{
+    if (AppRootItem *root = AppRootItem::instance()) {
+        connect(root, &AppRootItem::opened, this, [this] {
+            // Asking also makes the answer what the next write is compared with.
+            BeepButton::isBuzzerOn();
+            emit buzzerOnChanged();
+        });
+    }
+}
+
+void CardBuzzer::componentComplete()
+{
+    BaseCard::componentComplete();
+    const auto buzzer = [] { return QCoreApplication::translate("CardBuzzer", "Buzzer"); };
+    setDocumentText(this, "titleText", buzzer);
+    setDocumentText(this, "buzzerLabel", buzzer);
+}
+
+bool CardBuzzer::buzzerOn() const
+{
+    return BeepButton::isBuzzerOn();
+}
+
+void CardBuzzer::switchClicked()
+{
+    setBuzzerOn(!buzzerOn());
+}
+
+void CardBuzzer::setBuzzerOn(bool on)
+{
+    BeepButton::setBuzzerOn(on);
+}
+
+} // namespace QSP

@@ -1,0 +1,79 @@
+#include "cards/device/cardtime.h"
+
+#include "cards/device/titlerow.h"
+#include "cards/documenttext.h"
+#include "controls/timeeditpopup.h"
+#include "hmi/systemset.h"
+#include "meyersingleton.h"
+#include "shell/approotitem.h"
+#include "shell/globalinfo.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTimer>
+
+namespace QSP {
+
+CardTime::CardTime(QQuickItem *parent)
+    : BaseCard(parent), m_refreshTimer(new QTimer(this)), m_titleRowHeight(exactTitleRowHeight())
+{
+    connect(m_refreshTimer, &QTimer::timeout, this, &CardTime::updateDateTime);
+    m_refreshTimer->start(1000);
+    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardTime::updateDateTime);
+    updateDateTime();
+}
+
+CardTime::~CardTime()
+{
+    m_refreshTimer->stop();
+}
+
+void CardTime::componentComplete()
+{
+    BaseCard::componentComplete();
+    setDocumentText(this, "titleText", [] { return QCoreApplication::translate("CardTime", "Time"); });
+    setDocumentText(this, "dateLabel", [] { return QCoreApplication::translate("CardTime", "Date & Time"); });
+}
+
+void CardTime::updateDateTime()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    const QLocale locale = GlobalInfo::instance().locale();
+    const QString text = QStringLiteral("%1 %2 %3")
+                             .arg(locale.toString(now.date(), QStringLiteral("yyyy/MM/dd")),
+                                  locale.toString(now.date(), QStringLiteral("ddd")),
+                                  locale.toString(now.time(), QStringLiteral("hh:mm:ss")));
+    if (text == m_currentDateTime)
+        return;
+    m_currentDateTime = text;
+    emit currentDateTimeChanged();
+}
+
+void CardTime::openDialog()
+{
+    if (!m_dialog)
+        addDialog();
+    m_dialog->setCurrentDateTime(QDateTime::currentDateTime());
+    m_dialog->open();
+}
+
+void CardTime::addDialog()
+{
+    m_dialog = new TimeEditPopup(this);
+    if (AppRootItem *root = AppRootItem::instance()) {
+        m_dialog->setParentItem(root);
+        m_dialog->setX((root->width() - m_dialog->width()) * 0.5);
+        m_dialog->setY((root->height() - m_dialog->height()) * 0.5);
+    }
+    connect(m_dialog, &TimeEditPopup::dateTimeConfirmed, this, &CardTime::setSystemTime);
+}
+
+void CardTime::setSystemTime(const QDateTime &dateTime)
+{
+    auto &service = MeyerSingleton<HMI::SystemSet>::instance();
+    if (!service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch())))
+        return;
+    service.syncHwclock();
+    updateDateTime();
+}
+
+} // namespace QSP

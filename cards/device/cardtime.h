@@ -1,0 +1,56 @@
+#pragma once
+
+#include "controls/basecard.h"
+
+#include <QtCore/QDateTime>
+
+class QTimer;
+
+namespace QSP {
+
+class TimeEditPopup;
+
+/// Date, weekday and time of the panel, shown anew each second; a tap on them opens the editor.
+class CardTime : public BaseCard
+{
+    Q_OBJECT
+    Q_PROPERTY(QString currentDateTime READ currentDateTime NOTIFY currentDateTimeChanged)
+    Q_PROPERTY(qreal timeTitleRowHeight READ timeTitleRowHeight NOTIFY timeTitleRowHeightChanged)
+
+public:
+    explicit CardTime(QQuickItem *parent = nullptr);
+    ~CardTime() override;
+
+    /// In the language of the screen, for example "2026/03/09 Mon 14:05:00".
+    QString currentDateTime() const { return m_currentDateTime; }
+    /// In pixels; the card's other sizes are fractions of it.
+    qreal timeTitleRowHeight() const { return m_titleRowHeight; }
+
+    /// Whether the operator may set the clock: always.
+    Q_INVOKABLE bool allowUpdateSystemTime() const { return true; }
+    /// Opens the editor at the present moment.
+    Q_INVOKABLE void openDialog();
+
+public slots:
+    void updateDateTime();
+
+signals:
+    void currentDateTimeChanged();
+    void timeTitleRowHeightChanged();
+
+protected:
+    void componentComplete() override;
+
+private:
+    void addDialog();
+    void setSystemTime(const QDateTime &dateTime);
+
+    QTimer *m_refreshTimer;
+    QString m_currentDateTime;
+    qreal m_titleRowHeight = 54.0;
+    TimeEditPopup *m_dialog = nullptr;
+};
+
+} // namespace QSP
+
+QML_DECLARE_TYPE(QSP::CardTime)

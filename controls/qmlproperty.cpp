@@ -1,0 +1,1 @@
+#include "controls/qmlproperty.h"

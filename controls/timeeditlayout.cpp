@@ -1,0 +1,190 @@
+// The looks of the time editor: sizes, fields, separators and button.
+
+#include "controls/timeeditpopup.h"
+
+#include "controls/beepbutton.h"
+#include "controls/timekeypressfilter.h"
+#include "shell/globalinfo.h"
+#include "shell/multilingualtext.h"
+#include "shell/screenroot.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtQuick/private/qquickrectangle_p.h>
+#include <QtQuick/private/qquicktext_p.h>
+#include <QtQuick/private/qquicktextinput_p.h>
+
+namespace QSP {
+
+namespace {
+
+constexpr QRgb inkColor = qRgb(0x1D, 0x21, 0x29);
+constexpr QRgb accentColor = qRgb(0x34, 0x82, 0xFF);
+
+// All lengths in units of the scale, the row from left to right.
+constexpr qreal rowWidth = 632.0;
+constexpr qreal rowHeight = 36.0;
+constexpr qreal rowPadding = 20.0;
+constexpr qreal yearWidth = 85.0;
+constexpr qreal fieldWidth = 60.0;
+constexpr qreal separatorWidth = 28.0;
+constexpr qreal dateTimeGap = 35.0;
+constexpr qreal buttonOffset = 552.0;
+constexpr qreal buttonWidth = 80.0;
+
+QFont withPixelSize(QFont font, qreal size)
+{
+    font.setPixelSize(qMax(1, static_cast<int>(size)));
+    return font;
+}
+
+qreal rootWidth()
+{
+    const QQuickItem *root = ScreenRoot::item();
+    return root ? root->width() : GlobalInfo::instance().screenSize().width();
+}
+
+} // namespace
+
+TimeEditPopup::Sizes TimeEditPopup::sizes()
+{
+    const GlobalInfo &info = GlobalInfo::instance();
+    const int screenWidth = info.screenSize().width();
+    qreal base = screenWidth * 0.053125;
+    if (info.isScreenPortrait())
+        base = screenWidth < 600 ? 43.0 : 54.0;
+
+    const qreal width = rootWidth();
+    qreal scale = qMin(width / 800.0, base / 43.0);
+    if (width >= 1920.0)
+        scale *= 0.8;
+    else if (width >= 1280.0)
+        scale *= 0.85;
+    else if (width >= 1024.0)
+        scale *= 0.9;
+    return {base, scale};
+}
+
+void TimeEditPopup::createUI()
+{
+    m_keyFilter = std::make_unique<TimeKeyPressFilter>(this);
+
+    const Sizes sizes = TimeEditPopup::sizes();
+    const qreal scale = sizes.scale;
+    setWidth((rowWidth + 2.0 * rowPadding) * scale);
+    setHeight((rowHeight + 2.0 * rowPadding) * scale);
+    setContentItem(new QQuickItem);
+
+    auto *background = new QQuickRectangle;
+    background->setSize(QSizeF(width(), height()));
+    background->setRadius((GlobalInfo::instance().isScreenPortrait() ? 8.0 : 15.0) * scale);
+    background->border()->setColor(QColor(0xC8, 0xCD, 0xD2));
+    background->border()->setWidth(1.0);
+    setBackground(background);
+
+    const QPointF topLeft((width() - rowWidth * scale) * 0.5, (height() - rowHeight * scale) * 0.5);
+    createInputFields(sizes, topLeft);
+    createButtons(
+        QRectF(topLeft.x() + buttonOffset * scale, topLeft.y(), buttonWidth * scale, rowHeight * scale),
+        sizes.base * 0.35);
+    updateInputsFromDateTime();
+}
+
+void TimeEditPopup::createInputFields(const Sizes &sizes, const QPointF &topLeft)
+{
+    struct Field {
+        InputType type;
+        qreal width;
+        const char *separator; // behind the field; null: none, but the gap between date and time
+    };
+    static constexpr std::array<Field, inputCount> fields{{
+        {InputType::Year, yearWidth, "/"},
+        {InputType::Month, fieldWidth, "/"},
+        {InputType::Day, fieldWidth, nullptr},
+        {InputType::Hour, fieldWidth, ":"},
+        {InputType::Minute, fieldWidth, ":"},
+        {InputType::Second, fieldWidth, nullptr},
+    }};
+
+    const qreal scale = sizes.scale;
+    qreal x = topLeft.x();
+    for (const Field &field : fields) {
+        QQuickTextInput *input =
+            createInput(field.type, QRectF(x, topLeft.y(), field.width * scale, rowHeight * scale),
+                        static_cast<int>(sizes.base * 0.35));
+        m_inputs[static_cast<size_t>(field.type)] = input;
+        x += field.width * scale;
+        if (field.separator) {
+            const QRectF span(x, topLeft.y(), separatorWidth * scale, rowHeight * scale);
+            createSeparator(QLatin1String(field.separator), span, static_cast<int>(sizes.base * 0.4));
+            x += separatorWidth * scale;
+        } else {
+            x += dateTimeGap * scale;
+        }
+    }
+    // Last, because a change of one field looks at the others.
+    for (const Field &field : fields)
+        setupInputValidator(input(field.type), field.type);
+}
+
+QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, int fontPixelSize)
+{
+    auto *frame = new QQuickRectangle(contentItem());
+    frame->setPosition(box.topLeft());
+    frame->setSize(box.size());
+    frame->setRadius(4.0);
+    frame->setColor(QColor(0xF7, 0xF8, 0xFA));
+    frame->border()->setColor(QColor(0xE6, 0xE7, 0xE9));
+    frame->border()->setWidth(1.0);
+
+    auto *input = new QQuickTextInput(frame);
+    input->setSize(box.size());
+    input->setFont(withPixelSize(font(), fontPixelSize));
+    input->setColor(inkColor);
+    input->setSelectionColor(accentColor);
+    input->setSelectedTextColor(Qt::white);
+    input->setHAlign(QQuickTextInput::AlignHCenter);
+    input->setVAlign(QQuickTextInput::AlignVCenter);
+    input->setObjectName(
+        QString::fromLatin1(QMetaEnum::fromType<InputType>().valueToKey(static_cast<int>(type))));
+    input->installEventFilter(m_keyFilter.get());
+    connect(input, &QQuickItem::activeFocusChanged, this,
+            [this, input](bool focused) { onInputFocusChanged(input, focused); });
+    return input;
+}
+
+void TimeEditPopup::createSeparator(const QString &text, const QRectF &span, int fontPixelSize)
+{
+    auto *separator = new QQuickText(contentItem());
+    separator->setFont(withPixelSize(font(), fontPixelSize));
+    separator->setColor(inkColor);
+    separator->setVAlign(QQuickText::AlignVCenter);
+    separator->setText(text);
+    separator->setX(span.x() + (span.width() - separator->implicitWidth()) * 0.5);
+    separator->setY(span.y());
+    separator->setHeight(span.height());
+}
+
+void TimeEditPopup::createButtons(const QRectF &place, qreal baseFontSize)
+{
+    auto *button = new BeepButton(contentItem());
+    button->setPosition(place.topLeft());
+    button->setSize(place.size());
+
+    auto *face = new QQuickRectangle(button);
+    face->setSize(place.size());
+    face->setRadius(5.0);
+    face->setColor(accentColor);
+    connect(button, &QQuickAbstractButton::pressedChanged, face,
+            [button, face] { face->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+
+    auto *text = new QQuickText(face);
+    text->setColor(Qt::white);
+    text->setFont(withPixelSize(font(), baseFontSize * 0.9));
+    setMultilingualText(text, [] { return QCoreApplication::translate("TimeEditPopup", "OK"); });
+    text->setX((place.width() - text->width()) * 0.5);
+    text->setY((place.height() - text->height()) * 0.5);
+
+    connect(button, &QQuickAbstractButton::clicked, this, &TimeEditPopup::onConfirmClicked);
+}
+
+} // namespace QSP

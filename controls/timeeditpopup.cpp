@@ -1,0 +1,216 @@
+#include "controls/timeeditpopup.h"
+
+#include "controls/beepbutton.h"
+#include "controls/timekeypressfilter.h"
+#include "shell/globalinfo.h"
+#include "shell/screenroot.h"
+#include "shell/vkbmanager.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QRegExpValidator>
+#include <QtQuick/private/qquicktextinput_p.h>
+
+#include <algorithm>
+
+namespace QSP {
+
+namespace {
+
+// The first year of the epoch; anything below is a year that is still being typed.
+constexpr int firstYear = 1970;
+
+// Between the editor and the keyboard below it, in pixels.
+constexpr qreal keyboardGap = 8.0;
+
+QString twoDigits(int number)
+{
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+TimeEditPopup::TimeEditPopup(QQuickItem *parent) : QQuickPopup(parent)
+{
+    setZ(GlobalInfo::instance().rootPopupZ());
+    // What lies beneath is not operated by the tap that puts the editor away.
+    setModal(true);
+    setDim(false);
+    connect(this, &QQuickPopup::closed, this, [] { VkbManager::instance().showVkb(false); });
+    ScreenRoot::onVisibleChanged(this, [this] { close(); });
+    connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &TimeEditPopup::keepClearOfKeyboard);
+    createUI();
+}
+
+TimeEditPopup::~TimeEditPopup()
+{
+    // Dying with the focus, a field would still report the loss, to what is half gone.
+    for (QQuickTextInput *input : m_inputs)
+        input->disconnect(this);
+    if (isVisible())
+        VkbManager::instance().showVkb(false);
+}
+
+void TimeEditPopup::onInputFocusChanged(QQuickTextInput *input, bool focused)
+{
+    VkbManager &keyboard = VkbManager::instance();
+    if (!focused) {
+        keyboard.fieldFocusChanged(input, false);
+        return;
+    }
+    BeepButton::beepIfOn();
+    keyboard.fieldFocusChanged(input, true);
+    keyboard.showVkb(true);
+    keyboard.setLayoutType(VkbPlainDigits);
+    input->selectAll();
+}
+
+void TimeEditPopup::keepClearOfKeyboard()
+{
+    const VkbManager &keyboard = VkbManager::instance();
+    const QQuickItem *parent = parentItem();
+    if (!keyboard.isVisible()) {
+        if (m_lifted)
+            setY(m_restY);
+        m_lifted = false;
+        return;
+    }
+    if (m_lifted || !isVisible() || !parent || !parent->window())
+        return;
+    const qreal keyboardTop =
+        parent->mapFromScene(QPointF(0.0, parent->window()->height() - keyboard.getHeight())).y();
+    const qreal overlap = y() + height() + keyboardGap - keyboardTop;
+    if (overlap <= 0.0)
+        return;
+    m_restY = y();
+    m_lifted = true;
+    setY(qMax(0.0, m_restY - overlap));
+}
+
+bool TimeEditPopup::overlayEvent(QQuickItem *item, QEvent *event)
+{
+    // The keyboard belongs to the fields: a press on it is none outside of the editor.
+    const VkbManager &keyboard = VkbManager::instance();
+    if (keyboard.isVisible() && window()) {
+        qreal y = 0.0;
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseMove:
+        case QEvent::MouseButtonRelease:
+            y = static_cast<QMouseEvent *>(event)->windowPos().y();
+            break;
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+            y = item->mapToScene(static_cast<QTouchEvent *>(event)->touchPoints().constFirst().pos()).y();
+            break;
+        default:
+            break;
+        }
+        if (y >= window()->height() - keyboard.getHeight())
+            return false;
+    }
+    return QQuickPopup::overlayEvent(item, event);
+}
+
+QValidator *TimeEditPopup::createValidator(InputType type)
+{
+    // Each pattern admits the empty text and every beginning of a possible value, so that typing
+    // never gets stuck. Years end where 32 bits of seconds do.
+    static const std::array<QString, inputCount> patterns{
+        QStringLiteral("^(1(9(7[0-9]?|8[0-9]?|9[0-9]?)?)?|2(0([0-2][0-9]?|3[0-8]?)?)?)?$"),
+        QStringLiteral("^(0?[1-9]|1[0-2])?$"),
+        QStringLiteral("^(0?[1-9]|[12][0-9]|3[01])?$"),
+        QStringLiteral("^([01]?[0-9]|2[0-3])?$"),
+        QStringLiteral("^([0-5]?[0-9])?$"),
+        QStringLiteral("^([0-5]?[0-9])?$"),
+    };
+    const auto index = static_cast<size_t>(type);
+    if (index >= patterns.size())
+        return nullptr;
+    return new QRegExpValidator(QRegExp(patterns[index], Qt::CaseSensitive, QRegExp::RegExp), this);
+}
+
+void TimeEditPopup::setupInputValidator(QQuickTextInput *input, InputType type)
+{
+    if (QValidator *validator = createValidator(type))
+        input->setValidator(validator);
+    if (type != InputType::Year && type != InputType::Month)
+        return;
+    connect(input, &QQuickTextInput::textChanged, this, [this] {
+        if (!this->input(InputType::Day)->text().isEmpty())
+            validateDayAgainstMonth();
+    });
+}
+
+int TimeEditPopup::value(InputType type) const
+{
+    return input(type)->text().toInt();
+}
+
+void TimeEditPopup::validateDayAgainstMonth()
+{
+    if (input(InputType::Day)->text().isEmpty())
+        return;
+    const QDate month(value(InputType::Year), value(InputType::Month), 1);
+    if (!month.isValid())
+        return;
+    // The year that is being typed may yet become a leap year.
+    const int days =
+        month.year() < firstYear ? QDate(2000, month.month(), 1).daysInMonth() : month.daysInMonth();
+    if (value(InputType::Day) > days)
+        input(InputType::Day)->setText(QString());
+}
+
+void TimeEditPopup::setCurrentDateTime(const QDateTime &dateTime)
+{
+    if (dateTime == m_currentDateTime)
+        return;
+    m_currentDateTime = dateTime;
+    updateInputsFromDateTime();
+    emit currentDateTimeChanged();
+}
+
+void TimeEditPopup::updateInputsFromDateTime()
+{
+    if (!m_currentDateTime.isValid()) {
+        for (QQuickTextInput *input : m_inputs)
+            input->setText(QString());
+        return;
+    }
+    const QDate date = m_currentDateTime.date();
+    const QTime time = m_currentDateTime.time();
+    // The day first leaves and last returns: no passing combination may take it.
+    input(InputType::Day)->setText(QString());
+    input(InputType::Year)->setText(date.toString(QStringLiteral("yyyy")));
+    input(InputType::Month)->setText(twoDigits(date.month()));
+    input(InputType::Day)->setText(twoDigits(date.day()));
+    input(InputType::Hour)->setText(twoDigits(time.hour()));
+    input(InputType::Minute)->setText(twoDigits(time.minute()));
+    input(InputType::Second)->setText(twoDigits(time.second()));
+}
+
+QDateTime TimeEditPopup::getInputDateTime() const
+{
+    return QDateTime(QDate(value(InputType::Year), value(InputType::Month), value(InputType::Day)),
+                     QTime(value(InputType::Hour), value(InputType::Minute), value(InputType::Second)),
+                     Qt::LocalTime);
+}
+
+bool TimeEditPopup::validateInputs() const
+{
+    const auto isFilled = [](const QQuickTextInput *input) { return !input->text().isEmpty(); };
+    return std::all_of(m_inputs.begin(), m_inputs.end(), isFilled) && value(InputType::Year) >= firstYear &&
+           getInputDateTime().isValid();
+}
+
+void TimeEditPopup::onConfirmClicked()
+{
+    if (!validateInputs())
+        return;
+    m_currentDateTime = getInputDateTime();
+    emit dateTimeConfirmed(m_currentDateTime);
+    VkbManager::instance().showVkb(false);
+    close();
+}
+
+} // namespace QSP

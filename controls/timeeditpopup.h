@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtQuickTemplates2/private/qquickpopup_p.h>
+
+#include <array>
+#include <memory>
+
+class QQuickTextInput;
+class QValidator;
+
+namespace QSP {
+
+class TimeKeyPressFilter;
+
+/// The editor of date and time: six fields and an OK button over the screen.
+///
+/// Nothing impossible can be typed, and what is not a whole date and time is
+/// not confirmed. Keeps clear of the on-screen keyboard. A press outside, which
+/// the keyboard is not, closes it without a word.
+class TimeEditPopup : public QQuickPopup
+{
+    Q_OBJECT
+    Q_PROPERTY(
+        QDateTime currentDateTime READ currentDateTime WRITE setCurrentDateTime NOTIFY currentDateTimeChanged)
+
+public:
+    enum class InputType { Year, Month, Day, Hour, Minute, Second };
+    Q_ENUM(InputType)
+
+    explicit TimeEditPopup(QQuickItem *parent = nullptr);
+    ~TimeEditPopup() override;
+
+    /// The date and time last shown or confirmed, in local time.
+    QDateTime currentDateTime() const { return m_currentDateTime; }
+    /// Shows another date and time; what was typed is gone.
+    void setCurrentDateTime(const QDateTime &dateTime);
+
+    void updateInputsFromDateTime();
+    /// What the fields say, in local time; invalid when there is no such moment.
+    QDateTime getInputDateTime() const;
+    /// Whether every field is filled, the year is whole and there is such a moment.
+    bool validateInputs() const;
+    /// Reports what the fields say and closes, or does nothing when they say nothing possible.
+    void onConfirmClicked();
+    /// Empties the day if the month has no such day.
+    void validateDayAgainstMonth();
+    QValidator *createValidator(InputType type);
+    void setupInputValidator(QQuickTextInput *input, InputType type);
+
+signals:
+    void currentDateTimeChanged();
+    /// The operator confirmed a date and time (local time).
+    void dateTimeConfirmed(const QDateTime &dateTime);
+
+protected:
+    bool overlayEvent(QQuickItem *item, QEvent *event) override;
+
+private:
+    static constexpr size_t inputCount = 6;
+
+    /// The sizes that everything in the popup derives from, in pixels.
+    struct Sizes {
+        qreal base;
+        qreal scale;
+    };
+
+    static Sizes sizes();
+    void createUI();
+    void createInputFields(const Sizes &sizes, const QPointF &topLeft);
+    QQuickTextInput *createInput(InputType type, const QRectF &box, int fontPixelSize);
+    void createSeparator(const QString &text, const QRectF &span, int fontPixelSize);
+    void createButtons(const QRectF &place, qreal baseFontSize);
+    void onInputFocusChanged(QQuickTextInput *input, bool focused);
+    void keepClearOfKeyboard();
+
+    QQuickTextInput *input(InputType type) const { return m_inputs[static_cast<size_t>(type)]; }
+    int value(InputType type) const;
+
+    std::array<QQuickTextInput *, inputCount> m_inputs{};
+    QDateTime m_currentDateTime;
+    std::unique_ptr<TimeKeyPressFilter> m_keyFilter;
+    qreal m_restY = 0.0;
+    bool m_lifted = false;
+};
+
+} // namespace QSP

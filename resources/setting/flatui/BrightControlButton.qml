@@ -1,0 +1,20 @@
+import QtQuick 2.15
+import QQuickSystemSet 1.0
+
+BrightButton {
+    id: _button
+
+    property bool isIncrement: true
+    property int buttonSize: 0
+    readonly property string iconSource: isIncrement ? "qrc:/setting/icons/newincrease.png"
+                                                     : "qrc:/setting/icons/newdecrease.png"
+
+    width: buttonSize
+    height: buttonSize
+
+    background: Image {
+        source: _button.iconSource
+        fillMode: Image.PreserveAspectFit
+        opacity: _button.pressed ? 0.6 : 1.0
+    }
+}

@@ -1,0 +1,34 @@
+import QtQuick 2.15
+
+// The first row of a card: an icon and the card's name.
+Item {
+    id: _row
+
+    property alias iconSource: _icon.source
+    property alias label: _label
+    readonly property real margin: _label.font.pixelSize
+
+    Image {
+        id: _icon
+
+        anchors.left: _row.left
+        anchors.leftMargin: _row.margin
+        anchors.verticalCenter: _row.verticalCenter
+        width: 0.459 * _row.height
+        height: width
+        sourceSize: Qt.size(40, 40)
+    }
+
+    Text {
+        id: _label
+
+        anchors.left: _icon.right
+        anchors.leftMargin: Math.round(0.2 * _row.height)
+        anchors.right: _row.right
+        anchors.rightMargin: _row.margin
+        anchors.verticalCenter: _row.verticalCenter
+        font.pixelSize: Math.max(1, 0.383 * _row.height)
+        color: "#86909C"
+        elide: Text.ElideRight
+    }
+}
