@@ -2,7 +2,10 @@
 #include "host/options.h"
 #include "host/panelservice.h"
 #include "host/pluginloader.h"
+#include "host/tour/messagewatch.h"
+#include "host/tour/tour.h"
 
+#include <QtCore/QTemporaryDir>
 #include <QtGui/QFont>
 #include <QtGui/QGuiApplication>
 
@@ -53,6 +56,11 @@ int main(int argc, char **argv)
     if (!options->needsDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
 
+    // Qt wants a place of its own for its sockets, and warns when the session offers none.
+    const QTemporaryDir runtimeDirectory;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDirectory.path()));
+
     // The options are all ours: the toolkit gets none of them to interpret.
     int noArguments = 1;
     QGuiApplication application(noArguments, argv);
@@ -62,6 +70,8 @@ int main(int argc, char **argv)
     if (!options->scenario.isEmpty() && !PanelService::loadScenario(options->scenario, &error))
         return complain(error, wronglyCalled);
 
+    if (options->isTour())
+        MessageWatch::install();
     PluginLoader loader;
     std::shared_ptr<ISystemSet> settings =
         loader.load(options->library.isEmpty() ? PluginLoader::ownLibrary() : options->library);
@@ -75,5 +85,7 @@ int main(int argc, char **argv)
     PanelService::setLanguage(options->language);
 
     panel.window()->show();
+    if (options->isTour())
+        return walkTour(panel.window(), options->tourDirectory) ? 0 : failed;
     return QGuiApplication::exec();
 }

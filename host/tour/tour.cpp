@@ -1,0 +1,89 @@
+#include "host/tour/tour.h"
+
+#include "host/glass.h"
+#include "host/tour/itinerary.h"
+#include "host/tour/messagewatch.h"
+
+#include <QtCore/QDir>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int narrowBelow = 800;
+
+class Album
+{
+public:
+    explicit Album(const QString &directory) : m_directory(directory) {}
+
+    bool prepare()
+    {
+        if (!m_directory.mkpath(QStringLiteral(".")))
+            return false;
+        const QStringList old = m_directory.entryList({"[0-9][0-9]-*.png"}, QDir::Files);
+        for (const QString &name : old)
+            m_directory.remove(name);
+        return true;
+    }
+
+    QString nextName(const QString &picture)
+    {
+        ++m_count;
+        return QStringLiteral("%1-%2").arg(m_count, 2, 10, QLatin1Char('0')).arg(picture);
+    }
+
+    bool save(const QImage &image, const QString &name) const
+    {
+        return image.save(m_directory.filePath(name + QLatin1String(".png")));
+    }
+
+    int count() const { return m_count; }
+
+private:
+    QDir m_directory;
+    int m_count = 0;
+};
+
+void say(const QString &name, const QString &problem)
+{
+    std::fprintf(stderr, "tour: %s: %s\n", qUtf8Printable(name), qUtf8Printable(problem));
+}
+
+} // namespace
+
+bool walkTour(QQuickWindow *window, const QString &directory)
+{
+    Album album(directory);
+    if (!album.prepare()) {
+        say(directory, QStringLiteral("the directory cannot be made"));
+        return false;
+    }
+
+    int problemCount = 0;
+    const auto report = [&](const QString &name, const QString &problem) {
+        ++problemCount;
+        say(name, problem);
+    };
+
+    Visitor visitor(window);
+    Visitor::pause();
+    for (const Stop &stop : itinerary(window->width() < narrowBelow)) {
+        const QString name = album.nextName(stop.picture);
+        const int messagesBefore = MessageWatch::count();
+        for (const auto &action : stop.actions)
+            action(visitor);
+        Visitor::pause();
+        if (!album.save(Glass::picture(window), name))
+            report(name, QStringLiteral("the picture cannot be saved"));
+        const QStringList problems = visitor.takeProblems();
+        for (const QString &problem : problems)
+            report(name, problem);
+        if (const int messages = MessageWatch::count() - messagesBefore)
+            report(name, QStringLiteral("%1 warning(s)").arg(messages));
+    }
+    if (const int messages = MessageWatch::count())
+        report(directory, QStringLiteral("%1 warning(s) in all").arg(messages));
+    std::printf("%d pictures in %s, %d problems\n", album.count(), qUtf8Printable(directory), problemCount);
+    return problemCount == 0;
+}

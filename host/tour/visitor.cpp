@@ -1,0 +1,200 @@
+#include "host/tour/visitor.h"
+
+#include "host/glass.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
+
+namespace {
+
+constexpr int longestWait = 5000;
+
+bool shows(const QQuickItem *item, const QString &text)
+{
+    return (item->inherits("QQuickText") || item->inherits("QQuickTextInput")) &&
+           item->property("text").toString() == text;
+}
+
+QQuickItem *ancestor(QQuickItem *item, const char *className)
+{
+    while (item && !item->inherits(className))
+        item = item->parentItem();
+    return item;
+}
+
+QPoint centerOf(const QQuickItem *item)
+{
+    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+}
+
+QRectF placeOf(const QQuickItem *item)
+{
+    return item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
+}
+
+} // namespace
+
+QString Visitor::said(const char *context, const char *english)
+{
+    return QCoreApplication::translate(context, english);
+}
+
+QVector<QQuickItem *> Visitor::find(QQuickItem *below, const Wanted &wanted)
+{
+    QVector<QQuickItem *> found;
+    if (!below->isVisible())
+        return found;
+    if (wanted(below))
+        found << below;
+    const QList<QQuickItem *> children = below->childItems();
+    for (QQuickItem *child : children)
+        found << find(child, wanted);
+    return found;
+}
+
+QVector<QQuickItem *> Visitor::texts(const QString &text) const
+{
+    return find(m_window->contentItem(), [&](const QQuickItem *item) { return shows(item, text); });
+}
+
+QQuickItem *Visitor::buttonOf(const QString &text) const
+{
+    const QVector<QQuickItem *> items = texts(text);
+    for (QQuickItem *item : items) {
+        if (QQuickItem *button = ancestor(item, "QQuickAbstractButton"))
+            return button;
+    }
+    return nullptr;
+}
+
+bool Visitor::sees(const QString &text) const
+{
+    return !texts(text).isEmpty();
+}
+
+bool Visitor::seesButton(const QString &text) const
+{
+    return buttonOf(text) != nullptr;
+}
+
+void Visitor::waitFor(const QString &text)
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (!sees(text)) {
+        if (waited.elapsed() > longestWait)
+            return complain(QStringLiteral("\"%1\" did not appear").arg(text));
+        pause(20);
+    }
+}
+
+void Visitor::tapText(const QString &text)
+{
+    QQuickItem *button = buttonOf(text);
+    tap(button ? button : texts(text).value(0), text);
+}
+
+void Visitor::tapClass(const char *className, int index, const char *within)
+{
+    QQuickItem *below = m_window->contentItem();
+    if (within)
+        below = find(below, [&](const QQuickItem *item) { return item->inherits(within); }).value(0);
+    QVector<QQuickItem *> items;
+    if (below)
+        items = find(below, [&](const QQuickItem *item) { return item->inherits(className); });
+    tap(items.value(index), QStringLiteral("%1 %2").arg(QLatin1String(className)).arg(index + 1));
+}
+
+void Visitor::tapName(const QString &objectName)
+{
+    const auto items = find(m_window->contentItem(),
+                            [&](const QQuickItem *item) { return item->objectName() == objectName; });
+    tap(items.value(0), objectName);
+}
+
+void Visitor::tapAt(const QPoint &point)
+{
+    Glass::pointer(m_window, point, Qt::NoButton);
+    Glass::pointer(m_window, point, Qt::LeftButton, Qt::LeftButton);
+    pause(10);
+    Glass::pointer(m_window, point, Qt::NoButton, Qt::LeftButton);
+    pause();
+}
+
+void Visitor::typeOnScreen(const QString &characters)
+{
+    for (const QChar character : characters)
+        tapName(QStringLiteral("vkbKey_") + character);
+}
+
+void Visitor::leaveSettings()
+{
+    Glass::key(m_window, true, Qt::Key_Escape, Qt::NoModifier, {});
+    Glass::key(m_window, false, Qt::Key_Escape, Qt::NoModifier, {});
+    pause();
+}
+
+void Visitor::tap(QQuickItem *item, const QString &name)
+{
+    if (!item)
+        return complain(QStringLiteral("there is no \"%1\" to tap").arg(name));
+    bringIntoView(item);
+    const QPoint point = centerOf(item);
+    if (!QRect(QPoint(), m_window->size()).contains(point))
+        return complain(QStringLiteral("\"%1\" is not on the glass").arg(name));
+    tapAt(point);
+}
+
+void Visitor::bringIntoView(QQuickItem *item)
+{
+    QQuickItem *pool = ancestor(item->parentItem(), "QQuickFlickable");
+    if (!pool)
+        return;
+    const QRectF view = placeOf(pool);
+    // Several short drags: a finger has no more room than the view.
+    for (int i = 0; i < 20; ++i) {
+        const QRectF place = placeOf(item);
+        const qreal missing = place.top() < view.top() ? place.top() - view.top()
+                                                       : qMax<qreal>(0, place.bottom() - view.bottom());
+        if (qAbs(missing) < 1)
+            return;
+        const int room = qRound(view.height() / 2);
+        // Beyond the distance at which a touch becomes a drag, or nothing moves.
+        const int distance = qBound(-room, qRound(missing) + (missing > 0 ? 20 : -20), room);
+        // At the left edge, where no button or slider is.
+        const QPoint from(qRound(view.left()) + 4, qRound(view.center().y()) + distance / 2);
+        drag(from, from - QPoint(0, distance));
+    }
+}
+
+void Visitor::drag(const QPoint &from, const QPoint &to)
+{
+    constexpr int moves = 8;
+    Glass::pointer(m_window, from, Qt::NoButton);
+    Glass::pointer(m_window, from, Qt::LeftButton, Qt::LeftButton);
+    for (int i = 1; i <= moves; ++i) {
+        pause(10);
+        Glass::pointer(m_window, from + (to - from) * i / moves, Qt::LeftButton);
+    }
+    // A finger that rests before it is lifted does not fling the page.
+    pause(120);
+    Glass::pointer(m_window, to, Qt::LeftButton);
+    Glass::pointer(m_window, to, Qt::NoButton, Qt::LeftButton);
+    pause();
+}
+
+void Visitor::pause(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QStringList Visitor::takeProblems()
+{
+    QStringList problems;
+    problems.swap(m_problems);
+    return problems;
+}
