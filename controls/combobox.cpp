@@ -29,9 +29,12 @@ ComboBox {
     id: _com
     property int fontPixelSize: 20
     font.pixelSize: fontPixelSize
+    // The arrow keeps its distance from the frame; the text stands where the rows' texts stand.
+    rightPadding: 0
+    leftPadding: -1
+    palette.buttonText: enabled ? "#1D2129" : "#B4B4B4"
     // The toolkit's list frames itself in this colour, inside the frame that it gets here.
     palette.mid: "transparent"
-    palette.buttonText: "#1D2129"
 }
 )";
 
@@ -44,7 +47,6 @@ ItemDelegate {
     height: _com.height
     Rectangle {
         anchors.fill: parent
-        radius: Math.max(0, _com.background.radius - 1)
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
             x: 10
@@ -166,6 +168,12 @@ void ComboBox::dressPopup()
     m_popupBackground = makeFrame(popup->contentItem(), openBorder);
     popup->setBackground(m_popupBackground);
     popup->setPadding(1.0);
+
+    // The rows are square and would cut the rounded corners of the frame: it is drawn over them too.
+    m_popupFrame = makeFrame(m_popupBackground->parentItem(), openBorder);
+    m_popupFrame->setColor(Qt::transparent);
+    m_popupFrame->setZ(1.0);
+    anchorsOf(m_popupFrame)->setFill(m_popupBackground);
     popup->setZ(GlobalInfo::instance().rootPopupZ());
 }
 
@@ -185,6 +193,8 @@ void ComboBox::connectBox()
         m_background->border()->setColor(popup->isOpened() ? openBorder : closedBorder);
     });
     connect(m_combo, &QQuickItem::heightChanged, this, &ComboBox::adjustToHeight);
+    connect(m_combo, &QQuickItem::enabledChanged, this,
+            [this] { m_indicator->setOpacity(m_combo->isEnabled() ? 1.0 : 0.4); });
     connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
     ScreenRoot::onVisibleChanged(this, [popup] {
@@ -206,6 +216,7 @@ void ComboBox::adjustToHeight()
     const int side = static_cast<int>(height * 0.347);
     m_background->setRadius(height * 0.125);
     m_popupBackground->setRadius(height * 0.125);
+    m_popupFrame->setRadius(height * 0.125);
     m_indicator->setSourceSize(QSize(side, side));
     anchorsOf(m_indicator)->setRightMargin(height * 0.25);
 }

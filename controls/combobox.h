@@ -57,6 +57,7 @@ private:
     QQuickComboBox *m_combo = nullptr;
     QQuickRectangle *m_background = nullptr;
     QQuickRectangle *m_popupBackground = nullptr;
+    QQuickRectangle *m_popupFrame = nullptr;
     QQuickImage *m_indicator = nullptr;
     QMetaObject::Connection m_indexConnection;
     int m_fontPixelSize = 20;

@@ -154,7 +154,7 @@ void Dialog::relayout()
         applyTitleFont();
     if (m_bodyItem) {
         m_bodyItem->setWidth(width - 2);
-        // Leaves room for the rounded corners, which a body that is set into a finished dialog does by itself.
+        // Clear of the rounded corners. One that is set into a finished dialog gets all the room instead.
         m_bodyItem->setHeight(content->height() - m_titleBar->height() - 10.0);
     }
 }

@@ -14,6 +14,8 @@ CIpInput {
     Row {
         id: _row
 
+        // In line with the other controls of a card, which stand at its right edge.
+        anchors.right: _ip.right
         height: _ip.height
         spacing: 3
 
@@ -28,6 +30,7 @@ CIpInput {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
             font.pixelSize: _ip.fontPixelSize
+            color: _ip.enabled ? "#000000" : "#B4B4B4"
         }
 
         IpInputRect {
@@ -41,6 +44,7 @@ CIpInput {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
             font.pixelSize: _ip.fontPixelSize
+            color: _ip.enabled ? "#000000" : "#B4B4B4"
         }
 
         IpInputRect {
@@ -54,6 +58,7 @@ CIpInput {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
             font.pixelSize: _ip.fontPixelSize
+            color: _ip.enabled ? "#000000" : "#B4B4B4"
         }
 
         IpInputRect {
