@@ -317,9 +317,11 @@ Scenario readScenarioFile(const std::string &path)
 {
     const QString fileName = QString::fromStdString(path);
     QFile file(fileName);
-    // A device or a pipe would never end.
-    if (!QFileInfo(fileName).isFile())
-        return {std::nullopt, path + ": no such file"};
+    const QFileInfo info(fileName);
+    if (!info.exists())
+        return {std::nullopt, path + ": there is no such file"};
+    if (!info.isFile()) // a device or a pipe would never end
+        return {std::nullopt, path + ": is not a file"};
     if (!file.open(QIODevice::ReadOnly))
         return {std::nullopt, path + ": " + file.errorString().toStdString()};
     return readScenario(file.read(MaximumFileBytes + 1).toStdString(), path);

@@ -36,7 +36,8 @@ HMI_EXPORT void change(const std::function<void(Panel &)> &edit);
 
 /// Replaces the panel by what a scenario file says; what the file leaves out is as in the default
 /// panel. Requests under way are dropped; the journal stays. A file that is missing or in any way
-/// wrong is refused as a whole: false, @p error reads "FILE:LINE: REASON", the panel is as it was.
+/// wrong is refused as a whole: false, the panel is as it was, @p error reads "FILE:LINE: REASON"
+/// ("FILE: REASON" for one that cannot be read).
 /// The format is described in docs/service-contract.md.
 HMI_EXPORT bool loadScenario(const std::string &path, std::string *error = nullptr);
 /// The same from a text; @p name stands for the file name in @p error.

@@ -19,6 +19,9 @@
 /// late, twice or never, and with reports that come after it has gone. The
 /// function may be copied and may be empty; an empty one is not to be called.
 ///
+/// Life. After the destructor has returned, no callback comes. Callbacks never
+/// run while a lock is held that a call of this class needs: they may call it.
+///
 /// Errors. Nothing throws. A getter that cannot answer returns the neutral
 /// value named at its place; a setter that cannot comply leaves the panel as
 /// it was, and the screen shows the getters' view again.
@@ -62,20 +65,20 @@ class HMI_EXPORT SystemSet
 public:
     /// A network adapter; the values are single bits of the mask that getAllNIC() returns.
     enum NIC : int {
-        LAN0 = 1, ///< first wired adapter
-        LAN1 = 2, ///< second wired adapter
-        WIFI = 4, ///< wireless adapter
+        LAN0 = 1,       ///< first wired adapter
+        LAN1 = 2,       ///< second wired adapter
+        WIFI = 4,       ///< wireless adapter
         MOBILE_4G = 16, ///< mobile modem
-        VPN = 64, ///< tunnel to the remote-maintenance server
+        VPN = 64,       ///< tunnel to the remote-maintenance server
     };
     /// Outcome of a setDHCP() request; anything but DHCP_OK counts as failed.
     enum DHCP_STATE : int { DHCP_OK = 0, DHCP_FAILED = 1 };
     /// Progress of connectWifi(); the screen ignores values that are not listed.
     enum StateWifi : int {
-        WIFI_OFFLINE = 0, ///< the attempt failed or the link was lost (final)
-        WIFI_CONNECTING = 1, ///< the attempt goes on
-        WIFI_CONNECTED = 2, ///< joined (final)
-        WIFI_TIMEOUT = 3, ///< the network did not answer in time (final)
+        WIFI_OFFLINE = 0,        ///< the attempt failed or the link was lost (final)
+        WIFI_CONNECTING = 1,     ///< the attempt goes on
+        WIFI_CONNECTED = 2,      ///< joined (final)
+        WIFI_TIMEOUT = 3,        ///< the network did not answer in time (final)
         WIFI_WRONG_PASSWORD = 4, ///< the password was refused (final)
     };
     /// Region of the VPN server.
@@ -87,10 +90,11 @@ public:
 
     /// One network of a scan.
     struct SsidInfo {
-        SSID ssid; ///< name, ended by NUL (the screen forces byte 32 to 0)
+        SSID ssid;            ///< name, ended by NUL (the screen forces byte 32 to 0)
         std::string password; ///< the password that the panel keeps for it, UTF-8; empty when none
         unsigned char signal; ///< strength in percent, 0 to 100
-        unsigned char needsPassword; ///< 0: the stored password (or none) will do, connect at once; else a password is needed
+        unsigned char
+            needsPassword; ///< 0: the stored password (or none) will do, connect at once; else a password is needed
     };
     /// Receives a scan's list, strongest or nearest first as the platform likes;
     /// the screen keeps the order. Null means that the scan failed.
@@ -101,7 +105,8 @@ public:
     SystemSet(const SystemSet &) = delete;
     SystemSet &operator=(const SystemSet &) = delete;
 
-    // --- Addresses. NIC is one adapter, never a mask; an adapter that the panel does not have reads 0. ---
+    // --- Addresses. NIC is one adapter, never a mask; an adapter that the panel does not have
+    // reads 0 (false, all zero), here and below, and setting it changes nothing. ---
 
     /// The address that the adapter has at this moment; 0 when it has none.
     IP getIp(NIC nic) const;
@@ -134,7 +139,9 @@ public:
     /// Switches the adapter to DHCP (@p on) or to its stored static addresses.
     /// @p done reports when the lease is there or has failed, or the static
     /// addresses are in force. A request while one is under way starts anew;
-    /// both may report. Switching on what is on asks for a fresh lease.
+    /// both may report. Switching on what is on asks for a fresh lease. The
+    /// flag that isDhcpOn() reads changes at the call; a lease never changes the
+    /// stored addresses. An adapter that the panel does not have reports a failure.
     void setDHCP(NIC nic, bool on, const std::function<void(DHCP_STATE)> &done, bool persist);
 
     // --- Adapters ---
@@ -149,15 +156,17 @@ public:
     void enableNIC(NIC nic, bool enable, bool persist);
     /// The adapter of the default route. It may be one that is switched off.
     NIC getDefaultNIC() const;
-    /// Chooses the adapter of the default route; the screen passes false for
+    /// Chooses the adapter of the default route, among those that the panel has; the screen passes false for
     /// @p restart: the route changes without a restart of the network.
     void setDefaultNIC(NIC nic, bool restart);
-    /// Tries to reach the outside world over @p nic; @p done tells whether it answered.
+    /// Tries to reach the outside world over @p nic; @p done tells whether it
+    /// answered. Over an adapter that is off or not there it did not.
     void pingTest(NIC nic, const std::function<void(bool)> &done);
 
     // --- Wi-Fi ---
 
-    /// Looks for networks nearby. @p done owns the list.
+    /// Looks for networks nearby. @p done owns the list; null or empty while
+    /// the adapter is off or not there.
     void scanWifi(const WifiListCallback &done);
     /// Forgets every network and password, leaves the joined one, then delivers a fresh scan.
     void resetWifi(const WifiListCallback &done);
@@ -165,7 +174,8 @@ public:
     /// @p password is UTF-8 and may be empty. @p done may come several times:
     /// connecting, then one final value. A new attempt replaces one under way.
     /// A password that was refused must not be kept.
-    void connectWifi(const SSID &ssid, const std::string &password, const std::function<void(StateWifi)> &done);
+    void connectWifi(const SSID &ssid, const std::string &password,
+                     const std::function<void(StateWifi)> &done);
     /// The network that the adapter has joined; all zero when none.
     SSID currentWifiSsid() const;
     /// Whether the adapter has joined a network.
@@ -202,7 +212,8 @@ public:
     // --- Clock ---
 
     /// Sets the system clock to @p seconds since the Unix epoch (UTC); true on
-    /// success. Called synchronously from the operator's tap: be quick.
+    /// success, false with the clock unchanged for a time that it cannot hold.
+    /// Called synchronously from the operator's tap: be quick.
     bool setSystemTime(long seconds);
     /// Copies the system clock to the hardware clock. Follows a setSystemTime() that succeeded.
     void syncHwclock();
@@ -211,7 +222,7 @@ public:
 
     /// The level, 1 to 32.
     Bright bright() const;
-    /// Sets the level at once. @p save is false while the operator drags, true
+    /// Sets the level at once; a level outside 1 to 32 changes nothing. @p save is false while the operator drags, true
     /// once at the end: only then store it over a restart.
     void setBright(Bright level, bool save);
 
