@@ -34,8 +34,8 @@ AppRootItem {
 
             width: _app.menuWidth
             height: parent.height
+            visible: _menu.shown
             color: "#FFFFFF"
-            clip: true
 
             Text {
                 id: _settingsText

@@ -95,7 +95,7 @@ void checkRoom(const Text &text, QStringList *faults)
     if (const auto *item = qobject_cast<QQuickText *>(text.item)) {
         if (item->truncated())
             *faults << say(text) + QStringLiteral(" is elided");
-        if (item->widthValid() && item->contentWidth() > item->width() + tolerance)
+        if (QQuickItemPrivate::get(item)->widthValid && item->contentWidth() > item->width() + tolerance)
             *faults << say(text) + QStringLiteral(" is wider than its room of %1").arg(item->width());
     }
     for (QQuickItem *box = text.item->parentItem(); box; box = box->parentItem()) {
