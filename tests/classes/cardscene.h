@@ -1,0 +1,62 @@
+#pragma once
+
+#include "plugin/implsystemset.h"
+#include "shell/globalinfo.h"
+#include "shell/vkbmanager.h"
+#include "simulator/simulator.h"
+#include "tests/support/operator.h"
+#include "tests/support/paneltest.h"
+
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+#include <memory>
+
+/// A real screen in a window of its own, opened, with the default panel behind it.
+class CardScene
+{
+public:
+    explicit CardScene(const QSize &size = {1024, 600})
+        : m_engine(std::make_unique<QQmlEngine>()), m_window(std::make_unique<QQuickWindow>())
+    {
+        QSP::GlobalInfo::switchLanguage(QLocale(QLocale::English, QLocale::UnitedStates));
+        m_window->resize(size);
+        m_root = m_screen.init(m_engine.get(), size.width(), size.height(), 1000);
+        m_root->setParent(m_window->contentItem());
+        m_root->setParentItem(m_window->contentItem());
+        m_window->show();
+        m_window->requestActivate();
+        static_cast<void>(QTest::qWaitForWindowExposed(m_window.get()));
+        static_cast<void>(QTest::qWaitForWindowActive(m_window.get()));
+        m_screen.open();
+        HmiSimulator::clearJournal();
+    }
+
+    QQmlEngine *engine() const { return m_engine.get(); }
+    QQuickWindow *window() const { return m_window.get(); }
+    QQuickItem *root() const { return m_root; }
+    QQuickItem *glass() const { return m_window->contentItem(); }
+    void open() { m_screen.open(); }
+    void close() { m_screen.close(); }
+
+    template <class Card> Card *card(const char *className) const
+    {
+        return qobject_cast<Card *>(Operator::byClass(m_root, className));
+    }
+
+    /// A key of the on-screen keyboard, for example "7" or "hide"; null while it cannot be seen.
+    QQuickItem *keyboardKey(const QString &name) const
+    {
+        const auto isKey = [&name](QQuickItem *item) {
+            return item->isVisible() && item->objectName() == QLatin1String("vkbKey_") + name;
+        };
+        return Operator::items(glass(), isKey).value(0);
+    }
+
+private:
+    ImplSystemSet m_screen;
+    // In this order: the scene goes before its engine.
+    std::unique_ptr<QQmlEngine> m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    QQuickItem *m_root = nullptr;
+};

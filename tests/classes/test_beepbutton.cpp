@@ -1,0 +1,161 @@
+#include "controls/beepbutton.h"
+
+#include "tests/classes/cardscene.h"
+#include "tests/support/journal.h"
+
+#include <QtGui/QGuiApplication>
+
+using QSP::BeepButton;
+
+class TestBeepButton : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void nothingWasReadYet();
+    void sameStateIsWrittenOnce();
+    void writeHasEndedOnAnotherThread();
+    void beepAsksTheService();
+    void clickBeeps();
+    void touchBeeps();
+    void holdBeepsNotByItself();
+    void disabledOneIsSilent();
+    void clickPutsTheKeyboardAway();
+    void keyboardStaysForAButtonThatSaysSo();
+};
+
+void TestBeepButton::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+// First of all: it is about the state before anything has asked the service.
+void TestBeepButton::nothingWasReadYet()
+{
+    HmiSimulator::setBuzzerOn(true);
+    BeepButton::setBuzzerOn(false);
+    QCOMPARE(Journal::calls(), QStringList());
+    QVERIFY(HmiSimulator::panel().buzzer);
+}
+
+void TestBeepButton::sameStateIsWrittenOnce()
+{
+    HmiSimulator::setBuzzerOn(false);
+    QVERIFY(!BeepButton::isBuzzerOn());
+    BeepButton::setBuzzerOn(true);
+    BeepButton::setBuzzerOn(true);
+    QCOMPARE(Journal::calls(), QStringList{"setBuzzerOn(true)"});
+    BeepButton::setBuzzerOn(false);
+    BeepButton::setBuzzerOn(false);
+    QCOMPARE(Journal::calls(), (QStringList{"setBuzzerOn(true)", "setBuzzerOn(false)"}));
+}
+
+void TestBeepButton::writeHasEndedOnAnotherThread()
+{
+    HmiSimulator::setBuzzerOn(false);
+    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.delays.buzzer = 40; });
+    QVERIFY(!BeepButton::isBuzzerOn());
+    BeepButton::setBuzzerOn(true);
+    QVERIFY(HmiSimulator::panel().buzzer);
+    const auto journal = HmiSimulator::journal();
+    QCOMPARE(journal.size(), size_t(1));
+    QVERIFY(!journal.front().mainThread);
+}
+
+void TestBeepButton::beepAsksTheService()
+{
+    HmiSimulator::setGettersRecorded(true);
+    HmiSimulator::setBuzzerOn(true);
+    BeepButton::beepIfOn();
+    QCOMPARE(Journal::calls(), (QStringList{"isBuzzerOn()", "beep(true)"}));
+    HmiSimulator::setBuzzerOn(false);
+    BeepButton::beepIfOn();
+    QCOMPARE(Journal::calls(), (QStringList{"isBuzzerOn()", "beep(true)", "isBuzzerOn()"}));
+}
+
+void TestBeepButton::clickBeeps()
+{
+    QQuickWindow window;
+    window.resize(200, 100);
+    BeepButton button(window.contentItem());
+    button.setSize({100, 50});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QSignalSpy clicked(&button, &QQuickAbstractButton::clicked);
+
+    HmiSimulator::setBuzzerOn(true);
+    Operator::tap(&button);
+    QCOMPARE(clicked.count(), 1);
+    QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
+    // Switched off elsewhere: the very next click is silent.
+    HmiSimulator::setBuzzerOn(false);
+    Operator::tap(&button);
+    QCOMPARE(clicked.count(), 2);
+    QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
+}
+
+void TestBeepButton::touchBeeps()
+{
+    QQuickWindow window;
+    window.resize(200, 100);
+    BeepButton button(window.contentItem());
+    button.setSize({100, 50});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QSignalSpy clicked(&button, &QQuickAbstractButton::clicked);
+    HmiSimulator::setBuzzerOn(true);
+    Operator::touch(&button);
+    QCOMPARE(clicked.count(), 1);
+    QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
+}
+
+void TestBeepButton::holdBeepsNotByItself()
+{
+    BeepButton button;
+    HmiSimulator::setBuzzerOn(true);
+    emit button.pressAndHold();
+    QCOMPARE(Journal::calls(), QStringList());
+}
+
+void TestBeepButton::disabledOneIsSilent()
+{
+    QQuickWindow window;
+    window.resize(200, 100);
+    BeepButton button(window.contentItem());
+    button.setSize({100, 50});
+    button.setEnabled(false);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    HmiSimulator::setBuzzerOn(true);
+    Operator::tap(&button);
+    QCOMPARE(Journal::calls(), QStringList());
+}
+
+void TestBeepButton::clickPutsTheKeyboardAway()
+{
+    CardScene scene;
+    BeepButton button(scene.root());
+    button.setSize({100, 50});
+    QSP::VkbManager::instance().showVkb(true);
+    QVERIFY(QSP::VkbManager::instance().isVisible());
+    Operator::tap(&button);
+    QVERIFY(!QSP::VkbManager::instance().isVisible());
+}
+
+void TestBeepButton::keyboardStaysForAButtonThatSaysSo()
+{
+    CardScene scene;
+    BeepButton button(scene.root());
+    button.setSize({100, 50});
+    button.setAutoCloseVkb(false);
+    QSP::VkbManager::instance().showVkb(true);
+    Operator::tap(&button);
+    QVERIFY(QSP::VkbManager::instance().isVisible());
+    QSP::VkbManager::instance().showVkb(false);
+}
+
+PANEL_TEST_MAIN(TestBeepButton)
+
+#include "test_beepbutton.moc"
