@@ -4,6 +4,7 @@
 #include "host/pluginloader.h"
 #include "host/tour/messagewatch.h"
 #include "host/tour/tour.h"
+#include "host/vnc/rfbserver.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QFont>
@@ -87,5 +88,17 @@ int main(int argc, char **argv)
     panel.window()->show();
     if (options->isTour())
         return walkTour(panel.window(), options->tourDirectory) ? 0 : failed;
+
+    std::optional<RfbServer> vnc;
+    if (options->vncPort) {
+        vnc.emplace(panel.window());
+        if (!vnc->listen(*options->vncPort))
+            return complain(QStringLiteral("port %1: %2").arg(*options->vncPort).arg(vnc->errorString()),
+                            failed);
+        std::printf("Look at the panel with a VNC viewer on 127.0.0.1:%d; from elsewhere first"
+                    " ssh -L %d:127.0.0.1:%d to this machine. Ctrl+C ends it.\n",
+                    vnc->port(), vnc->port(), vnc->port());
+        std::fflush(stdout);
+    }
     return QGuiApplication::exec();
 }

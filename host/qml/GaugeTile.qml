@@ -28,9 +28,12 @@ Rectangle {
     Gauge {
         id: _gauge
 
+        readonly property real roomTop: _tile.unitOfLength * 2.4
+        readonly property real room: _tile.height - roomTop
+        // The dial is open below, so it looks centred when it stands a little low.
         anchors.horizontalCenter: _tile.horizontalCenter
-        y: _tile.unitOfLength * 2.6
-        width: Math.round(Math.min(_tile.width - 2 * _tile.unitOfLength, _tile.height - y - _tile.unitOfLength / 2))
+        y: Math.round(roomTop + (room - height) / 2 + Math.min(room - height, height * 0.1) / 2)
+        width: Math.round(Math.min(_tile.width - 2 * _tile.unitOfLength, room - _tile.unitOfLength / 2))
         height: width
         fraction: _tile.value / _tile.maximum
     }

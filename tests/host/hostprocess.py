@@ -1,0 +1,45 @@
+"""The demo host as a process, for its tests."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+HOST = pathlib.Path(os.environ["PANEL_HOST"])
+PLUGIN = pathlib.Path(os.environ["PANEL_PLUGIN"])
+SERVICE = pathlib.Path(os.environ["PANEL_SERVICE"])
+SCENARIOS = pathlib.Path(os.environ["PANEL_SCENARIOS"])
+
+
+def environment(**changes):
+    """The environment of the test run, without a display unless one is given."""
+    result = dict(os.environ)
+    for name in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"):
+        result.pop(name, None)
+    result.update(changes)
+    return result
+
+
+def run(*options, timeout=60, **changes):
+    """Runs the host to its end; returns its exit code and what it said on stdout and stderr."""
+    done = subprocess.run(
+        [HOST, *options],
+        env=environment(**changes),
+        stdin=subprocess.DEVNULL,
+        capture_output=True,
+        encoding="utf-8",
+        timeout=timeout,
+        check=False,
+    )
+    return done.returncode, done.stdout, done.stderr
+
+
+def temporary_directory():
+    return tempfile.TemporaryDirectory(prefix="panel host ")
+
+
+def main():
+    import unittest
+
+    unittest.main(argv=[sys.argv[0], *sys.argv[1:]], verbosity=2)

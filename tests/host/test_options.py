@@ -1,0 +1,109 @@
+"""The host says clearly what is wrong with what it was asked for, and fails."""
+
+import pathlib
+import unittest
+
+import hostprocess
+from hostprocess import PLUGIN, SERVICE, run
+
+
+class Options(unittest.TestCase):
+    def assert_refused(self, options, *said):
+        code, out, err = run(*options)
+        self.assertEqual(code, 2, err)
+        self.assertEqual(out, "")
+        self.assertEqual(err.count("\n"), 1, err)
+        for words in said:
+            self.assertIn(words, err)
+
+    def test_unknown(self):
+        self.assert_refused(["--colour", "red"], "--colour", "no such option")
+        self.assert_refused(["general"], "general", "no such option")
+        self.assert_refused(["-platform", "xcb"], "-platform", "no such option")
+        self.assert_refused([""], "no such option")
+
+    def test_sizes(self):
+        for size in ("1024", "x", "1024x", "0x0", "-1x600", "100x100", "1024x600x2", "99999x600", "1024x600 "):
+            self.assert_refused(["--size", size], "--size", "WIDTHxHEIGHT")
+
+    def test_values_missing(self):
+        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour"):
+            self.assert_refused([option], option, "a value is missing")
+            self.assert_refused([option, "--vnc"], option, "a value is missing")
+            self.assert_refused([option + "="], option, "a value is missing")
+
+    def test_values_too_many(self):
+        self.assert_refused(["--help=please"], "--help", "takes no value")
+
+    def test_language(self):
+        self.assert_refused(["--language", "fr"], "--language", "fr")
+
+    def test_port(self):
+        for port in ("70000", "-1", "http"):
+            self.assert_refused(["--vnc", port], "--vnc", "port")
+
+    def test_tour_and_vnc(self):
+        self.assert_refused(["--tour", "somewhere", "--vnc"], "--tour")
+
+    def test_help(self):
+        code, out, err = run("--help")
+        self.assertEqual((code, err), (0, ""))
+        for option in ("--size", "--scenario", "--as", "--language", "--library", "--tour", "--vnc"):
+            self.assertIn(option, out)
+
+    def test_no_display(self):
+        code, _, err = run()
+        self.assertEqual(code, 1)
+        self.assertIn("no display", err)
+
+
+class Libraries(unittest.TestCase):
+    def assert_no_screen(self, library, said):
+        code, _, err = run("--library", library, QT_QPA_PLATFORM="offscreen")
+        self.assertEqual(code, 1, err)
+        self.assertIn("no settings screen", err)
+        self.assertIn(said, err)
+
+    def test_missing(self):
+        self.assert_no_screen("/nowhere/libpanelsettings.so", "no file /nowhere/libpanelsettings.so")
+
+    def test_directory(self):
+        self.assert_no_screen(PLUGIN.parent, "no file")
+
+    def test_no_library(self):
+        with hostprocess.temporary_directory() as directory:
+            for name, content in (("text.so", b"not a library"), ("empty.so", b""), ("cut.so", b"\x7fELF\x02\x01\x01")):
+                file = pathlib.Path(directory, name)
+                file.write_bytes(content)
+                self.assert_no_screen(file, name)
+
+    def test_library_without_plugin(self):
+        self.assert_no_screen(SERVICE, "no plug-in")
+
+    def test_name_that_the_system_does_not_know(self):
+        self.assert_no_screen("libnosuchscreen.so", "libnosuchscreen.so")
+
+
+class Scenarios(unittest.TestCase):
+    def assert_scenario_refused(self, file, *said):
+        code, _, err = run("--scenario", file, QT_QPA_PLATFORM="offscreen")
+        self.assertEqual(code, 2, err)
+        for words in said:
+            self.assertIn(words, err)
+
+    def test_missing(self):
+        self.assert_scenario_refused("/nowhere/panel.json", "panel.json")
+
+    def test_bad(self):
+        with hostprocess.temporary_directory() as directory:
+            file = pathlib.Path(directory, "panel.json")
+            file.write_text('{\n  "brigth": 3\n}\n', encoding="utf-8")
+            self.assert_scenario_refused(file, "panel.json:2", "brigth")
+            file.write_text("{", encoding="utf-8")
+            self.assert_scenario_refused(file, "panel.json")
+            file.write_text("[]", encoding="utf-8")
+            self.assert_scenario_refused(file, "panel.json")
+
+
+if __name__ == "__main__":
+    hostprocess.main()

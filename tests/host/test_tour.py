@@ -1,0 +1,70 @@
+"""The tour reaches every stop, and fails when it cannot."""
+
+import pathlib
+import re
+import unittest
+
+import hostprocess
+from hostprocess import run
+
+
+def size_of(picture):
+    head = picture.read_bytes()[:24]
+    if head[:8] != b"\x89PNG\r\n\x1a\n":
+        return None
+    return int.from_bytes(head[16:20], "big"), int.from_bytes(head[20:24], "big")
+
+
+class Tour(unittest.TestCase):
+    def walk(self, width, height, *options):
+        with hostprocess.temporary_directory() as directory:
+            album = pathlib.Path(directory, "new", "album")
+            code, out, err = run("--size", f"{width}x{height}", "--tour", album, *options)
+            self.assertEqual(code, 0, err)
+            self.assertEqual(err, "")
+            pictures = sorted(album.iterdir())
+            self.assertIn(f"{len(pictures)} pictures", out)
+            for number, picture in enumerate(pictures, 1):
+                self.assertRegex(picture.name, rf"^{number:02}-[a-z0-9-]+\.png$")
+                self.assertEqual(size_of(picture), (width, height), picture.name)
+            return [re.sub(r"^\d+-|\.png$", "", picture.name) for picture in pictures], {
+                picture.name[3:-4]: picture.read_bytes() for picture in pictures
+            }
+
+    def check(self, names, pictures, *also):
+        for name in ("general", "network", "language", "version"):
+            self.assertIn(name, names)
+            self.assertIn(name + "-zh", names)
+            self.assertNotEqual(pictures[name], pictures[name + "-zh"], name)
+        for name in also:
+            self.assertIn(name, names)
+        self.assertEqual(names[0], "operator")
+
+    def test_wide(self):
+        self.check(*self.walk(1024, 600))
+
+    def test_narrow(self):
+        self.check(*self.walk(480, 800), "menu", "back-to-menu")
+
+    def test_old_pictures_go(self):
+        with hostprocess.temporary_directory() as directory:
+            old = pathlib.Path(directory, "98-old.png")
+            other = pathlib.Path(directory, "notes.png")
+            old.write_bytes(b"")
+            other.write_bytes(b"")
+            code, _, err = run("--tour", directory)
+            self.assertEqual(code, 0, err)
+            self.assertFalse(old.exists())
+            self.assertTrue(other.exists())
+
+    def test_directory_that_cannot_be_made(self):
+        with hostprocess.temporary_directory() as directory:
+            file = pathlib.Path(directory, "file")
+            file.write_bytes(b"")
+            code, _, err = run("--tour", file / "album")
+            self.assertEqual(code, 1)
+            self.assertIn("cannot be made", err)
+
+
+if __name__ == "__main__":
+    hostprocess.main()

@@ -1,0 +1,240 @@
+"""The panel over VNC: on the loopback address alone, seen and operated by a viewer of our own."""
+
+import contextlib
+import pathlib
+import re
+import socket
+import struct
+import subprocess
+import unittest
+
+import hostprocess
+
+WIDTH, HEIGHT = 640, 480
+
+
+class Viewer:
+    """Speaks the protocol as told in RFC 6143."""
+
+    def __init__(self, port, version=b"RFB 003.008\n"):
+        self.socket = socket.create_connection(("127.0.0.1", port), timeout=20)
+        self.version = version
+
+    def close(self):
+        self.socket.close()
+
+    def read(self, size):
+        data = b""
+        while len(data) < size:
+            more = self.socket.recv(size - len(data))
+            if not more:
+                raise ConnectionError("the server closed the connection")
+            data += more
+        return data
+
+    def greet(self):
+        assert self.read(12) == b"RFB 003.008\n"
+        self.socket.sendall(self.version)
+        if self.version >= b"RFB 003.007\n":
+            assert self.read(2) == b"\x01\x01"
+            self.socket.sendall(b"\x01")
+            if self.version >= b"RFB 003.008\n":
+                assert self.read(4) == bytes(4)
+        else:
+            assert self.read(4) == bytes([0, 0, 0, 1])
+        self.socket.sendall(b"\x01")
+        self.size = struct.unpack(">HH", self.read(4))
+        self.format = self.read(16)
+        self.name = self.read(struct.unpack(">I", self.read(4))[0]).decode()
+        self.pixel_size = self.format[0] // 8
+        self.glass = bytearray(self.size[0] * self.size[1] * self.pixel_size)
+
+    def use_format(self, bits, depth, big_endian, maxima, shifts):
+        wire = struct.pack(">BBBB3H3B3x", bits, depth, big_endian, 1, *maxima, *shifts)
+        self.socket.sendall(b"\x00" + bytes(3) + wire)
+        self.pixel_size = bits // 8
+        self.glass = bytearray(self.size[0] * self.size[1] * self.pixel_size)
+
+    def update(self, incremental):
+        self.socket.sendall(struct.pack(">BBHHHH", 3, incremental, 0, 0, *self.size))
+        kind, _, count = struct.unpack(">BBH", self.read(4))
+        assert kind == 0
+        for _ in range(count):
+            x, y, width, height, encoding = struct.unpack(">HHHHI", self.read(12))
+            assert encoding == 0
+            for row in range(y, y + height):
+                start = (row * self.size[0] + x) * self.pixel_size
+                line = self.read(width * self.pixel_size)
+                self.glass[start : start + len(line)] = line
+
+    def pixel(self, x, y):
+        start = (y * self.size[0] + x) * self.pixel_size
+        return bytes(self.glass[start : start + self.pixel_size])
+
+    def point(self, x, y, buttons):
+        self.socket.sendall(struct.pack(">BBHH", 5, buttons, x, y))
+
+    def press_key(self, symbol):
+        for down in (1, 0):
+            self.socket.sendall(struct.pack(">BBxxI", 4, down, symbol))
+
+    def wait_until(self, condition):
+        """The panel paints when something changes; at the latest the gauges do, each second."""
+        for _ in range(20):
+            if condition():
+                return True
+            self.update(True)
+        return False
+
+
+@contextlib.contextmanager
+def host():
+    command = [hostprocess.HOST, "--size", f"{WIDTH}x{HEIGHT}", "--vnc", "0"]
+    with subprocess.Popen(
+        command,
+        env=hostprocess.environment(),
+        stdin=subprocess.DEVNULL,
+        stdout=subprocess.PIPE,
+        stderr=subprocess.PIPE,
+        encoding="utf-8",
+    ) as process:
+        try:
+            line = process.stdout.readline()
+            port = int(re.search(r"127\.0\.0\.1:(\d+)", line).group(1))
+            yield process, port
+        finally:
+            process.terminate()
+            process.communicate()
+
+
+def listeners(process):
+    """All TCP sockets on which the process listens, as (address in hexadecimal, port)."""
+    inodes = set()
+    for entry in pathlib.Path(f"/proc/{process.pid}/fd").iterdir():
+        with contextlib.suppress(OSError):
+            found = re.match(r"socket:\[(\d+)\]", str(entry.readlink()))
+            if found:
+                inodes.add(found.group(1))
+    result = []
+    for table in ("tcp", "tcp6"):
+        file = pathlib.Path(f"/proc/{process.pid}/net", table)
+        for line in file.read_text().splitlines()[1:] if file.exists() else []:
+            fields = line.split()
+            if fields[3] == "0A" and fields[9] in inodes:
+                address, port = fields[1].split(":")
+                result.append((address, int(port, 16)))
+    return result
+
+
+class Vnc(unittest.TestCase):
+    def setUp(self):
+        stack = contextlib.ExitStack()
+        self.addCleanup(stack.close)
+        self.process, self.port = stack.enter_context(host())
+
+    def viewer(self, **options):
+        viewer = Viewer(self.port, **options)
+        self.addCleanup(viewer.close)
+        return viewer
+
+    def greeted(self, **options):
+        viewer = self.viewer(**options)
+        viewer.greet()
+        return viewer
+
+    def test_listens_on_loopback_alone(self):
+        self.assertEqual(listeners(self.process), [("0100007F", self.port)])
+
+    def test_port_taken(self):
+        code, _, err = hostprocess.run("--vnc", str(self.port))
+        self.assertEqual(code, 1)
+        self.assertIn(f"port {self.port}", err)
+
+    def test_shows_and_is_operated(self):
+        viewer = self.greeted()
+        self.assertEqual(viewer.size, (WIDTH, HEIGHT))
+        self.assertEqual(viewer.name, "Operator panel")
+        viewer.update(False)
+        corner = viewer.pixel(2, HEIGHT - 2)
+        self.assertEqual(corner[:3], bytes([0x28, 0x21, 0x1B]))
+
+        # The Settings button is in the lower right corner; Esc leads back.
+        viewer.point(WIDTH - 60, HEIGHT - 35, 0)
+        viewer.point(WIDTH - 60, HEIGHT - 35, 1)
+        viewer.point(WIDTH - 60, HEIGHT - 35, 0)
+        self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, HEIGHT - 2) != corner))
+        viewer.press_key(0xFF1B)
+        self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, HEIGHT - 2) == corner))
+
+    def test_formats(self):
+        viewer = self.greeted()
+        # The corner of the page is #1B2128.
+        for bits, depth, big, maxima, shifts, pixel in (
+            (32, 24, 1, (255, 255, 255), (16, 8, 0), b"\x00\x1b\x21\x28"),
+            (32, 24, 0, (255, 255, 255), (0, 8, 16), b"\x1b\x21\x28\x00"),
+            (16, 16, 0, (31, 63, 31), (11, 5, 0), struct.pack("<H", 3 << 11 | 8 << 5 | 5)),
+            (16, 16, 1, (31, 63, 31), (11, 5, 0), struct.pack(">H", 3 << 11 | 8 << 5 | 5)),
+            (8, 8, 0, (7, 7, 3), (0, 3, 6), bytes([1 | 1 << 3 | 0 << 6])),
+        ):
+            viewer.use_format(bits, depth, big, maxima, shifts)
+            viewer.update(False)
+            self.assertEqual(viewer.pixel(2, HEIGHT - 2), pixel, bits)
+
+    def test_older_viewers(self):
+        for version in (b"RFB 003.003\n", b"RFB 003.007\n"):
+            viewer = self.greeted(version=version)
+            viewer.update(False)
+            self.assertEqual(viewer.pixel(2, HEIGHT - 2)[:3], bytes([0x28, 0x21, 0x1B]))
+
+    def test_two_viewers(self):
+        first, second = self.greeted(), self.greeted()
+        first.update(False)
+        second.update(False)
+        self.assertEqual(first.pixel(2, HEIGHT - 2), second.pixel(2, HEIGHT - 2))
+
+    def test_nonsense_is_sent_away(self):
+        formats = struct.pack(">BBBB3H3B3x", 32, 24, 0, 1, 255, 255, 255, 250, 8, 0)
+        no_colour = struct.pack(">BBBB3H3B3x", 8, 8, 0, 0, 0, 0, 0, 0, 0, 0)
+        for greeted, words in (
+            (False, b"GET / HTTP/1.1\r\nHost: localhost\r\n\r\n"),
+            (False, b"RFB 004.000\n"),
+            (False, b"\x00" * 5),
+            (True, b"\xff"),
+            (True, b"\x00" + bytes(3) + formats),
+            (True, b"\x00" + bytes(3) + no_colour),
+        ):
+            viewer = self.greeted() if greeted else self.viewer()
+            viewer.socket.sendall(words)
+            with self.assertRaises(ConnectionError, msg=words):
+                while True:
+                    viewer.read(1)
+        self.greeted().update(False)
+
+    def test_odd_but_allowed(self):
+        viewer = self.greeted()
+        encodings = struct.pack(">BxH", 2, 65535) + bytes(4 * 65535)
+        cut_text = struct.pack(">BxxxI", 6, 300000) + bytes(300000)
+        viewer.socket.sendall(encodings + cut_text)
+        viewer.press_key(0xFE03)  # a symbol that means nothing here
+        viewer.point(60000, 60000, 255)
+        viewer.point(60000, 60000, 0)
+        for byte in struct.pack(">BBHHHH", 3, 0, 0, 0, 0, 0)[:-1]:
+            viewer.socket.sendall(bytes([byte]))
+        viewer.socket.sendall(b"\x00")
+        self.assertEqual(viewer.read(1), b"\x00")
+
+    def test_viewer_that_goes_in_the_middle(self):
+        for steps in range(3):
+            viewer = self.viewer()
+            if steps > 0:
+                viewer.greet()
+            if steps > 1:
+                viewer.point(WIDTH // 2, HEIGHT // 2, 1)
+                viewer.socket.sendall(struct.pack(">BBHHHH", 3, 0, 0, 0, WIDTH, HEIGHT))
+            viewer.close()
+        self.greeted().update(False)
+        self.assertIsNone(self.process.poll())
+
+
+if __name__ == "__main__":
+    hostprocess.main()
