@@ -14,7 +14,8 @@ namespace QSP {
 
 /// A hardware address in one masked field, edited with the on-screen keyboard.
 ///
-/// Keeps no value of its own: what the field shows is the value.
+/// Keeps no value of its own: what the field shows is the value. A field that
+/// is left half filled in shows again what it showed before.
 class CMacInput : public QQuickItem
 {
     Q_OBJECT

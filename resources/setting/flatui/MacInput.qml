@@ -33,6 +33,8 @@ CMacInput {
             if (activeFocus) {
                 oldInputText = text
                 _mac.onClick()
+            } else if (!acceptableInput) {
+                text = oldInputText
             }
         }
 
