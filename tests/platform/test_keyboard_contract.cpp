@@ -41,6 +41,7 @@ private slots:
     void modalFlagDecidesAboutTheRest_data();
     void modalFlagDecidesAboutTheRest();
     void touchesDoNotFallThrough();
+    void typesIntoAModalPopup();
     void unknownLayoutIsIgnored();
     void layoutBeforeInitializeIsKept();
     void showingBeginsWithLetters();
@@ -216,6 +217,34 @@ void TestKeyboardContract::touchesDoNotFallThrough()
     QCOMPARE(behind.presses, 1);
     QCOMPARE(behind.touches, 2);
     QCOMPARE(behind.wheels, 1);
+}
+
+void TestKeyboardContract::typesIntoAModalPopup()
+{
+    KeyboardFixture fixture;
+    QQuickPopup editor;
+    editor.setParentItem(fixture.window.contentItem());
+    editor.setZ(KeyboardFixture::PopupZ);
+    editor.setWidth(600);
+    editor.setHeight(460); // reaches below the keyboard
+    editor.setModal(true);
+    editor.setFocus(true);
+    editor.setClosePolicy(QQuickPopup::CloseOnPressOutside | QQuickPopup::CloseOnReleaseOutside);
+    auto *field = new QQuickTextInput(editor.contentItem());
+    editor.open();
+    field->forceActiveFocus();
+    fixture.show(VkbFullKeyboard);
+    // Keys over the editor and keys beside it.
+    for (const char *name : {"q", "t", "p", "backspace", "0"})
+        fixture.tap(QLatin1String(name));
+    fixture.click(QStringLiteral("o"));
+    QVERIFY(editor.isVisible());
+    QCOMPARE(fixture.window.activeFocusItem(), field);
+    QCOMPARE(field->text(), QStringLiteral("qt0o"));
+    fixture.keyboard->show(false);
+    QCOMPARE(fixture.window.activeFocusItem(), field);
+    QTest::mouseClick(&fixture.window, Qt::LeftButton, Qt::NoModifier, QPoint(700, 100));
+    QVERIFY(!editor.isVisible());
 }
 
 void TestKeyboardContract::unknownLayoutIsIgnored()

@@ -1,5 +1,8 @@
 #include "tests/platform/keyboardfixture.h"
 
+#include <functional>
+#include <memory>
+
 /// What comes out of the keys, one finger at a time.
 class TestKeyboardTyping : public PanelTest
 {

@@ -41,11 +41,14 @@ public:
     /// The keyboard as an item of the popup, for its geometry; null while none exists.
     virtual QQuickItem *item() = 0;
     /// Shows or hides the keyboard. Showing a shown keyboard, or hiding a
-    /// hidden one, does nothing. The popup's visibleChanged tells the outcome.
+    /// hidden one, does nothing. The popup's visibleChanged tells the outcome;
+    /// when it comes, isVisible() and the geometry of item() are right already.
     virtual void show(bool visible) = 0;
     /// Not used by the screen; keeps the place in the table.
     virtual void reserved1() = 0;
-    /// Chooses the keys. An unknown value leaves the layout as it was.
+    /// Chooses the keys. An unknown value leaves the layout as it was. May come
+    /// while the keyboard is shown: the height of item() must then stay as it is,
+    /// because the screen made room for it when it became visible.
     virtual void setLayoutType(VkbLayoutType type) = 0;
     /// Not used by the screen; keeps the place in the table.
     virtual void reserved2() = 0;
