@@ -1,0 +1,60 @@
+#pragma once
+
+#include "cards/network/nic.h"
+#include "controls/basecard.h"
+
+#include <QtCore/QVariant>
+
+namespace QSP {
+
+class ComboBox;
+class PingDialog;
+
+/// Choice of the default adapter, and a test whether it reaches the outside world. GUI thread only.
+class CardNIC : public BaseCard
+{
+    Q_OBJECT
+    Q_PROPERTY(int titleRowHeight READ titleRowHeight CONSTANT)
+
+public:
+    explicit CardNIC(QQuickItem *parent = nullptr);
+    ~CardNIC() override;
+
+    /// Height unit of the card, in pixels.
+    int titleRowHeight() const { return m_titleRowHeight; }
+
+    /// One record for each adapter that is present and enabled, the VPN excepted: "key" is the
+    /// untranslated label, "name" its translation, "nic" the adapter.
+    QVariantList createModel() const;
+    /// Lists the adapters as they are now, and selects the default one.
+    void updateComboBoxModel();
+    /// Selects what the service has as default adapter, or nothing when that is not listed. Writes nothing.
+    void initComboxCurrentIndex();
+
+public slots:
+    /// Shows the outcome of a test, if the card can be seen.
+    void onPingTestResult(bool result);
+
+signals:
+    void pingTestResult(bool result);
+
+protected:
+    void componentComplete() override;
+
+private:
+    void setModel(const QVariantList &model);
+    void setDefaultNic();
+    void startPingTest();
+    void reportPingTest(int test, bool result);
+
+    int m_titleRowHeight;
+    ComboBox *m_comboBox = nullptr;
+    PingDialog *m_dialog = nullptr;
+    bool m_showing = false;
+    int m_lastTest = 0;
+    int m_awaitedTest = 0; ///< 0 while no report is due
+};
+
+} // namespace QSP
+
+QML_DECLARE_TYPE(QSP::CardNIC)

@@ -1,0 +1,114 @@
+import QtQuick 2.15
+import QQuickSystemSet 1.0
+
+CardNIC {
+    id: _card
+
+    property alias titleText: _titleText
+    property alias networkText: _networkText
+    property alias pingTestText: _pingTestText
+    property alias testButtonText: _testButtonText
+    property alias combobox: _combobox
+    property alias testBeepButton: _testBeepButton
+
+    readonly property int margin: 0.383 * titleRowHeight
+
+    height: _layout.height
+
+    Column {
+        id: _layout
+
+        width: _card.width
+        bottomPadding: 4
+
+        Item {
+            id: _titleRow
+
+            width: _layout.width
+            height: 0.92 * _card.titleRowHeight
+
+            Image {
+                id: _icon
+
+                anchors.verticalCenter: _titleRow.verticalCenter
+                x: _card.margin
+                width: height
+                height: Math.round(0.46 * _card.titleRowHeight)
+                source: "qrc:/setting/icons/newdefault.png"
+                sourceSize: Qt.size(40, 40)
+            }
+
+            Text {
+                id: _titleText
+
+                anchors.left: _icon.right
+                anchors.leftMargin: 8
+                anchors.verticalCenter: _titleRow.verticalCenter
+                color: "#86909C"
+                font.pixelSize: Math.max(1, 0.383 * _card.titleRowHeight)
+            }
+        }
+
+        Item {
+            id: _networkRow
+
+            width: _layout.width
+            height: 0.92 * _card.titleRowHeight
+
+            Text {
+                id: _networkText
+
+                anchors.verticalCenter: _networkRow.verticalCenter
+                x: _card.margin
+                color: "#1D2129"
+                font.pixelSize: _titleText.font.pixelSize
+            }
+
+            ComboBox {
+                id: _combobox
+
+                anchors.right: _networkRow.right
+                anchors.rightMargin: Math.round(0.6 * _card.titleRowHeight)
+                anchors.verticalCenter: _networkRow.verticalCenter
+                width: 3.061 * _card.titleRowHeight
+                height: 0.612 * _card.titleRowHeight
+                fontPixelSize: _titleText.font.pixelSize
+            }
+        }
+
+        Item {
+            id: _pingTestRow
+
+            width: _layout.width
+            height: 0.92 * _card.titleRowHeight
+
+            Text {
+                id: _pingTestText
+
+                anchors.verticalCenter: _pingTestRow.verticalCenter
+                x: _card.margin
+                color: "#1D2129"
+                font.pixelSize: _titleText.font.pixelSize
+            }
+
+            BeepButton {
+                id: _testBeepButton
+
+                anchors.right: _pingTestRow.right
+                anchors.rightMargin: Math.round(0.6 * _card.titleRowHeight)
+                width: 1.5 * height
+                height: _pingTestRow.height
+                opacity: pressed ? 0.6 : 1.0
+
+                Text {
+                    id: _testButtonText
+
+                    anchors.right: _testBeepButton.right
+                    anchors.verticalCenter: _testBeepButton.verticalCenter
+                    color: "#3269CE"
+                    font.pixelSize: _titleText.font.pixelSize
+                }
+            }
+        }
+    }
+}
