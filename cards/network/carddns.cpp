@@ -2,7 +2,6 @@
 
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
-#include "cards/network/titlerowheight.h"
 #include "controls/cipinput.h"
 #include "shell/approotitem.h"
 #include "shell/documentalias.h"
@@ -35,11 +34,11 @@ quint32 addressOf(const QString &text)
 
 } // namespace
 
-CardDNS::CardDNS(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(networkTitleRowHeight()) {}
+CardDNS::CardDNS(QQuickItem *parent) : NetworkSideCard(parent) {}
 
 void CardDNS::componentComplete()
 {
-    BaseCard::componentComplete();
+    NetworkSideCard::componentComplete();
     setText(this, "titleText", "DNS Server");
     setText(this, "dns1Text", "DNS 1");
     setText(this, "dns2Text", "DNS 2");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/basecard.h"
+#include "cards/network/networksidecard.h"
 
 #include <QtCore/QPair>
 #include <QtCore/QString>
@@ -12,16 +12,12 @@ class CIpInput;
 /// The two DNS servers of the adapter that is selected on the network card.
 ///
 /// Follows that card; without it, every operation does nothing. GUI thread only.
-class CardDNS : public BaseCard
+class CardDNS : public NetworkSideCard
 {
     Q_OBJECT
-    Q_PROPERTY(int titleRowHeight READ titleRowHeight CONSTANT)
 
 public:
     explicit CardDNS(QQuickItem *parent = nullptr);
-
-    /// Height of the title row, in pixels.
-    int titleRowHeight() const { return m_titleRowHeight; }
 
     /// Shows the servers that the service has; a field that is being edited keeps its text.
     void loadDnsAndShow() const;
@@ -36,7 +32,6 @@ protected:
     void componentComplete() override;
 
 private:
-    int m_titleRowHeight;
     CIpInput *m_first = nullptr;
     CIpInput *m_second = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "cards/network/cardlinks.h"
 #include "cards/network/mobilemonitor.h"
 #include "cards/network/networkactions.h"
+#include "cards/network/networkmetrics.h"
 #include "cards/network/networkrows.h"
 #include "cards/network/statustext.h"
 #include "cards/network/vpnmonitor.h"
@@ -12,12 +13,11 @@
 #include "controls/beepswitch.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
-#include "shell/globalinfo.h"
 #include "shell/screenroot.h"
 
 #include <QtCore/QUrl>
-#include <QtQuick/QQuickWindow>
 #include <QtQuick/private/qquicktext_p.h>
+#include <QtQuick/QQuickWindow>
 
 namespace QSP {
 
@@ -44,10 +44,9 @@ CardNetwork::CardNetwork(QQuickItem *parent)
     , m_rules(std::make_unique<AddressRules>(this))
     , m_actions(std::make_unique<NetworkActions>(this))
 {
-    const GlobalInfo &info = GlobalInfo::instance();
-    if (!info.isScreenPortrait())
-        m_rowHeight = static_cast<int>(info.screenSize().width() * 0.060546875);
-    m_fontPixelSize = static_cast<int>(m_rowHeight * 0.323);
+    const NetworkMetrics metrics = NetworkMetrics::ofScreen();
+    m_rowHeight = metrics.rowHeight;
+    m_fontPixelSize = metrics.fontPixelSize;
     connect(this, &CardNetwork::currentNICChanged, this, &CardNetwork::changeNIC);
 }
 

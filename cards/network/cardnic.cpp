@@ -3,7 +3,6 @@
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/pingdialog.h"
-#include "cards/network/titlerowheight.h"
 #include "controls/beepbutton.h"
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
@@ -37,13 +36,13 @@ int nicOf(const QVariant &entry)
 
 } // namespace
 
-CardNIC::CardNIC(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(networkTitleRowHeight()) {}
+CardNIC::CardNIC(QQuickItem *parent) : NetworkSideCard(parent) {}
 
 CardNIC::~CardNIC() = default;
 
 void CardNIC::componentComplete()
 {
-    BaseCard::componentComplete();
+    NetworkSideCard::componentComplete();
     setText(this, "titleText", "Default Adapter");
     setText(this, "networkText", "Ethernet");
     setText(this, "pingTestText", "Ping Test");

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "cards/network/networksidecard.h"
 #include "cards/network/nic.h"
-#include "controls/basecard.h"
 
 #include <QtCore/QVariant>
 
@@ -11,17 +11,13 @@ class ComboBox;
 class PingDialog;
 
 /// Choice of the default adapter, and a test whether it reaches the outside world. GUI thread only.
-class CardNIC : public BaseCard
+class CardNIC : public NetworkSideCard
 {
     Q_OBJECT
-    Q_PROPERTY(int titleRowHeight READ titleRowHeight CONSTANT)
 
 public:
     explicit CardNIC(QQuickItem *parent = nullptr);
     ~CardNIC() override;
-
-    /// Height unit of the card, in pixels.
-    int titleRowHeight() const { return m_titleRowHeight; }
 
     /// One record for each adapter that is present and enabled, the VPN excepted: "key" is the
     /// untranslated label, "name" its translation, "nic" the adapter.
@@ -47,7 +43,6 @@ private:
     void startPingTest();
     void reportPingTest(int test, bool result);
 
-    int m_titleRowHeight;
     ComboBox *m_comboBox = nullptr;
     PingDialog *m_dialog = nullptr;
     bool m_showing = false;

@@ -11,7 +11,6 @@ CardDNS {
     property alias dns1Input: _dns1Input
     property alias dns2Input: _dns2Input
 
-    readonly property int margin: 0.383 * titleRowHeight
     readonly property int rowHeight: 0.92 * titleRowHeight
     readonly property int fieldHeight: 0.7 * titleRowHeight
 
@@ -33,7 +32,7 @@ CardDNS {
                 id: _icon
 
                 anchors.verticalCenter: _titleRow.verticalCenter
-                x: _card.margin
+                x: _card.labelMargin
                 width: height
                 height: Math.round(0.46 * _card.titleRowHeight)
                 source: "qrc:/setting/icons/newdns.png"
@@ -62,7 +61,7 @@ CardDNS {
                 id: _dns1Text
 
                 anchors.verticalCenter: _dns1Row.verticalCenter
-                x: _card.margin
+                x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _titleText.font.pixelSize
             }
@@ -71,7 +70,7 @@ CardDNS {
                 id: _dns1Input
 
                 anchors.right: _dns1Row.right
-                anchors.rightMargin: Math.round(0.6 * _card.titleRowHeight)
+                anchors.rightMargin: _card.fieldMargin
                 anchors.verticalCenter: _dns1Row.verticalCenter
                 width: Math.round(7.1 * height)
                 height: _card.fieldHeight
@@ -90,7 +89,7 @@ CardDNS {
                 id: _dns2Text
 
                 anchors.verticalCenter: _dns2Row.verticalCenter
-                x: _card.margin
+                x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _titleText.font.pixelSize
             }
@@ -99,7 +98,7 @@ CardDNS {
                 id: _dns2Input
 
                 anchors.right: _dns2Row.right
-                anchors.rightMargin: Math.round(0.6 * _card.titleRowHeight)
+                anchors.rightMargin: _card.fieldMargin
                 anchors.verticalCenter: _dns2Row.verticalCenter
                 width: Math.round(7.1 * height)
                 height: _card.fieldHeight

@@ -11,8 +11,6 @@ CardNIC {
     property alias combobox: _combobox
     property alias testBeepButton: _testBeepButton
 
-    readonly property int margin: 0.383 * titleRowHeight
-
     height: _layout.height
 
     Column {
@@ -31,7 +29,7 @@ CardNIC {
                 id: _icon
 
                 anchors.verticalCenter: _titleRow.verticalCenter
-                x: _card.margin
+                x: _card.labelMargin
                 width: height
                 height: Math.round(0.46 * _card.titleRowHeight)
                 source: "qrc:/setting/icons/newdefault.png"
@@ -59,7 +57,7 @@ CardNIC {
                 id: _networkText
 
                 anchors.verticalCenter: _networkRow.verticalCenter
-                x: _card.margin
+                x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _titleText.font.pixelSize
             }
@@ -68,7 +66,7 @@ CardNIC {
                 id: _combobox
 
                 anchors.right: _networkRow.right
-                anchors.rightMargin: Math.round(0.6 * _card.titleRowHeight)
+                anchors.rightMargin: _card.fieldMargin
                 anchors.verticalCenter: _networkRow.verticalCenter
                 width: 3.061 * _card.titleRowHeight
                 height: 0.612 * _card.titleRowHeight
@@ -86,7 +84,7 @@ CardNIC {
                 id: _pingTestText
 
                 anchors.verticalCenter: _pingTestRow.verticalCenter
-                x: _card.margin
+                x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _titleText.font.pixelSize
             }
@@ -95,7 +93,7 @@ CardNIC {
                 id: _testBeepButton
 
                 anchors.right: _pingTestRow.right
-                anchors.rightMargin: Math.round(0.6 * _card.titleRowHeight)
+                anchors.rightMargin: _card.fieldMargin
                 width: 1.5 * height
                 height: _pingTestRow.height
                 opacity: pressed ? 0.6 : 1.0

@@ -1,8 +1,0 @@
-#pragma once
-
-namespace QSP {
-
-/// Height of the title row of the small cards on the Network page, in pixels.
-int networkTitleRowHeight();
-
-} // namespace QSP
