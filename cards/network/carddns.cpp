@@ -1,25 +1,18 @@
 #include "cards/network/carddns.h"
 
+#include "cards/documenttext.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "controls/cipinput.h"
 #include "shell/approotitem.h"
 #include "shell/documentalias.h"
-#include "shell/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtNetwork/QHostAddress>
-#include <QtQuick/private/qquicktext_p.h>
 
 namespace QSP {
 
 namespace {
-
-void setText(const QObject *card, const char *alias, const char *source)
-{
-    setMultilingualText(aliasOf<QQuickText>(card, alias),
-                        [source] { return QCoreApplication::translate("CardDNS", source); });
-}
 
 void showAddress(CIpInput *input, HMI::IP address)
 {
@@ -39,9 +32,9 @@ CardDNS::CardDNS(QQuickItem *parent) : NetworkSideCard(parent) {}
 void CardDNS::componentComplete()
 {
     NetworkSideCard::componentComplete();
-    setText(this, "titleText", "DNS Server");
-    setText(this, "dns1Text", "DNS 1");
-    setText(this, "dns2Text", "DNS 2");
+    setDocumentText(this, "titleText", [] { return QCoreApplication::translate("CardDNS", "DNS Server"); });
+    setDocumentText(this, "dns1Text", [] { return QCoreApplication::translate("CardDNS", "DNS 1"); });
+    setDocumentText(this, "dns2Text", [] { return QCoreApplication::translate("CardDNS", "DNS 2"); });
     m_first = aliasOf<CIpInput>(this, "dns1Input");
     m_second = aliasOf<CIpInput>(this, "dns2Input");
 

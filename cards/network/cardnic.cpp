@@ -1,5 +1,6 @@
 #include "cards/network/cardnic.h"
 
+#include "cards/documenttext.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/pingdialog.h"
@@ -9,11 +10,9 @@
 #include "shell/documentalias.h"
 #include "shell/globalinfo.h"
 #include "shell/guithread.h"
-#include "shell/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QScopedValueRollback>
-#include <QtQuick/private/qquicktext_p.h>
 
 namespace QSP {
 
@@ -22,11 +21,6 @@ namespace {
 QString translated(const char *source)
 {
     return QCoreApplication::translate("CardNIC", source);
-}
-
-void setText(const QObject *card, const char *alias, const char *source)
-{
-    setMultilingualText(aliasOf<QQuickText>(card, alias), [source] { return translated(source); });
 }
 
 int nicOf(const QVariant &entry)
@@ -43,10 +37,10 @@ CardNIC::~CardNIC() = default;
 void CardNIC::componentComplete()
 {
     NetworkSideCard::componentComplete();
-    setText(this, "titleText", "Default Adapter");
-    setText(this, "networkText", "Ethernet");
-    setText(this, "pingTestText", "Ping Test");
-    setText(this, "testButtonText", "Test");
+    setDocumentText(this, "titleText", [] { return translated("Default Adapter"); });
+    setDocumentText(this, "networkText", [] { return translated("Ethernet"); });
+    setDocumentText(this, "pingTestText", [] { return translated("Ping Test"); });
+    setDocumentText(this, "testButtonText", [] { return translated("Test"); });
 
     m_comboBox = aliasOf<ComboBox>(this, "combobox");
     updateComboBoxModel();

@@ -5,7 +5,7 @@ import "../flatui" as FlatUI
 CardDNS {
     id: _card
 
-    property alias titleText: _titleText
+    property alias titleText: _title.label
     property alias dns1Text: _dns1Text
     property alias dns2Text: _dns2Text
     property alias dns1Input: _dns1Input
@@ -22,32 +22,13 @@ CardDNS {
         width: _card.width
         bottomPadding: 4
 
-        Item {
-            id: _titleRow
+        FlatUI.CardTitle {
+            id: _title
 
             width: _layout.width
             height: _card.titleRowHeight
-
-            Image {
-                id: _icon
-
-                anchors.verticalCenter: _titleRow.verticalCenter
-                x: _card.labelMargin
-                width: height
-                height: Math.round(0.46 * _card.titleRowHeight)
-                source: "qrc:/setting/icons/newdns.png"
-                sourceSize: Qt.size(40, 40)
-            }
-
-            Text {
-                id: _titleText
-
-                anchors.left: _icon.right
-                anchors.leftMargin: 8
-                anchors.verticalCenter: _titleRow.verticalCenter
-                color: "#86909C"
-                font.pixelSize: Math.max(1, 0.383 * _card.titleRowHeight)
-            }
+            margin: _card.labelMargin
+            iconSource: "qrc:/setting/icons/newdns.png"
         }
 
         Item {
@@ -63,7 +44,7 @@ CardDNS {
                 anchors.verticalCenter: _dns1Row.verticalCenter
                 x: _card.labelMargin
                 color: "#1D2129"
-                font.pixelSize: _titleText.font.pixelSize
+                font.pixelSize: _title.label.font.pixelSize
             }
 
             FlatUI.IpInput {
@@ -74,7 +55,7 @@ CardDNS {
                 anchors.verticalCenter: _dns1Row.verticalCenter
                 width: Math.round(7.1 * height)
                 height: _card.fieldHeight
-                fontPixelSize: _titleText.font.pixelSize
+                fontPixelSize: _title.label.font.pixelSize
             }
         }
 
@@ -91,7 +72,7 @@ CardDNS {
                 anchors.verticalCenter: _dns2Row.verticalCenter
                 x: _card.labelMargin
                 color: "#1D2129"
-                font.pixelSize: _titleText.font.pixelSize
+                font.pixelSize: _title.label.font.pixelSize
             }
 
             FlatUI.IpInput {
@@ -102,7 +83,7 @@ CardDNS {
                 anchors.verticalCenter: _dns2Row.verticalCenter
                 width: Math.round(7.1 * height)
                 height: _card.fieldHeight
-                fontPixelSize: _titleText.font.pixelSize
+                fontPixelSize: _title.label.font.pixelSize
             }
         }
     }

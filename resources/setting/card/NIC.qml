@@ -1,10 +1,11 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import "../flatui" as FlatUI
 
 CardNIC {
     id: _card
 
-    property alias titleText: _titleText
+    property alias titleText: _title.label
     property alias networkText: _networkText
     property alias pingTestText: _pingTestText
     property alias testButtonText: _testButtonText
@@ -19,32 +20,13 @@ CardNIC {
         width: _card.width
         bottomPadding: 4
 
-        Item {
-            id: _titleRow
+        FlatUI.CardTitle {
+            id: _title
 
             width: _layout.width
-            height: 0.92 * _card.titleRowHeight
-
-            Image {
-                id: _icon
-
-                anchors.verticalCenter: _titleRow.verticalCenter
-                x: _card.labelMargin
-                width: height
-                height: Math.round(0.46 * _card.titleRowHeight)
-                source: "qrc:/setting/icons/newdefault.png"
-                sourceSize: Qt.size(40, 40)
-            }
-
-            Text {
-                id: _titleText
-
-                anchors.left: _icon.right
-                anchors.leftMargin: 8
-                anchors.verticalCenter: _titleRow.verticalCenter
-                color: "#86909C"
-                font.pixelSize: Math.max(1, 0.383 * _card.titleRowHeight)
-            }
+            height: _card.titleRowHeight
+            margin: _card.labelMargin
+            iconSource: "qrc:/setting/icons/newdefault.png"
         }
 
         Item {
@@ -59,7 +41,7 @@ CardNIC {
                 anchors.verticalCenter: _networkRow.verticalCenter
                 x: _card.labelMargin
                 color: "#1D2129"
-                font.pixelSize: _titleText.font.pixelSize
+                font.pixelSize: _title.label.font.pixelSize
             }
 
             ComboBox {
@@ -70,7 +52,7 @@ CardNIC {
                 anchors.verticalCenter: _networkRow.verticalCenter
                 width: 3.061 * _card.titleRowHeight
                 height: 0.612 * _card.titleRowHeight
-                fontPixelSize: _titleText.font.pixelSize
+                fontPixelSize: _title.label.font.pixelSize
             }
         }
 
@@ -86,7 +68,7 @@ CardNIC {
                 anchors.verticalCenter: _pingTestRow.verticalCenter
                 x: _card.labelMargin
                 color: "#1D2129"
-                font.pixelSize: _titleText.font.pixelSize
+                font.pixelSize: _title.label.font.pixelSize
             }
 
             BeepButton {
@@ -104,7 +86,7 @@ CardNIC {
                     anchors.right: _testBeepButton.right
                     anchors.verticalCenter: _testBeepButton.verticalCenter
                     color: "#3269CE"
-                    font.pixelSize: _titleText.font.pixelSize
+                    font.pixelSize: _title.label.font.pixelSize
                 }
             }
         }
