@@ -5,8 +5,15 @@
 #include "cards/device/cardlanguage.h"
 #include "cards/device/cardtime.h"
 #include "cards/device/cardversion.h"
+#include "cards/network/carddns.h"
+#include "cards/network/cardlinks.h"
+#include "cards/network/cardnetwork.h"
+#include "cards/network/cardnic.h"
 #include "controls/beepswitch.h"
 #include "controls/brightbutton.h"
+#include "controls/cipinput.h"
+#include "controls/combobox.h"
+#include "controls/dialog.h"
 #include "shell/cardinfo.h"
 
 namespace QSP {
@@ -45,24 +52,40 @@ template <> void CardInfo<CardKind::Buzzer>::registerTypes()
 
 template <> QUrl CardInfo<CardKind::Network>::document()
 {
-    return {};
+    return QUrl(QStringLiteral("qrc:/setting/card/Network.qml"));
 }
 
-template <> void CardInfo<CardKind::Network>::registerTypes() {}
+template <> void CardInfo<CardKind::Network>::registerTypes()
+{
+    qmlRegisterType<CardNetwork>("QQuickSystemSet", 1, 0, "CardNetwork");
+    BeepSwitch::registerType();
+    CIpInput::registerType();
+    // For queued connections and documents.
+    qRegisterMetaType<HMI::SystemSet::NIC>("HMI::SystemSet::NIC");
+}
 
 template <> QUrl CardInfo<CardKind::NIC>::document()
 {
-    return {};
+    return QUrl(QStringLiteral("qrc:/setting/card/NIC.qml"));
 }
 
-template <> void CardInfo<CardKind::NIC>::registerTypes() {}
+template <> void CardInfo<CardKind::NIC>::registerTypes()
+{
+    qmlRegisterType<CardNIC>("QQuickSystemSet", 1, 0, "CardNIC");
+    ComboBox::registerType();
+    Dialog::registerType();
+}
 
 template <> QUrl CardInfo<CardKind::DNS>::document()
 {
-    return {};
+    return QUrl(QStringLiteral("qrc:/setting/card/DNS.qml"));
 }
 
-template <> void CardInfo<CardKind::DNS>::registerTypes() {}
+template <> void CardInfo<CardKind::DNS>::registerTypes()
+{
+    qmlRegisterType<CardDNS>("QQuickSystemSet", 1, 0, "CardDNS");
+    CIpInput::registerType();
+}
 
 template <> QUrl CardInfo<CardKind::Version>::document()
 {
@@ -92,18 +115,47 @@ template <> QUrl CardInfo<CardKind::Wifi>::document()
 
 template <> void CardInfo<CardKind::Wifi>::registerTypes() {}
 
-template <> void CardInfo<CardKind::Network>::wire(AppRootItem *, QQuickItem *) {}
+namespace {
 
-template <> void CardInfo<CardKind::Network>::pageShown(QQuickItem *) {}
-
-template <> bool CardInfo<CardKind::NIC>::isWanted(const AppRootItem *)
+// A tunnel has neither servers of names of its own, nor can it be the default adapter.
+bool isVpnSelected(const AppRootItem *root)
 {
-    return true;
+    const CardNetwork *network = CardLinks::network(root);
+    return network && network->currentNIC() == HMI::SystemSet::VPN;
 }
 
-template <> bool CardInfo<CardKind::DNS>::isWanted(const AppRootItem *)
+} // namespace
+
+template <> void CardInfo<CardKind::Network>::wire(AppRootItem *root, QQuickItem *card)
 {
-    return true;
+    const auto *network = qobject_cast<CardNetwork *>(card);
+    if (!network)
+        return;
+    QObject::connect(network, &CardNetwork::switchToWifiCard, root,
+                     [root] { root->setCurrentPage(AppRootItem::MenuIndex::Wifi); });
+    QObject::connect(network, &CardNetwork::currentNICChanged, root, [root](NIC selected) {
+        if (root->currentPage() != AppRootItem::MenuIndex::Network)
+            return;
+        const bool wanted = selected != HMI::SystemSet::VPN;
+        root->showCard(CardKind::NIC, wanted);
+        root->showCard(CardKind::DNS, wanted);
+    });
+}
+
+template <> void CardInfo<CardKind::Network>::pageShown(QQuickItem *card)
+{
+    if (auto *network = qobject_cast<CardNetwork *>(card))
+        network->updateWifiTimer();
+}
+
+template <> bool CardInfo<CardKind::NIC>::isWanted(const AppRootItem *root)
+{
+    return !isVpnSelected(root);
+}
+
+template <> bool CardInfo<CardKind::DNS>::isWanted(const AppRootItem *root)
+{
+    return !isVpnSelected(root);
 }
 
 template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *, QQuickItem *) {}

@@ -6,7 +6,7 @@ Item {
 
     property alias iconSource: _icon.source
     property alias label: _label
-    readonly property real margin: _label.font.pixelSize
+    property real margin: _label.font.pixelSize
 
     Image {
         id: _icon

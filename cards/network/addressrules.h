@@ -1,0 +1,34 @@
+#pragma once
+
+#include "cards/network/addresskind.h"
+
+namespace QSP {
+
+class CardNetwork;
+
+/// What the address fields show, and whether they may be edited.
+///
+/// Editing is decided by the switches on the card and not by the service, so
+/// that the fields answer to the operator before the service confirms.
+class AddressRules
+{
+public:
+    explicit AddressRules(CardNetwork *card) : m_card(card) {}
+
+    bool isEnabled(NIC nic) const;
+    bool isStatic(NIC nic) const;
+    bool mayEdit(NIC nic) const { return isStatic(nic) && isEnabled(nic); }
+
+    void updateEnable(const AddressKind &kind, NIC nic) const;
+    void updateEnable(NIC nic) const;
+    /// Shows the address in force, unless the field is being edited or the adapter is off.
+    void updateDisplay(const AddressKind &kind, NIC nic) const;
+    void updateDisplay(NIC nic) const;
+    /// updateDisplay() of an adapter that the service calls enabled; the DNS card follows.
+    void updateNetInfo(NIC nic) const;
+
+private:
+    CardNetwork *m_card;
+};
+
+} // namespace QSP

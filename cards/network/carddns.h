@@ -1,0 +1,41 @@
+#pragma once
+
+#include "cards/network/networksidecard.h"
+
+#include <QtCore/QPair>
+#include <QtCore/QString>
+
+namespace QSP {
+
+class CIpInput;
+
+/// The two DNS servers of the adapter that is selected on the network card.
+///
+/// Follows that card; without it, every operation does nothing. GUI thread only.
+class CardDNS : public NetworkSideCard
+{
+    Q_OBJECT
+
+public:
+    explicit CardDNS(QQuickItem *parent = nullptr);
+
+    /// Shows the servers that the service has; a field that is being edited keeps its text.
+    void loadDnsAndShow() const;
+    /// Writes both servers, dotted; what is no address counts as 0.0.0.0.
+    void saveDns(const QPair<QString, QString> &dns);
+    /// Shows 0.0.0.0 twice; writes nothing.
+    void disableDns();
+    /// The servers may be edited exactly when the addresses of the adapter may.
+    void updateEnable_DNS();
+
+protected:
+    void componentComplete() override;
+
+private:
+    CIpInput *m_first = nullptr;
+    CIpInput *m_second = nullptr;
+};
+
+} // namespace QSP
+
+QML_DECLARE_TYPE(QSP::CardDNS)

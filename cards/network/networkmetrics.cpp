@@ -1,0 +1,24 @@
+#include "cards/network/networkmetrics.h"
+
+#include "shell/globalinfo.h"
+
+namespace QSP {
+
+NetworkMetrics NetworkMetrics::ofScreen()
+{
+    const GlobalInfo &info = GlobalInfo::instance();
+    const int width = info.screenSize().width();
+    NetworkMetrics metrics{};
+    if (info.isScreenPortrait()) {
+        metrics.rowHeight = 62;
+        metrics.titleRowHeight = width < 600 ? 41 : 52;
+    } else {
+        // 62 for 1024 pixels of width, 49 for 960.
+        metrics.rowHeight = static_cast<int>(width * 0.060546875);
+        metrics.titleRowHeight = static_cast<int>(width * 0.051041666666666666);
+    }
+    metrics.fontPixelSize = static_cast<int>(metrics.rowHeight * 0.323);
+    return metrics;
+}
+
+} // namespace QSP

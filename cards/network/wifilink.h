@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace QSP {
+
+/// What the network card needs to know of Wi-Fi, without knowing the card of the Wi-Fi page.
+namespace WifiLink {
+
+/// Whether the panel has joined a network.
+bool isConnected();
+/// The name of the joined network; empty when there is none.
+QString ssid();
+/// Lets the Wi-Fi page, if it was ever shown, read the signal strength again.
+void updateSignalStrength();
+
+} // namespace WifiLink
+
+} // namespace QSP

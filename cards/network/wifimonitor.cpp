@@ -1,0 +1,69 @@
+#include "cards/network/wifimonitor.h"
+
+#include "cards/network/cardnetwork.h"
+#include "cards/network/wifilink.h"
+#include "cards/network/wifitile.h"
+
+namespace QSP {
+
+namespace {
+
+constexpr int interval = 2000;
+
+} // namespace
+
+WifiMonitor::WifiMonitor(CardNetwork *card) : m_card(card), m_timer(card, interval) {}
+
+void WifiMonitor::setTile(WifiTile *tile)
+{
+    m_status.setItem(tile->statusText());
+    m_status.show("Offline");
+}
+
+void WifiMonitor::watch()
+{
+    // Only the selected adapter is watched; selecting it later starts the refreshing.
+    if (m_card->currentNIC() != HMI::SystemSet::WIFI)
+        return;
+    m_timer.ensure(this, [this] { update(); });
+    m_timer.start();
+}
+
+void WifiMonitor::start()
+{
+    watch();
+    update();
+}
+
+void WifiMonitor::update()
+{
+    // In the middle of an attempt to join, the tile would flip to "Offline" and back.
+    if (!m_status.hasItem() || m_connecting)
+        return;
+    if (!systemSet().isNicEnabled(HMI::SystemSet::WIFI)) {
+        m_status.show("Offline");
+        m_timer.stop();
+        return;
+    }
+    watch();
+    const bool connected = WifiLink::isConnected();
+    QString ssid;
+    if (connected) {
+        m_status.show("Online");
+        ssid = WifiLink::ssid();
+        m_card->updateNetInfoDisplay(m_card->currentNIC());
+        WifiLink::updateSignalStrength();
+    } else {
+        m_status.show("Offline");
+    }
+    emit m_card->wifiStatusChanged(connected, ssid);
+}
+
+void WifiMonitor::setConnecting(bool connecting)
+{
+    m_connecting = connecting;
+    if (!connecting)
+        update();
+}
+
+} // namespace QSP

@@ -1,0 +1,94 @@
+import QtQuick 2.15
+import QQuickSystemSet 1.0
+import "../flatui" as FlatUI
+
+CardNIC {
+    id: _card
+
+    property alias titleText: _title.label
+    property alias networkText: _networkText
+    property alias pingTestText: _pingTestText
+    property alias testButtonText: _testButtonText
+    property alias combobox: _combobox
+    property alias testBeepButton: _testBeepButton
+
+    height: _layout.height
+
+    Column {
+        id: _layout
+
+        width: _card.width
+        bottomPadding: 4
+
+        FlatUI.CardTitle {
+            id: _title
+
+            width: _layout.width
+            height: _card.titleRowHeight
+            margin: _card.labelMargin
+            iconSource: "qrc:/setting/icons/newdefault.png"
+        }
+
+        Item {
+            id: _networkRow
+
+            width: _layout.width
+            height: 0.92 * _card.titleRowHeight
+
+            Text {
+                id: _networkText
+
+                anchors.verticalCenter: _networkRow.verticalCenter
+                x: _card.labelMargin
+                color: "#1D2129"
+                font.pixelSize: _title.label.font.pixelSize
+            }
+
+            ComboBox {
+                id: _combobox
+
+                anchors.right: _networkRow.right
+                anchors.rightMargin: _card.fieldMargin
+                anchors.verticalCenter: _networkRow.verticalCenter
+                width: 3.061 * _card.titleRowHeight
+                height: 0.612 * _card.titleRowHeight
+                fontPixelSize: _title.label.font.pixelSize
+            }
+        }
+
+        Item {
+            id: _pingTestRow
+
+            width: _layout.width
+            height: 0.92 * _card.titleRowHeight
+
+            Text {
+                id: _pingTestText
+
+                anchors.verticalCenter: _pingTestRow.verticalCenter
+                x: _card.labelMargin
+                color: "#1D2129"
+                font.pixelSize: _title.label.font.pixelSize
+            }
+
+            BeepButton {
+                id: _testBeepButton
+
+                anchors.right: _pingTestRow.right
+                anchors.rightMargin: _card.fieldMargin
+                width: 1.5 * height
+                height: _pingTestRow.height
+                opacity: pressed ? 0.6 : 1.0
+
+                Text {
+                    id: _testButtonText
+
+                    anchors.right: _testBeepButton.right
+                    anchors.verticalCenter: _testBeepButton.verticalCenter
+                    color: "#3269CE"
+                    font.pixelSize: _title.label.font.pixelSize
+                }
+            }
+        }
+    }
+}
