@@ -19,6 +19,13 @@ constexpr int imageError = 3;
 // What devices without a number of their own report: the placeholder's text.
 constexpr char noSerialNumber[] = "QR Code";
 
+// The toolkit answers nothing for a temporary directory that was named but does not exist yet.
+QDir temporaryDirectory()
+{
+    const QString existing = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
+    return existing.isEmpty() ? QDir(qEnvironmentVariable("TMPDIR")) : QDir(existing);
+}
+
 } // namespace
 
 CardVersion::CardVersion(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(titleRowHeight()) {}
@@ -69,10 +76,10 @@ void CardVersion::createQRCodeImage(const QString &text, int size)
         }
         return;
     }
-    const QDir directory(QStandardPaths::writableLocation(QStandardPaths::TempLocation));
+    const QDir directory = temporaryDirectory();
     if (!directory.exists())
         directory.mkpath(QStringLiteral("."));
-    const QString path = directory.path() + QLatin1String("/barcodeImg.png");
+    const QString path = directory.absolutePath() + QLatin1String("/barcodeImg.png");
     if (!replaceWithPng(picture, path))
         return;
     // Told also when the URL is the old one: the picture behind it is new.

@@ -18,7 +18,7 @@ int LanguageModel::rowCount(const QModelIndex &parent) const
 
 QVariant LanguageModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!index.isValid() || index.row() >= m_languages.size())
         return {};
     const LanguageInfo &language = m_languages[index.row()];
     switch (role) {

@@ -1,0 +1,146 @@
+#include "cards/device/languagemodel.h"
+#include "shell/globalinfo.h"
+#include "simulator/simulator.h"
+#include "tests/support/paneltest.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <QtGui/QGuiApplication>
+
+using QSP::GlobalInfo;
+using QSP::LanguageModel;
+
+namespace {
+
+const QLocale english(QLocale::English, QLocale::UnitedStates);
+const QLocale chinese(QLocale::Chinese, QLocale::China);
+
+} // namespace
+
+class TestLanguageModel : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void keepsTheRulesOfModels();
+    void rolesHaveTheirValuesAndNames();
+    void dataOfTheRow();
+    void dataElsewhereIsEmpty_data();
+    void dataElsewhereIsEmpty();
+    void rowsHaveNoChildren();
+    void switchesTheLanguage();
+    void ignoresRowsThatDoNotExist();
+    void tellsOfEverySwitch();
+};
+
+void TestLanguageModel::init()
+{
+    beginWatch();
+    GlobalInfo::switchLanguage(english);
+    HmiSimulator::reset();
+}
+
+void TestLanguageModel::keepsTheRulesOfModels()
+{
+    LanguageModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    GlobalInfo::switchLanguage(chinese);
+    model.setCurrentLanguage(0);
+    QCOMPARE(model.rowCount(), 1);
+}
+
+void TestLanguageModel::rolesHaveTheirValuesAndNames()
+{
+    const QHash<int, QByteArray> names = LanguageModel().roleNames();
+    QCOMPARE(names.size(), 3);
+    QCOMPARE(names.value(257), QByteArrayLiteral("text"));
+    QCOMPARE(names.value(258), QByteArrayLiteral("langCode"));
+    QCOMPARE(names.value(259), QByteArrayLiteral("isCurrent"));
+}
+
+void TestLanguageModel::dataOfTheRow()
+{
+    const LanguageModel model;
+    QCOMPARE(model.data(model.index(0), 257), QVariant(QStringLiteral("English")));
+    QCOMPARE(model.data(model.index(0), 258), QVariant(31));
+    QCOMPARE(model.data(model.index(0), 259), QVariant(true));
+    GlobalInfo::switchLanguage(chinese);
+    QCOMPARE(model.data(model.index(0), 257), QVariant(QStringLiteral("English")));
+    QCOMPARE(model.data(model.index(0), 258), QVariant(31));
+    QCOMPARE(model.data(model.index(0), 259), QVariant(false));
+}
+
+void TestLanguageModel::dataElsewhereIsEmpty_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("role");
+    QTest::newRow("row before") << -1 << 257;
+    QTest::newRow("row after") << 1 << 257;
+    QTest::newRow("display role") << 0 << int(Qt::DisplayRole);
+    QTest::newRow("role before") << 0 << 256;
+    QTest::newRow("role after") << 0 << 260;
+}
+
+void TestLanguageModel::dataElsewhereIsEmpty()
+{
+    QFETCH(int, row);
+    QFETCH(int, role);
+
+    // Makes indices that the model itself would never hand out.
+    struct AnyIndex : LanguageModel {
+        QModelIndex at(int row) const { return createIndex(row, 0); }
+    };
+    const AnyIndex model;
+    QVERIFY(!model.data(model.at(row), role).isValid());
+}
+
+void TestLanguageModel::rowsHaveNoChildren()
+{
+    const LanguageModel model;
+    QCOMPARE(model.rowCount(), 1);
+    QCOMPARE(model.rowCount(model.index(0)), 0);
+}
+
+void TestLanguageModel::switchesTheLanguage()
+{
+    GlobalInfo::switchLanguage(chinese);
+    LanguageModel model;
+    QCOMPARE(model.getCurrentSystemLanguage(), QLocale::Chinese);
+    HmiSimulator::clearJournal();
+    model.setCurrentLanguage(0);
+    QCOMPARE(model.getCurrentSystemLanguage(), QLocale::English);
+    QCOMPARE(GlobalInfo::instance().locale().language(), QLocale::English);
+    QCOMPARE(HmiSimulator::panel().language, int(HMI::SystemSet::ENGLISH));
+    QCOMPARE(int(HmiSimulator::calls("setLanguage").size()), 1);
+}
+
+void TestLanguageModel::ignoresRowsThatDoNotExist()
+{
+    GlobalInfo::switchLanguage(chinese);
+    LanguageModel model;
+    HmiSimulator::clearJournal();
+    for (const int row : {-1, model.rowCount(), 1000000})
+        model.setCurrentLanguage(row);
+    QCOMPARE(model.getCurrentSystemLanguage(), QLocale::Chinese);
+    QVERIFY(HmiSimulator::calls().empty());
+}
+
+void TestLanguageModel::tellsOfEverySwitch()
+{
+    LanguageModel model;
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    GlobalInfo::switchLanguage(chinese);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed[0][0].toModelIndex().row(), 0);
+    QCOMPARE(changed[0][1].toModelIndex().row(), model.rowCount() - 1);
+    QVERIFY(changed[0][2].value<QVector<int>>().isEmpty());
+
+    // As when the language was chosen elsewhere on the panel.
+    HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
+    GlobalInfo::instance().checkExternalLanguageChange();
+    QCOMPARE(changed.size(), 2);
+}
+
+PANEL_TEST_MAIN(TestLanguageModel)
+
+#include "test_languagemodel.moc"
