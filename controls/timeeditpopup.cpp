@@ -35,6 +35,8 @@ TimeEditPopup::TimeEditPopup(QQuickItem *parent) : QQuickPopup(parent)
     // What lies beneath is not operated by the tap that puts the editor away.
     setModal(true);
     setDim(false);
+    // Escape ends the editing of a field, as its key filter says, not the editor.
+    setClosePolicy(CloseOnPressOutside);
     connect(this, &QQuickPopup::closed, this, [] { VkbManager::instance().showVkb(false); });
     ScreenRoot::onVisibleChanged(this, [this] { close(); });
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &TimeEditPopup::keepClearOfKeyboard);
