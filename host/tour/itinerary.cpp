@@ -13,6 +13,16 @@ Action tapText(const char *context, const char *english)
     return [=](Visitor &visitor) { visitor.tapText(Visitor::said(context, english)); };
 }
 
+Action tapClass(const char *className, int index, const char *within = nullptr)
+{
+    return [=](Visitor &visitor) { visitor.tapClass(className, index, within); };
+}
+
+Action type(const char *characters)
+{
+    return [=](Visitor &visitor) { visitor.typeOnScreen(QLatin1String(characters)); };
+}
+
 Action see(const char *context, const char *english)
 {
     return [=](Visitor &visitor) { visitor.waitFor(Visitor::said(context, english)); };
@@ -51,6 +61,13 @@ Action page(const char *title)
 void visitGeneral(std::vector<Stop> &stops)
 {
     stops.push_back({"general", {page("General")}});
+    const Action dim = tapClass("QSP::BrightButton", 0);
+    stops.push_back({"general-dimmed", {dim, dim, dim}});
+    stops.push_back({"general-buzzer", {tapClass("QSP::BeepSwitch", 0, "QSP::CardBuzzer")}});
+    stops.push_back({"general-clock-editor",
+                     {tapClass("QSP::BeepButton", 0, "QSP::CardTime"), see("TimeEditPopup", "OK")}});
+    stops.push_back({"general-clock-editor-keys", {tapClass("QQuickTextInput", 0), type("2031")}});
+    stops.push_back({"general-clock-set", {tapText("TimeEditPopup", "OK")}});
 }
 
 void visitNetwork(std::vector<Stop> &stops)
@@ -60,15 +77,21 @@ void visitNetwork(std::vector<Stop> &stops)
 
 void visitOthers(std::vector<Stop> &stops)
 {
-    stops.push_back({"language", {page("Language")}});
     stops.push_back({"version", {page("Version")}});
+    stops.push_back({"language", {page("Language")}});
 }
 
 void visitSettings(std::vector<Stop> &stops, bool isNarrow)
 {
-    stops.push_back(
-        {isNarrow ? "menu" : "opened", {tapText("", "Settings"), see("QSP::AppRootItem", "General")}});
-    visitGeneral(stops);
+    const Action open = tapText("", "Settings");
+    if (isNarrow) {
+        stops.push_back({"menu", {open, see("QSP::AppRootItem", "General")}});
+        visitGeneral(stops);
+    } else {
+        const size_t first = stops.size();
+        visitGeneral(stops);
+        stops[first].actions.insert(stops[first].actions.begin(), open);
+    }
     visitNetwork(stops);
     visitOthers(stops);
     if (isNarrow)
@@ -92,6 +115,8 @@ std::vector<Stop> itinerary(bool isNarrow)
         stop.picture += QLatin1String("-zh");
         stops.push_back(std::move(stop));
     }
-    stops.push_back({"operator-at-last", {leave(), choose(Options::Language::English)}});
+    stops.push_back({"language-back-to-english",
+                     {page("Language"), tapText("", "English"), see("QSP::AppRootItem", "Language")}});
+    stops.push_back({"operator-at-last", {leave()}});
     return stops;
 }
