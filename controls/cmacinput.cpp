@@ -92,6 +92,11 @@ void CMacInput::setEnabled(bool enabled)
 {
     if (!m_field)
         return;
+    // An edit is taken back; the focus must not come back with the next enabling.
+    if (!enabled && m_field->hasActiveFocus()) {
+        m_field->setProperty("text", m_field->property("oldInputText"));
+        m_field->setFocus(false);
+    }
     m_field->setEnabled(enabled);
     m_field->setColor(fieldTextColor(enabled));
 }

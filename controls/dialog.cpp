@@ -138,7 +138,7 @@ void Dialog::applyTitleFont()
 void Dialog::fitTitleText()
 {
     const qreal margin = m_titleBar->height() * 0.331;
-    const qreal right = m_closeButton && m_closeButton->isVisible() ? m_closeButton->width() : margin;
+    const qreal right = m_enableCloseButton ? m_closeButton->width() : margin;
     m_titleText->setWidth(qMax(0.0, m_titleBar->width() - margin - right));
 }
 
