@@ -59,7 +59,8 @@ QQuickItem *KeyboardFixture::key(QChar character) const
 QStringList KeyboardFixture::keyNames() const
 {
     QStringList names;
-    for (const QQuickItem *item : keys())
+    const QVector<QQuickItem *> shown = keys();
+    for (const QQuickItem *item : shown)
         names << item->objectName().mid(KeyPrefix.size());
     names.sort();
     return names;

@@ -135,8 +135,8 @@ void TestKeyboardContract::showAndHideAreIdempotent()
     KeyboardFixture fixture;
     QSignalSpy changed(fixture.keyboard->popup(), &QQuickPopup::visibleChanged);
     QVector<bool> told;
-    QObject::connect(fixture.keyboard->popup(), &QQuickPopup::visibleChanged,
-                     [&] { told << fixture.keyboard->isVisible(); });
+    connect(fixture.keyboard->popup(), &QQuickPopup::visibleChanged, this,
+            [&] { told << fixture.keyboard->isVisible(); });
     fixture.keyboard->show(false);
     QCOMPARE(changed.count(), 0);
     for (int round = 0; round < 3; ++round) {
@@ -158,7 +158,7 @@ void TestKeyboardContract::geometryIsRightWhenVisibleChangedComes()
 {
     KeyboardFixture fixture;
     QRectF seen;
-    QObject::connect(fixture.keyboard->popup(), &QQuickPopup::visibleChanged, [&] {
+    connect(fixture.keyboard->popup(), &QQuickPopup::visibleChanged, this, [&] {
         const QQuickItem *item = fixture.keyboard->item();
         seen = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
     });

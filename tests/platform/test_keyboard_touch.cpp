@@ -359,7 +359,9 @@ void TestKeyboardTouch::restingKeyboardHasNoTimer()
     fixture.show(VkbFullKeyboard);
     const auto everyTimer = [&fixture] {
         int timers = timersOf(fixture.keyboard->popup());
-        for (QQuickItem *item : Operator::items(fixture.keyboardItem(), [](QQuickItem *) { return true; }))
+        const QVector<QQuickItem *> shown =
+            Operator::items(fixture.keyboardItem(), [](QQuickItem *) { return true; });
+        for (QQuickItem *item : shown)
             timers += timersOf(item);
         return timers;
     };

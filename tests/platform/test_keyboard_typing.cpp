@@ -79,7 +79,8 @@ void TestKeyboardTyping::addressDigits()
                                                                   << "clear"
                                                                   << "enter"
                                                                   << "hide"));
-    for (const QString &name : characters("192.168.30.457"))
+    const QStringList names = characters("192.168.30.457");
+    for (const QString &name : names)
         fixture.tap(name);
     QCOMPARE(fixture.field->text(), QStringLiteral("192.168.30.457"));
     fixture.tap(QStringLiteral("backspace"));
@@ -94,7 +95,8 @@ void TestKeyboardTyping::plainDigits()
                                                                  << "clear"
                                                                  << "enter"
                                                                  << "hide"));
-    for (const QString &name : characters("9876543210"))
+    const QStringList names = characters("9876543210");
+    for (const QString &name : names)
         fixture.tap(name);
     QCOMPARE(fixture.field->text(), QStringLiteral("9876543210"));
 }
@@ -127,7 +129,8 @@ void TestKeyboardTyping::hardwareAddress()
     fixture.field->setCursorPosition(0);
     fixture.show(VkbFullKeyboard);
     // Digits, hexadecimal letters and the colon are on one page.
-    for (const QString &name : characters("00:1a:2b:3c:4d:ef"))
+    const QStringList names = characters("00:1a:2b:3c:4d:ef");
+    for (const QString &name : names)
         fixture.tap(name);
     QCOMPARE(fixture.field->text(), QStringLiteral("00:1a:2b:3c:4d:ef"));
 }
@@ -241,7 +244,8 @@ void TestKeyboardTyping::mouseTypesToo()
 {
     KeyboardFixture fixture;
     fixture.show(VkbFullKeyboard);
-    for (const QString &name : QStringList({"shift", "p", "w", "symbols", "#", "letters", "1", "backspace"}))
+    const QStringList names = QStringList({"shift", "p", "w", "symbols", "#", "letters", "1", "backspace"});
+    for (const QString &name : names)
         fixture.click(name);
     QCOMPARE(fixture.field->text(), QStringLiteral("Pw#"));
 }
@@ -269,7 +273,8 @@ void TestKeyboardTyping::focusStaysAtEveryKey()
     fixture.show(static_cast<VkbLayoutType>(type));
     QSignalSpy focusChanged(&fixture.window, &QQuickWindow::activeFocusItemChanged);
     for (const QString &page : {QStringLiteral("symbols"), QStringLiteral("letters")}) {
-        for (const QString &name : fixture.keyNames()) {
+        const QStringList names = fixture.keyNames();
+        for (const QString &name : names) {
             if (name == QLatin1String("symbols") || name == QLatin1String("letters"))
                 continue;
             fixture.tap(name);
@@ -364,7 +369,8 @@ void TestKeyboardTyping::fieldHidesTheKeyboard()
     fixture.field->removeEventFilter(&trap);
     fixture.field->forceActiveFocus();
     fixture.show(VkbFullKeyboard);
-    for (const QQuickItem *key : fixture.keys())
+    const QVector<QQuickItem *> shown = fixture.keys();
+    for (const QQuickItem *key : shown)
         QVERIFY(!key->property("pressed").toBool());
     fixture.tap(QStringLiteral("n"));
     QCOMPARE(fixture.field->text(), QStringLiteral("n"));
