@@ -32,6 +32,9 @@ ComboBox {
     // The arrow keeps its distance from the frame; the text stands where the rows' texts stand.
     rightPadding: 0
     leftPadding: -1
+    // The toolkit keeps 6 pixels above and below the text; in a low box they would cut it.
+    topPadding: -6
+    bottomPadding: -6
     palette.buttonText: enabled ? "#1D2129" : "#B4B4B4"
     // The toolkit's list frames itself in this colour, inside the frame that it gets here.
     palette.mid: "transparent"
