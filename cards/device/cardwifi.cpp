@@ -407,6 +407,8 @@ void CardWifi::onAttemptFailed(const char *text)
 {
     m_attemptEnded = true;
     setState(Idle);
+    // The attempt has cost the network that was joined before.
+    updateCurrentWifi();
     if (!m_dialog)
         return;
     // While it was going on another network may have been tapped; the next password is for this one.

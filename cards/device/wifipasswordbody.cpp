@@ -158,6 +158,7 @@ void WifiPasswordBody::endEditing()
 
 void WifiPasswordBody::setEntryVisible(bool visible)
 {
+    m_entryVisible = visible;
     m_entry->setVisible(visible);
     layout();
 }
@@ -179,7 +180,7 @@ void WifiPasswordBody::layout()
     const qreal statusHeight = qRound(0.18 * h);
 
     m_status->setX(margin);
-    m_status->setY(qRound((m_entry->isVisible() ? 0.06 : 0.3) * h));
+    m_status->setY(qRound((m_entryVisible ? 0.06 : 0.3) * h));
     m_status->setSize(QSizeF(fieldWidth, statusHeight));
     m_busyPlace->setX(qRound(w / 2.0));
     m_busyPlace->setY(m_status->y() + statusHeight + qRound(0.04 * h));
@@ -209,8 +210,8 @@ void WifiPasswordBody::layout()
 
     const qreal connectWidth = qRound(0.36 * w);
     m_connectButton->setX(qRound((w - connectWidth) / 2.0));
-    m_connectButton->setY(qRound(0.74 * h));
-    m_connectButton->setSize(QSizeF(connectWidth, qRound(0.22 * h)));
+    m_connectButton->setY(qRound(0.73 * h));
+    m_connectButton->setSize(QSizeF(connectWidth, qRound(0.21 * h)));
     m_connectText->setSize(m_connectButton->size());
 }
 

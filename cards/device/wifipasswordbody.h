@@ -48,6 +48,7 @@ private:
     QQuickText *addText(QQuickItem *parent, const char *text) const;
 
     int m_fontPixelSize;
+    bool m_entryVisible = true;
     QQuickText *m_status;
     QQuickItem *m_entry;
     QQuickItem *m_busyPlace;

@@ -3,12 +3,14 @@
 #include "cards/device/ssid.h"
 #include "cards/device/wifipasswordbody.h"
 #include "controls/dialog.h"
+#include "shell/embeddedcomponent.h"
 #include "shell/globalinfo.h"
 #include "shell/screenroot.h"
 #include "shell/vkbmanager.h"
 
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
+#include <QtQuickTemplates2/private/qquickoverlay_p.h>
 
 namespace QSP {
 
@@ -33,8 +35,13 @@ WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     : QObject(card), m_dialog(new Dialog(card)), m_body(new WifiPasswordBody(fontPixelSize))
 {
     // What a popup makes of components, such as its overlay, needs a context.
-    if (QQmlEngine *engine = GlobalInfo::instance().qmlEngine())
+    if (QQmlEngine *engine = GlobalInfo::instance().qmlEngine()) {
         QQmlEngine::setContextForObject(m_dialog, engine->rootContext());
+        static EmbeddedComponent shade;
+        if (auto *overlay = qobject_cast<QQuickOverlayAttached *>(
+                qmlAttachedPropertiesObject<QQuickOverlay>(m_dialog.data())))
+            overlay->setModal(shade.get(QStringLiteral("qrc:/setting/flatui/ModalShade.qml"), engine));
+    }
     m_dialog->setEnableCloseButton(true);
     m_dialog->setModal(true);
     m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
