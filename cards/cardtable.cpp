@@ -5,16 +5,21 @@
 #include "cards/device/cardlanguage.h"
 #include "cards/device/cardtime.h"
 #include "cards/device/cardversion.h"
+#include "cards/device/cardwifi.h"
 #include "cards/network/carddns.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/cardnic.h"
+#include "controls/beepbutton.h"
 #include "controls/beepswitch.h"
 #include "controls/brightbutton.h"
 #include "controls/cipinput.h"
 #include "controls/combobox.h"
 #include "controls/dialog.h"
 #include "shell/cardinfo.h"
+
+#include <QtQuick/private/qquickanchors_p.h>
+#include <QtQuick/private/qquickitem_p.h>
 
 namespace QSP {
 
@@ -110,10 +115,14 @@ template <> void CardInfo<CardKind::Language>::registerTypes()
 
 template <> QUrl CardInfo<CardKind::Wifi>::document()
 {
-    return {};
+    return QStringLiteral("qrc:/setting/card/Wifi.qml");
 }
 
-template <> void CardInfo<CardKind::Wifi>::registerTypes() {}
+template <> void CardInfo<CardKind::Wifi>::registerTypes()
+{
+    qmlRegisterType<CardWifi>("QQuickSystemSet", 1, 0, "CardWifi");
+    Dialog::registerType();
+}
 
 namespace {
 
@@ -158,6 +167,25 @@ template <> bool CardInfo<CardKind::DNS>::isWanted(const AppRootItem *root)
     return !isVpnSelected(root);
 }
 
-template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *, QQuickItem *) {}
+template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *root, QQuickItem *card)
+{
+    auto *wifi = qobject_cast<CardWifi *>(card);
+    if (!wifi)
+        return;
+    QObject::connect(wifi, &CardWifi::wifiReset, root, [root] {
+        if (CardNetwork *network = CardLinks::network(root))
+            emit network->wifiReset();
+    });
+    BeepButton *button = wifi->returnButton();
+    if (!button)
+        return;
+    // On a narrow screen it takes the place, and the taps, of the arrow that leads to the menu.
+    if (QQuickItem *toMenu = root->returnButton()) {
+        button->setParentItem(toMenu);
+        QQuickItemPrivate::get(button)->anchors()->setFill(toMenu);
+    }
+    QObject::connect(button, &QQuickAbstractButton::clicked, root,
+                     &AppRootItem::setCurrentPage<AppRootItem::MenuIndex::Network>);
+}
 
 } // namespace QSP

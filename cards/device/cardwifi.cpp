@@ -1,0 +1,469 @@
+#include "cards/device/cardwifi.h"
+
+#include "cards/device/wifibuttons.h"
+#include "cards/device/wificurrentrow.h"
+#include "cards/device/wifipassworddialog.h"
+#include "cards/documenttext.h"
+#include "cards/network/cardlinks.h"
+#include "cards/network/cardnetwork.h"
+#include "controls/basecard.h"
+#include "controls/beepbutton.h"
+#include "meyersingleton.h"
+#include "shell/approotitem.h"
+#include "shell/globalinfo.h"
+#include "shell/guithread.h"
+#include "shell/vkbmanager.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace QSP {
+
+namespace {
+
+using HMI::SystemSet;
+
+constexpr qreal rowHeightOfScreenWidth = 0.046875;
+constexpr int belowColumn = 7;
+constexpr int belowPage = 20;
+
+SystemSet &service()
+{
+    return MeyerSingleton<SystemSet>::instance();
+}
+
+// The network card may not exist yet; nothing has to be told then.
+void tellConnecting(bool connecting)
+{
+    if (CardNetwork *card = CardLinks::network())
+        card->setWifiConnecting(connecting);
+}
+
+void showButton(BeepButton *button, QQuickItem *image)
+{
+    if (!button)
+        return;
+    const qreal opacity = !button->isEnabled() ? 0.4 : button->isPressed() ? 0.6 : 1.0;
+    button->setOpacity(opacity);
+    if (image)
+        image->setOpacity(opacity);
+}
+
+} // namespace
+
+CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent)
+{
+    qRegisterMetaType<HMI::SSID>("HMI::SSID");
+    const GlobalInfo &info = GlobalInfo::instance();
+    if (!info.isScreenPortrait())
+        m_rowHeight = qMax(1, static_cast<int>(info.screenSize().width() * rowHeightOfScreenWidth));
+    setFontSize(m_rowHeight * 5 / 12);
+
+    auto *background = new BaseCard(this);
+    // Else it would keep the height that cards begin with.
+    background->resetHeight();
+    setBackground(background);
+
+    connect(this, &CardWifi::cardStateChanged, this, &CardWifi::showState);
+    connect(this, &CardWifi::wifiReset, this, &CardWifi::onWifiReset);
+    connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &CardWifi::adjustPwDialog);
+}
+
+CardWifi::~CardWifi() = default;
+
+void CardWifi::componentComplete()
+{
+    QQuickControl::componentComplete();
+    const auto item = [this](const char *alias) {
+        return qobject_cast<QQuickItem *>(property(alias).value<QObject *>());
+    };
+    m_column = item("layout");
+    m_currentContainer = item("current");
+    m_scanButton = qobject_cast<BeepButton *>(item("scanButton"));
+    m_scanImage = item("scanButtonImage");
+    m_busy = item("scaning");
+    m_busyHome = m_busy ? m_busy->parentItem() : nullptr;
+    if (QQuickItem *container = item("list")) {
+        m_list = new WifiList(container, m_rowHeight, this);
+        connect(m_list, &WifiList::chosen, this, &CardWifi::onChosen);
+    }
+    if (m_column)
+        connect(m_column, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
+
+    addTexts();
+    addButtons();
+    if (AppRootItem *root = AppRootItem::instance()) {
+        connect(root, &AppRootItem::opened, this, &CardWifi::updateCurrentWifi);
+        if (QQuickItem *titleBar = root->titleBar()) {
+            connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::titleHeightChanged);
+            connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
+        }
+    }
+    watchNetworkCard();
+    onColumnHeightChanged();
+    updateCurrentWifi();
+}
+
+void CardWifi::addTexts()
+{
+    const auto show = [this](const char *alias, const char *text) {
+        setDocumentText(this, alias, [text] { return QCoreApplication::translate("CardWifi", text); });
+    };
+    show("connectedWlanText", QT_TRANSLATE_NOOP("CardWifi", "Connected Wi-Fi"));
+    show("nearWlanTxt", QT_TRANSLATE_NOOP("CardWifi", "Nearby Wi-Fi"));
+}
+
+void CardWifi::addButtons()
+{
+    if (m_scanButton) {
+        connect(m_scanButton, &QQuickAbstractButton::clicked, this, &CardWifi::onClickScanWifi);
+        connect(m_scanButton, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
+    }
+    if (auto *row = qobject_cast<QQuickItem *>(property("resetRow").value<QObject *>())) {
+        m_resetButton = addWifiResetButton(row, m_rowHeight, m_fontSize);
+        connect(m_resetButton, &QQuickAbstractButton::clicked, this, &CardWifi::wifiReset);
+        connect(m_resetButton, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
+    }
+    m_returnButton = addWifiReturnButton(this);
+    if (m_returnButton)
+        m_returnButton->setVisible(isVisible());
+}
+
+void CardWifi::watchNetworkCard()
+{
+    if (CardNetwork *card = CardLinks::network())
+        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::updateCurrentWifi,
+                Qt::UniqueConnection);
+}
+
+void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickControl::itemChange(change, data);
+    if (change != ItemVisibleHasChanged)
+        return;
+    if (m_returnButton)
+        m_returnButton->setVisible(data.boolValue);
+    if (!isComponentComplete())
+        return;
+    if (data.boolValue) {
+        watchNetworkCard();
+        updateCurrentWifi();
+    } else if (m_dialog) {
+        m_dialog->close();
+    }
+}
+
+int CardWifi::titleHeight() const
+{
+    const AppRootItem *root = AppRootItem::instance();
+    return root ? root->titleHeight() : 0;
+}
+
+void CardWifi::setFontSize(int size)
+{
+    if (size == m_fontSize)
+        return;
+    m_fontSize = size;
+    emit fontSizeChanged();
+}
+
+void CardWifi::onColumnHeightChanged()
+{
+    const int least = GlobalInfo::instance().screenSize().height() - belowPage - titleHeight();
+    const qreal column = m_column ? m_column->height() : 0.0;
+    setHeight(qMax(static_cast<int>(column + topInset() + belowColumn), least));
+}
+
+void CardWifi::setState(CardState state)
+{
+    if (state == m_state)
+        return;
+    const bool wasScanning = isScanning();
+    m_state = state;
+    emit cardStateChanged();
+    if (wasScanning != isScanning())
+        emit isScanningChanged();
+}
+
+void CardWifi::showState()
+{
+    for (BeepButton *button : {m_scanButton.data(), m_resetButton}) {
+        if (button)
+            button->setEnabled(!isScanning());
+    }
+    showButton(m_scanButton, m_scanImage);
+    showButton(m_resetButton, nullptr);
+
+    if (m_state == Connecting && m_dialog)
+        m_dialog->setStatus(QT_TRANSLATE_NOOP("CardWifi", "Connecting"));
+    if (!m_busy)
+        return;
+    QQuickItem *place = m_state == Connecting && m_dialog ? m_dialog->busyPlace() : m_busyHome.data();
+    m_busy->setParentItem(place);
+    m_busy->setVisible(isScanning() || place != m_busyHome);
+}
+
+// --- The list ---
+
+void CardWifi::onClickScanWifi()
+{
+    if (!isScanning())
+        scanWifi();
+}
+
+void CardWifi::scanWifi()
+{
+    // By the state, not by the indicator, which is invisible while another page is shown.
+    if (isScanning())
+        return;
+    setState(Scanning);
+    service().scanWifi(listReceiver());
+}
+
+SystemSet::WifiListCallback CardWifi::listReceiver()
+{
+    const int scan = ++m_scan;
+    return onGuiThread(this, [scan](CardWifi *card, std::unique_ptr<WifiList::Records> records) {
+        if (scan != card->m_scan)
+            return;
+        // A second report of the same scan would take the list from under the operator's finger.
+        ++card->m_scan;
+        card->onScanResult(std::move(records));
+    });
+}
+
+void CardWifi::onScanResult(std::unique_ptr<WifiList::Records> records)
+{
+    if (m_list && records)
+        m_list->rebuild(*records, m_fontSize);
+    else if (m_list)
+        m_list->clear();
+    setState(Idle);
+    if (m_list && !m_list->isEmpty() && isConnected())
+        updateCurrentWifi();
+}
+
+void CardWifi::onWifiReset()
+{
+    endAttempt();
+    if (m_dialog)
+        m_dialog->close();
+    if (m_current)
+        m_current->hide();
+    if (m_list) {
+        m_list->clear();
+        m_list->forgetRefusals();
+    }
+    if (isScanning())
+        return;
+    setState(Scanning);
+    service().resetWifi(listReceiver());
+}
+
+void CardWifi::onChosen(int index)
+{
+    // A copy: what is called below may rebuild the list.
+    const WifiInfo info = m_list->infos().value(index);
+    m_selectedSsid = info.ssid;
+    m_selectedSignal = info.signal;
+    openPwDialog();
+    if (info.needsPassword == 0 || !info.password.isEmpty())
+        connectWifi(info.ssid, info.password);
+}
+
+// --- The joined network ---
+
+bool CardWifi::isConnected()
+{
+    return service().isWifiConnected();
+}
+
+QString CardWifi::getSsid()
+{
+    return getSsidFromCurWifi(service().currentWifiSsid());
+}
+
+void CardWifi::updateCurrentWifi()
+{
+    if (!m_currentContainer)
+        return;
+    if (!m_current)
+        m_current = new WifiCurrentRow(m_currentContainer, m_rowHeight, this);
+    const bool connected = isConnected();
+    const HMI::SSID ssid = terminatedSsid(service().currentWifiSsid());
+    if (connected && !isEmptySsid(ssid)) {
+        if (m_list)
+            m_list->setJoined(ssid);
+        m_current->show(getSsidFromCurWifi(ssid), m_fontSize);
+        return;
+    }
+    if (connected && isScanning())
+        return;
+    m_current->hide();
+    // What was hidden as joined is a network like any other again.
+    if (m_list)
+        m_list->showAll();
+}
+
+void CardWifi::updateSignalStrength()
+{
+    if (m_current)
+        m_current->updateSignalStrength();
+}
+
+// --- Joining ---
+
+WifiPasswordDialog *CardWifi::pwDialog()
+{
+    if (!m_dialog) {
+        m_dialog = new WifiPasswordDialog(this, m_fontSize);
+        connect(m_dialog, &WifiPasswordDialog::confirmed, this, &CardWifi::onClickConFirm);
+    }
+    return m_dialog;
+}
+
+void CardWifi::openPwDialog()
+{
+    WifiPasswordDialog *dialog = pwDialog();
+    if (m_state == Connecting) {
+        const HMI::SSID joining = service().currentWifiSsid();
+        dialog->setBodyVisible(false);
+        showState();
+        dialog->open(getSsidFromCurWifi(isEmptySsid(joining) ? m_attemptSsid : joining));
+        return;
+    }
+    if (!m_list || !m_list->findWifiBySsid(m_selectedSsid))
+        return;
+    dialog->setBodyVisible(true);
+    dialog->setStatus(QT_TRANSLATE_NOOP("CardWifi", "Enter password"));
+    dialog->open(getSsidFromScan(m_selectedSsid));
+}
+
+void CardWifi::onClickConFirm()
+{
+    if (!m_dialog)
+        return;
+    const QString password = m_dialog->password();
+    m_dialog->endEditing();
+    // A network that the last scan did not find may be there all the same: the service will say.
+    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(m_selectedSsid) : nullptr)
+        info->password = password;
+    connectWifi(m_selectedSsid, password);
+}
+
+void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
+{
+    const int attempt = ++m_attempt;
+    m_attemptEnded = false;
+    m_attemptSsid = terminatedSsid(wifiname);
+    setState(Connecting);
+    if (m_dialog)
+        m_dialog->setBodyVisible(false);
+    tellConnecting(true);
+    service().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
+                          onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
+                              if (attempt == card->m_attempt)
+                                  card->onConnectResult(result);
+                          }));
+}
+
+void CardWifi::onConnectResult(SystemSet::StateWifi result)
+{
+    switch (result) {
+    case SystemSet::WIFI_CONNECTING:
+        // Out of order: the attempt is over, and nothing would end this state again.
+        if (!m_attemptEnded)
+            setState(Connecting);
+        break;
+    case SystemSet::WIFI_CONNECTED:
+        m_attemptEnded = true;
+        setState(Connected);
+        if (m_list)
+            m_list->acceptPassword(m_attemptSsid);
+        if (m_list && m_list->findWifiBySsid(terminatedSsid(service().currentWifiSsid())))
+            update_afterOnLine();
+        else
+            closeDialog_and_updateCurWifiInfo();
+        tellConnecting(false);
+        break;
+    case SystemSet::WIFI_OFFLINE:
+        onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wi-Fi Offline"));
+        scanWifi();
+        tellConnecting(false);
+        break;
+    case SystemSet::WIFI_TIMEOUT:
+        onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Time out"));
+        tellConnecting(false);
+        break;
+    case SystemSet::WIFI_WRONG_PASSWORD:
+        if (m_list)
+            m_list->refusePassword(m_attemptSsid);
+        onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wrong password"));
+        tellConnecting(false);
+        break;
+    }
+}
+
+void CardWifi::onAttemptFailed(const char *text)
+{
+    m_attemptEnded = true;
+    setState(Idle);
+    // The attempt has cost the network that was joined before.
+    updateCurrentWifi();
+    if (!m_dialog)
+        return;
+    // While it was going on another network may have been tapped; the next password is for this one.
+    m_selectedSsid = m_attemptSsid;
+    m_dialog->setTitle(getSsidFromScan(m_attemptSsid));
+    m_dialog->setBodyVisible(true);
+    m_dialog->setStatus(text, true);
+}
+
+void CardWifi::endAttempt()
+{
+    ++m_attempt;
+    if (m_attemptEnded)
+        return;
+    m_attemptEnded = true;
+    tellConnecting(false);
+}
+
+void CardWifi::update_afterOnLine()
+{
+    if (service().getIp(SystemSet::WIFI) == 0)
+        setDhcpAndUpdateCurWifi();
+    else
+        closeDialog_and_updateCurWifiInfo();
+}
+
+void CardWifi::setDhcpAndUpdateCurWifi()
+{
+    const int attempt = m_attempt;
+    service().setDHCP(SystemSet::WIFI, true,
+                      onGuiThread(this,
+                                  [attempt](CardWifi *card, SystemSet::DHCP_STATE) {
+                                      if (attempt == card->m_attempt)
+                                          card->closeDialog_and_updateCurWifiInfo();
+                                  }),
+                      true);
+}
+
+void CardWifi::closeDialog_and_updateCurWifiInfo()
+{
+    if (m_dialog)
+        m_dialog->close();
+    emit connectedChanged(true);
+    updateCurrentWifi();
+    CardNetwork *card = CardLinks::network();
+    if (!card || !isConnected())
+        return;
+    card->updateSwitchDisplay(SystemSet::WIFI);
+    card->updateNetInfoDisplay(SystemSet::WIFI);
+}
+
+void CardWifi::adjustPwDialog()
+{
+    if (m_dialog)
+        m_dialog->adjust();
+}
+
+} // namespace QSP

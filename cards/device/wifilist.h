@@ -1,0 +1,83 @@
+#pragma once
+
+#include "hmi/systemset.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+#include <QtCore/QVector>
+#include <QtQuick/QQuickItem>
+
+class QQuickFlickable;
+
+namespace QSP {
+
+class WifiRow;
+
+/// One listed network.
+struct WifiInfo {
+    QQuickItem *item;     ///< its row
+    HMI::SSID ssid;       ///< as the service gave it, but for a NUL at the end
+    QString password;     ///< kept by the panel, or typed by the operator since
+    quint8 needsPassword; ///< 0: the stored password, or none, will do
+    quint8 signal;        ///< percent
+};
+
+/// The networks nearby, in the order in which the service reported them, as rows in a bare item.
+///
+/// Rows are placed here and not by a positioner, whose cost grows with the
+/// square of the list when rows come one by one. Copy what you need of a
+/// WifiInfo before anything that may rebuild the list.
+class WifiList : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Records = std::vector<HMI::SystemSet::SsidInfo>;
+
+    /// @p container gets the rows and its height from the list.
+    WifiList(QQuickItem *container, int rowHeight, QObject *parent);
+    ~WifiList() override;
+
+    /// Replaces all rows.
+    void rebuild(const Records &records, int fontPixelSize);
+    void clear();
+
+    const QVector<WifiInfo> &infos() const { return m_infos; }
+    bool isEmpty() const { return m_infos.isEmpty(); }
+    /// The first network of that name, comparing all bytes; null when there is none.
+    WifiInfo *findWifiBySsid(const HMI::SSID &ssid);
+
+    /// Hides the row of the joined network, which is shown elsewhere, and shows all others.
+    void setJoined(const HMI::SSID &ssid);
+    /// Shows all rows that setJoined() hid.
+    void showAll();
+
+    /// A password that was refused: it is not offered again, also not when
+    /// the service still reports it after the next scan.
+    void refusePassword(const HMI::SSID &ssid);
+    void acceptPassword(const HMI::SSID &ssid);
+    void forgetRefusals() { m_refused.clear(); }
+
+signals:
+    /// A row was tapped.
+    void chosen(int index);
+
+private:
+    void addItem(const HMI::SystemSet::SsidInfo &record, int index, int fontPixelSize);
+    void removeRows();
+    template <class Predicate> void show(Predicate wanted);
+    void placeRows();
+    void watchPage();
+    void updateNear();
+
+    QPointer<QQuickItem> m_container;
+    QPointer<QQuickFlickable> m_page;
+    int m_rowHeight;
+    QVector<WifiInfo> m_infos;
+    QVector<WifiRow *> m_shown; ///< visible rows from top to bottom
+    QSet<QByteArray> m_refused;
+    int m_nearBegin = 0;
+    int m_nearEnd = 0;
+};
+
+} // namespace QSP

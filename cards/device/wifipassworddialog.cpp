@@ -1,0 +1,135 @@
+#include "cards/device/wifipassworddialog.h"
+
+#include "cards/device/ssid.h"
+#include "cards/device/wifipasswordbody.h"
+#include "controls/dialog.h"
+#include "shell/embeddedcomponent.h"
+#include "shell/globalinfo.h"
+#include "shell/screenroot.h"
+#include "shell/vkbmanager.h"
+
+#include <QtQml/QQmlContext>
+#include <QtQml/QQmlEngine>
+#include <QtQuickTemplates2/private/qquickoverlay_p.h>
+
+namespace QSP {
+
+namespace {
+
+constexpr QSizeF portraitSize(426.0, 243.0);
+constexpr qreal widthOfScreenWidth = 0.416015625;
+constexpr qreal besideKeyboardY = 25.0;
+
+QSizeF dialogSize()
+{
+    const GlobalInfo &info = GlobalInfo::instance();
+    if (info.isScreenPortrait())
+        return portraitSize;
+    const qreal width = info.screenSize().width() * widthOfScreenWidth;
+    return {width, width * 243.0 / 426.0};
+}
+
+} // namespace
+
+WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
+    : QObject(card), m_dialog(new Dialog(card)), m_body(new WifiPasswordBody(fontPixelSize))
+{
+    // What a popup makes of components, such as its overlay, needs a context.
+    if (QQmlEngine *engine = GlobalInfo::instance().qmlEngine()) {
+        QQmlEngine::setContextForObject(m_dialog, engine->rootContext());
+        static EmbeddedComponent shade;
+        if (auto *overlay = qobject_cast<QQuickOverlayAttached *>(
+                qmlAttachedPropertiesObject<QQuickOverlay>(m_dialog.data())))
+            overlay->setModal(shade.get(QStringLiteral("qrc:/setting/flatui/ModalShade.qml"), engine));
+    }
+    m_dialog->setEnableCloseButton(true);
+    m_dialog->setModal(true);
+    m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
+    m_dialog->setWidth(dialogSize().width());
+    m_dialog->setHeight(dialogSize().height());
+    m_dialog->setBodyItem(m_body);
+    if (QQuickItem *root = ScreenRoot::item()) {
+        m_dialog->setParentItem(root);
+        connect(root, &QQuickItem::widthChanged, this, &WifiPasswordDialog::adjust);
+        connect(root, &QQuickItem::heightChanged, this, &WifiPasswordDialog::adjust);
+    }
+    adjust();
+
+    connect(m_body, &WifiPasswordBody::confirmed, this, &WifiPasswordDialog::confirmed);
+    // Before the closing is done the field still has the focus that hides the keyboard when it goes.
+    connect(m_dialog, &QQuickPopup::aboutToHide, m_body, &WifiPasswordBody::clear);
+    connect(m_dialog, &QQuickPopup::closed, m_body, &WifiPasswordBody::clear);
+}
+
+Dialog *WifiPasswordDialog::popup() const
+{
+    return m_dialog;
+}
+
+bool WifiPasswordDialog::isOpen() const
+{
+    return m_dialog && m_dialog->isVisible();
+}
+
+void WifiPasswordDialog::open(const QString &title)
+{
+    setTitle(title);
+    adjust();
+    if (m_dialog)
+        m_dialog->open();
+}
+
+void WifiPasswordDialog::close()
+{
+    if (m_dialog)
+        m_dialog->close();
+}
+
+void WifiPasswordDialog::setTitle(const QString &title)
+{
+    if (m_dialog)
+        m_dialog->setTitle(displayName(title));
+}
+
+QString WifiPasswordDialog::password() const
+{
+    return m_body ? m_body->password() : QString();
+}
+
+void WifiPasswordDialog::endEditing()
+{
+    if (m_body)
+        m_body->endEditing();
+}
+
+void WifiPasswordDialog::setBodyVisible(bool visible)
+{
+    if (!m_body)
+        return;
+    if (!visible)
+        m_body->endEditing();
+    m_body->setEntryVisible(visible);
+}
+
+void WifiPasswordDialog::setStatus(const char *text, bool error)
+{
+    if (m_body)
+        m_body->setStatus(text, error);
+}
+
+QQuickItem *WifiPasswordDialog::busyPlace() const
+{
+    return m_body ? m_body->busyPlace() : nullptr;
+}
+
+void WifiPasswordDialog::adjust()
+{
+    const QQuickItem *root = ScreenRoot::item();
+    if (!m_dialog || !root)
+        return;
+    m_dialog->setX(qRound((root->width() - m_dialog->width()) / 2.0));
+    m_dialog->setY(VkbManager::instance().isVisible() ? besideKeyboardY
+                                                      : qRound((root->height() - m_dialog->height()) / 2.0));
+}
+
+} // namespace QSP

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+
+class QQuickItem;
+
+namespace QSP {
+
+class Dialog;
+class WifiPasswordBody;
+
+/// The dialog in which the operator enters the password of a network and sees
+/// how joining it goes. It stays clear of the on-screen keyboard and closes
+/// only by its button or by its owner; what was typed is gone then.
+class WifiPasswordDialog : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p card owns the dialog; it appears on the screen's root.
+    WifiPasswordDialog(QQuickItem *card, int fontPixelSize);
+
+    /// The dialog, or null when the screen has gone.
+    Dialog *popup() const;
+    bool isOpen() const;
+    void open(const QString &title);
+    void close();
+    void setTitle(const QString &title);
+
+    QString password() const;
+    void endEditing();
+    void setBodyVisible(bool visible);
+    void setStatus(const char *text, bool error = false);
+    QQuickItem *busyPlace() const;
+
+    /// Near the top while the keyboard is shown, else in the middle.
+    void adjust();
+
+signals:
+    /// "Connect" was tapped.
+    void confirmed();
+
+private:
+    QPointer<Dialog> m_dialog;
+    QPointer<WifiPasswordBody> m_body;
+};
+
+} // namespace QSP
