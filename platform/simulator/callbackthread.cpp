@@ -11,25 +11,27 @@ CallbackThread::~CallbackThread()
 
 void CallbackThread::scheduleReport(std::string label, int milliseconds, bool held, Work work)
 {
-    schedule({0, Clock::now() + std::chrono::milliseconds(milliseconds), true, held, false, std::move(label),
-              std::move(work)});
+    Job job;
+    job.due = Clock::now() + std::chrono::milliseconds(milliseconds);
+    job.report = true;
+    job.held = held;
+    job.label = std::move(label);
+    job.work = std::move(work);
+    schedule(std::move(job));
 }
 
 void CallbackThread::scheduleState(int milliseconds, Work work)
 {
-    schedule({0,
-              Clock::now() + std::chrono::milliseconds(milliseconds),
-              false,
-              false,
-              false,
-              {},
-              std::move(work)});
+    Job job;
+    job.due = Clock::now() + std::chrono::milliseconds(milliseconds);
+    job.work = std::move(work);
+    schedule(std::move(job));
 }
 
 void CallbackThread::schedule(Job job)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_stopping)
+    if (m_stopping || m_clearing)
         return;
     job.id = ++m_nextId;
     job.manual = m_manual && job.report;
@@ -48,7 +50,7 @@ void CallbackThread::setManual(bool manual, Waiting waiting)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_manual = manual;
     for (Job &job : m_jobs) {
-        if (job.report)
+        if (job.report && !job.claimed)
             job.manual = manual;
     }
     m_changed.notify_all();
@@ -69,7 +71,7 @@ bool CallbackThread::fireNext(const std::string &prefix, FireOn where)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     const auto found = std::find_if(m_jobs.begin(), m_jobs.end(), [&prefix](const Job &job) {
-        return job.report && job.label.compare(0, prefix.size(), prefix) == 0;
+        return job.report && !job.claimed && job.label.compare(0, prefix.size(), prefix) == 0;
     });
     if (found == m_jobs.end())
         return false;
@@ -77,11 +79,13 @@ bool CallbackThread::fireNext(const std::string &prefix, FireOn where)
     if (where == FireOn::CallingThread || isOwnThread()) {
         Jobs taken;
         taken.splice(taken.begin(), m_jobs, found);
+        m_changed.notify_all();
         lock.unlock();
         taken.front().work();
         return true;
     }
     const std::uint64_t id = found->id;
+    found->claimed = true;
     found->held = false;
     found->manual = false;
     found->due = Clock::time_point::min(); // ahead of everything that is merely due
@@ -111,7 +115,12 @@ void CallbackThread::dropAll()
     std::unique_lock<std::mutex> lock(m_mutex);
     dropped.swap(m_jobs);
     m_changed.notify_all();
-    waitForRunning(lock);
+    // A callback that clears the simulator itself cannot wait for its own end.
+    if (isOwnThread())
+        return;
+    m_clearing = true; // what the running callback asks for is forgotten as well
+    m_changed.wait(lock, [this] { return m_running == 0; });
+    m_clearing = false;
 }
 
 bool CallbackThread::waitIdle(int milliseconds)
@@ -176,15 +185,6 @@ CallbackThread::Jobs::iterator CallbackThread::nextDue()
             next = job;
     }
     return next;
-}
-
-void CallbackThread::waitForRunning(std::unique_lock<std::mutex> &lock)
-{
-    // A callback that clears the simulator itself cannot wait for its own end.
-    if (isOwnThread())
-        return;
-    const std::uint64_t running = m_running;
-    m_changed.wait(lock, [this, running] { return running == 0 || m_running != running; });
 }
 
 } // namespace HmiSimulator

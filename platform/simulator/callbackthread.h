@@ -43,11 +43,12 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
     struct Job {
-        std::uint64_t id;
+        std::uint64_t id = 0;
         Clock::time_point due;
-        bool report;
-        bool held;
-        bool manual; ///< held by manual mode only
+        bool report = false;
+        bool held = false;
+        bool manual = false;  ///< held by manual mode only
+        bool claimed = false; ///< somebody who fires it by hand waits for its end
         std::string label;
         Work work;
     };
@@ -57,7 +58,6 @@ private:
     void run();
     Jobs::iterator nextDue();
     bool isOwnThread() const { return std::this_thread::get_id() == m_threadId; }
-    void waitForRunning(std::unique_lock<std::mutex> &lock);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
@@ -66,6 +66,7 @@ private:
     std::uint64_t m_running = 0; ///< id of the job under way on the thread
     bool m_manual = false;
     bool m_stopping = false;
+    bool m_clearing = false;
     std::thread m_thread;
     std::thread::id m_threadId;
 };

@@ -113,15 +113,17 @@ void TestSimulatorThreads::fireFromSeveralThreads()
     auto reports = std::make_shared<Reports>();
     for (int i = 0; i < 40; ++i)
         service().pingTest(SystemSet::LAN0, [reports](bool) { reports->add(1); });
+    std::atomic<int> fired{0};
     std::vector<std::thread> threads;
     for (const HmiSimulator::FireOn where :
          {HmiSimulator::FireOn::SimulatorThread, HmiSimulator::FireOn::CallingThread}) {
         for (int i = 0; i < 2; ++i)
-            threads.emplace_back([where] { HmiSimulator::fireAll(where); });
+            threads.emplace_back([where, &fired] { fired += HmiSimulator::fireAll(where); });
     }
     for (std::thread &thread : threads)
         thread.join();
     QVERIFY(HmiSimulator::waitIdle());
+    QCOMPARE(fired.load(), 40); // each report is fired by one of them
     QCOMPARE(reports->values().size(), 40);
 }
 
