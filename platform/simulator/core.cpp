@@ -36,7 +36,7 @@ int Core::drift(int range)
     if (range <= 0)
         return 0;
     const std::lock_guard<std::mutex> lock(m_driftMutex);
-    const auto span = static_cast<std::minstd_rand::result_type>(2 * range + 1);
+    const auto span = 2 * static_cast<std::minstd_rand::result_type>(range) + 1;
     return static_cast<int>(m_random() % span) - range;
 }
 

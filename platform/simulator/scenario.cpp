@@ -20,7 +20,7 @@ using HMI::SystemSet;
 
 namespace {
 
-constexpr qint64 MaximumFileBytes = 4 * 1024 * 1024;
+constexpr qint64 MaximumFileBytes = 4LL * 1024 * 1024;
 constexpr int MaximumDelay = 600000;
 constexpr int MaximumNetworks = 10000;
 constexpr int MaximumBytes = 100000;

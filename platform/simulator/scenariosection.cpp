@@ -166,7 +166,7 @@ QJsonArray ScenarioSection::list(const char *key, int minimum, int maximum)
     const QJsonValue found = take(key);
     if (found.isUndefined())
         return {};
-    const QJsonArray list = found.toArray();
+    QJsonArray list = found.toArray();
     if (!found.isArray() || list.size() < minimum || list.size() > maximum) {
         refuse(key, minimum == maximum
                         ? QStringLiteral("must be a list of %1").arg(minimum)
