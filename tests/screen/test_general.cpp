@@ -1,0 +1,478 @@
+#include "tests/screen/screenfixture.h"
+#include "tests/support/journal.h"
+
+#include <QtGui/QGuiApplication>
+
+#include <cmath>
+
+namespace {
+
+const QVector<QSize> sizes{{480, 800}, {600, 1024}, {800, 480}, {1024, 600}, {1280, 800}};
+
+QStringList brightCalls()
+{
+    return Journal::calls("setBright");
+}
+
+} // namespace
+
+/// The General page as an operator works it: brightness, date and time, buzzer.
+class TestGeneral : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void texts_data();
+    void texts();
+    void sliderDrawing_data();
+    void sliderDrawing();
+    void stepButtons();
+    void stepAtTheEndSavesAlone();
+    void holdSteps();
+    void holdIsTakenBack();
+    void sliderFollowsTheFinger();
+    void sliderByTouch();
+    void sliderBeepsIfTheBuzzerIsOn();
+    void brightnessBeyondItsRange_data();
+    void brightnessBeyondItsRange();
+    void buzzerSwitch();
+    void buzzerChangedElsewhere();
+    void setTheClock_data();
+    void setTheClock();
+    void clockRefused();
+    void editorLeftAlone();
+    void editorTextsFollowTheLanguage();
+    void hostClosesWhileEditing();
+    void hostDeletesWhileEditing();
+
+private:
+    void build(const QSize &size);
+    QQuickItem *card(const char *name) const { return m_fixture->card(name); }
+    QQuickItem *brightness() const { return card("QSP::CardBrightness"); }
+    QQuickItem *slider() const { return Operator::byClass(brightness(), "QQuickSlider"); }
+    QQuickItem *minus() const { return Operator::allByClass(brightness(), "QSP::BrightButton").value(0); }
+    QQuickItem *plus() const { return Operator::allByClass(brightness(), "QSP::BrightButton").value(1); }
+    QQuickItem *turn() const { return Operator::byClass(card("QSP::CardBuzzer"), "QSP::BeepSwitch"); }
+    QPoint sliderPoint(int level) const;
+    void openEditor() const;
+    QQuickItem *field(const QString &name) const { return named(name); }
+    QQuickItem *keyboardKey(const QString &name) const { return named("vkbKey_" + name); }
+    QQuickItem *named(const QString &name) const;
+    bool isKeyboardShown() const { return named(QStringLiteral("vkbKeyboard")) != nullptr; }
+
+    std::unique_ptr<ScreenFixture> m_fixture;
+};
+
+void TestGeneral::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+void TestGeneral::cleanup()
+{
+    m_fixture.reset();
+    endWatch();
+}
+
+void TestGeneral::build(const QSize &size)
+{
+    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size);
+    QVERIFY(m_fixture->isBuilt());
+    HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
+    m_fixture->open();
+    if (size.width() < 800)
+        m_fixture->tapMenu(QStringLiteral("General"));
+    QVERIFY(brightness());
+    HmiSimulator::clearJournal();
+}
+
+QQuickItem *TestGeneral::named(const QString &name) const
+{
+    const auto wanted = [&name](QQuickItem *item) { return item->isVisible() && item->objectName() == name; };
+    return Operator::items(m_fixture->glass(), wanted).value(0);
+}
+
+// Where the middle of the handle is at that level.
+QPoint TestGeneral::sliderPoint(int level) const
+{
+    const qreal handle = slider()->property("handle").value<QQuickItem *>()->width();
+    const qreal x = handle / 2.0 + (level - 1) / 31.0 * (slider()->width() - handle);
+    return slider()->mapToScene({x, slider()->height() / 2.0}).toPoint();
+}
+
+void TestGeneral::openEditor() const
+{
+    Operator::tap(Operator::byClass(card("QSP::CardTime"), "QSP::BeepButton"));
+    QVERIFY(field(QStringLiteral("Year")));
+}
+
+void TestGeneral::texts_data()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize &size : sizes)
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
+}
+
+void TestGeneral::texts()
+{
+    QFETCH(QSize, size);
+    build(size);
+    const auto shown = [this](const char *name) { return Operator::visibleTexts(card(name)); };
+    QCOMPARE(shown("QSP::CardBrightness"), (QStringList{"Brightness", "20"}));
+    QCOMPARE(shown("QSP::CardBuzzer"), (QStringList{"Buzzer", "Buzzer"}));
+    QCOMPARE(shown("QSP::CardTime").mid(0, 2), (QStringList{"Time", "Date & Time"}));
+    QCOMPARE(shown("QSP::CardTime").size(), 3);
+
+    // The language changed elsewhere: all of them follow when the screen is opened.
+    m_fixture->close();
+    HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
+    m_fixture->open();
+    if (size.width() < 800)
+        m_fixture->tapMenu(QString::fromUtf8("通用设置"));
+    QCOMPARE(shown("QSP::CardBrightness"), (QStringList{QString::fromUtf8("亮度"), "20"}));
+    QCOMPARE(shown("QSP::CardBuzzer"),
+             (QStringList{QString::fromUtf8("蜂鸣器"), QString::fromUtf8("蜂鸣器")}));
+    const QStringList time = shown("QSP::CardTime");
+    QCOMPARE(time.mid(0, 2), (QStringList{QString::fromUtf8("时间"), QString::fromUtf8("日期与时间")}));
+    QVERIFY2(time.value(2).contains(QString::fromUtf8("周")), qPrintable(time.value(2)));
+}
+
+void TestGeneral::sliderDrawing_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("row");
+    const QVector<int> rows{43, 54, 42, 54, 68};
+    for (int i = 0; i < sizes.size(); ++i)
+        QTest::addRow("%dx%d", sizes[i].width(), sizes[i].height()) << sizes[i] << rows[i];
+}
+
+void TestGeneral::sliderDrawing()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, row);
+    build(size);
+    QCOMPARE(brightness()->property("brightnessTitleRowHeight").toInt(), row);
+    const auto round = [](qreal value) { return static_cast<int>(std::floor(value + 0.5)); };
+
+    for (QQuickItem *button : {minus(), plus()}) {
+        QCOMPARE(button->width(), qreal(round(0.55 * row)));
+        QCOMPARE(button->height(), button->width());
+        QCOMPARE(button->property("autoRepeat").toBool(), true);
+    }
+    const auto iconOf = [](QQuickItem *button) {
+        return button->property("background").value<QQuickItem *>()->property("source").toUrl();
+    };
+    QCOMPARE(iconOf(minus()), QUrl("qrc:/setting/icons/newdecrease.png"));
+    QCOMPARE(iconOf(plus()), QUrl("qrc:/setting/icons/newincrease.png"));
+
+    const auto *handle = slider()->property("handle").value<QQuickItem *>();
+    QCOMPARE(handle->width(), qreal(round(0.55 * row)));
+    QCOMPARE(handle->height(), handle->width());
+    auto *groove = slider()->property("background").value<QQuickItem *>();
+    QCOMPARE(groove->height(), qreal(round(0.18 * row)));
+    QCOMPARE(groove->property("radius").toReal(), groove->height() / 2.0);
+    QCOMPARE(groove->property("color").value<QColor>(), QColor("#C9CDD4"));
+    const QQuickItem *filled = groove->childItems().value(0);
+    QVERIFY(filled);
+    QCOMPARE(filled->property("color").value<QColor>(), QColor("#3482FF"));
+    for (const int level : {20, 1, 32}) {
+        brightness()->setProperty("brightnessValue", level);
+        QCOMPARE(filled->width(), qreal(round(groove->width() * level / 32)));
+        QVERIFY(Operator::byText(brightness(), QString::number(level)));
+    }
+
+    // Minus, slider, level, plus from left to right, nothing over another, all within the card.
+    qreal right = 0.0;
+    QQuickItem *level = Operator::byText(brightness(), QStringLiteral("32"))->parentItem();
+    QCOMPARE(level->width(), qreal(round(0.5 * row)));
+    for (QQuickItem *item : {minus(), slider(), level, plus()}) {
+        const qreal left = item->mapToItem(brightness(), QPointF()).x();
+        QVERIFY(left > right);
+        right = left + item->width();
+    }
+    QVERIFY(right < brightness()->width());
+}
+
+void TestGeneral::stepButtons()
+{
+    build({1024, 600});
+    HmiSimulator::setBuzzerOn(false);
+    Operator::tap(plus());
+    QCOMPARE(brightCalls(), (QStringList{"setBright(21, no save)", "setBright(21, save)"}));
+    HmiSimulator::clearJournal();
+    Operator::tap(minus());
+    Operator::touch(minus());
+    QCOMPARE(brightCalls(), (QStringList{"setBright(20, no save)", "setBright(20, save)",
+                                         "setBright(19, no save)", "setBright(19, save)"}));
+    QVERIFY(Operator::byText(brightness(), QStringLiteral("19")));
+    QCOMPARE(slider()->property("value").toReal(), 19.0);
+}
+
+void TestGeneral::stepAtTheEndSavesAlone()
+{
+    HmiSimulator::setBright(1);
+    build({1024, 600});
+    QSignalSpy changed(brightness(), SIGNAL(brightnessValueChanged()));
+    Operator::press(minus());
+    QCOMPARE(brightCalls(), QStringList());
+    Operator::release(minus());
+    QCOMPARE(brightCalls(), QStringList{"setBright(1, save)"});
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestGeneral::holdSteps()
+{
+    HmiSimulator::setBright(30);
+    build({1024, 600});
+    Operator::press(plus());
+    QTRY_COMPARE(HmiSimulator::panel().bright, 32);
+    // Held on at the end, it has nothing more to do.
+    Operator::settle(250);
+    QCOMPARE(brightCalls(), (QStringList{"setBright(31, no save)", "setBright(32, no save)"}));
+    Operator::release(plus());
+    QCOMPARE(brightCalls(),
+             (QStringList{"setBright(31, no save)", "setBright(32, no save)", "setBright(32, save)"}));
+    QCOMPARE(HmiSimulator::panel().savedBright, 32);
+}
+
+void TestGeneral::holdIsTakenBack()
+{
+    build({1024, 600});
+    // The finger slides off the button before it is lifted.
+    const QPoint from = Operator::centerOf(plus());
+    Operator::drag(m_fixture->window(), from, from + QPoint(0, 200));
+    QCOMPARE(HmiSimulator::panel().bright, 21);
+    QCOMPARE(HmiSimulator::panel().savedBright, 21);
+    QVERIFY(!plus()->property("pressed").toBool());
+    // The screen goes away under the finger.
+    HmiSimulator::clearJournal();
+    QQuickItem *button = plus();
+    Operator::press(button);
+    m_fixture->close();
+    Operator::release(button);
+    QCOMPARE(brightCalls().value(0), QStringLiteral("setBright(22, no save)"));
+    QCOMPARE(HmiSimulator::panel().savedBright, 22);
+    HmiSimulator::clearJournal();
+    Operator::settle(500);
+    QCOMPARE(brightCalls(), QStringList());
+}
+
+void TestGeneral::sliderFollowsTheFinger()
+{
+    build({1024, 600});
+    Operator::drag(m_fixture->window(), sliderPoint(20), sliderPoint(25), 40);
+    QStringList expected;
+    for (int level = 21; level <= 25; ++level)
+        expected << QStringLiteral("setBright(%1, no save)").arg(level);
+    expected << QStringLiteral("setBright(25, save)");
+    QCOMPARE(brightCalls(), expected);
+    QVERIFY(Operator::byText(brightness(), QStringLiteral("25")));
+
+    // Over the ends and back: each new level once, the last one saved.
+    HmiSimulator::clearJournal();
+    Operator::drag(m_fixture->window(), sliderPoint(25), sliderPoint(32) + QPoint(60, 0), 60);
+    QCOMPARE(HmiSimulator::panel().bright, 32);
+    QCOMPARE(brightCalls().size(), 8);
+    QCOMPARE(brightCalls().last(), QStringLiteral("setBright(32, save)"));
+    Operator::drag(m_fixture->window(), sliderPoint(32), sliderPoint(1) - QPoint(300, 0), 100);
+    QCOMPARE(HmiSimulator::panel().bright, 1);
+    QCOMPARE(brightCalls().last(), QStringLiteral("setBright(1, save)"));
+}
+
+void TestGeneral::sliderByTouch()
+{
+    build({480, 800});
+    Operator::touch(slider());
+    // The middle of the slider lies between two levels.
+    const int level = HmiSimulator::panel().bright;
+    QVERIFY2(level == 16 || level == 17, qPrintable(QString::number(level)));
+    QCOMPARE(brightCalls(), (QStringList{QStringLiteral("setBright(%1, no save)").arg(level),
+                                         QStringLiteral("setBright(%1, save)").arg(level)}));
+    QCOMPARE(HmiSimulator::panel().savedBright, level);
+}
+
+void TestGeneral::sliderBeepsIfTheBuzzerIsOn()
+{
+    build({1024, 600});
+    HmiSimulator::setBuzzerOn(true);
+    Operator::drag(m_fixture->window(), sliderPoint(20), sliderPoint(22), 20);
+    QCOMPARE(Journal::calls("beep"), QStringList{"beep(true)"});
+    QCOMPARE(Journal::calls().first(), QStringLiteral("beep(true)"));
+    HmiSimulator::setBuzzerOn(false);
+    HmiSimulator::clearJournal();
+    Operator::drag(m_fixture->window(), sliderPoint(22), sliderPoint(20), 20);
+    QCOMPARE(Journal::calls("beep"), QStringList());
+}
+
+void TestGeneral::brightnessBeyondItsRange_data()
+{
+    QTest::addColumn<int>("told");
+    QTest::addColumn<int>("shownAt");
+    QTest::newRow("0") << 0 << 1;
+    QTest::newRow("99") << 99 << 32;
+    QTest::newRow("-7") << -7 << 1;
+}
+
+void TestGeneral::brightnessBeyondItsRange()
+{
+    QFETCH(int, told);
+    QFETCH(int, shownAt);
+    HmiSimulator::setBright(told);
+    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), QSize(1024, 600));
+    m_fixture->open();
+    m_fixture->close();
+    m_fixture->open();
+    QVERIFY(Operator::byText(brightness(), QString::number(told)));
+    QCOMPARE(slider()->property("value").toInt(), shownAt);
+    QCOMPARE(brightCalls(), QStringList());
+    // A touch of the slider where it is changes nothing by itself, but what is saved is what is shown.
+    Operator::tap(m_fixture->window(), sliderPoint(10));
+    QCOMPARE(brightCalls(), (QStringList{"setBright(10, no save)", "setBright(10, save)"}));
+}
+
+void TestGeneral::buzzerSwitch()
+{
+    build({800, 480});
+    HmiSimulator::setBuzzerOn(true);
+    Operator::tap(turn());
+    QVERIFY(!turn()->property("on").toBool());
+    // The click that turns it off is silent, the one that turns it on is heard.
+    QCOMPARE(Journal::calls(), QStringList{"setBuzzerOn(false)"});
+    QVERIFY(!HmiSimulator::panel().buzzer);
+    Operator::touch(turn());
+    QVERIFY(turn()->property("on").toBool());
+    QCOMPARE(Journal::calls(), (QStringList{"setBuzzerOn(false)", "setBuzzerOn(true)", "beep(true)"}));
+    QVERIFY(HmiSimulator::panel().buzzer);
+}
+
+void TestGeneral::buzzerChangedElsewhere()
+{
+    build({1024, 600});
+    QVERIFY(turn()->property("on").toBool());
+    m_fixture->close();
+    HmiSimulator::setBuzzerOn(false);
+    HmiSimulator::clearJournal();
+    m_fixture->open();
+    QVERIFY(!turn()->property("on").toBool());
+    QCOMPARE(Journal::calls(), QStringList());
+}
+
+void TestGeneral::setTheClock_data()
+{
+    texts_data();
+}
+
+void TestGeneral::setTheClock()
+{
+    QFETCH(QSize, size);
+    build(size);
+    openEditor();
+    const QVector<QPair<QString, QString>> entries{{"Year", "2031"}, {"Month", "2"},   {"Day", "28"},
+                                                   {"Hour", "23"},   {"Minute", "59"}, {"Second", "58"}};
+    for (const auto &entry : entries) {
+        Operator::tap(field(entry.first));
+        QVERIFY2(isKeyboardShown(), qPrintable(entry.first));
+        Operator::tap(keyboardKey(QStringLiteral("clear")));
+        for (const QChar digit : entry.second)
+            Operator::tap(keyboardKey(digit));
+        QCOMPARE(field(entry.first)->property("text").toString(), entry.second);
+        // Never covered while it is typed into.
+        const QQuickItem *keyboard = named(QStringLiteral("vkbKeyboard"));
+        const QQuickItem *box = field(entry.first);
+        QVERIFY(box->mapToScene({0, box->height()}).y() <= keyboard->mapToScene(QPointF()).y());
+    }
+    Operator::tap(keyboardKey(QStringLiteral("enter")));
+    QVERIFY(!isKeyboardShown());
+    QVERIFY(!field(QStringLiteral("Year")));
+    const qint64 seconds = QDateTime(QDate(2031, 2, 28), QTime(23, 59, 58)).toSecsSinceEpoch();
+    QCOMPARE(Journal::callsButBeeps(),
+             (QStringList{QStringLiteral("setSystemTime(%1)").arg(seconds), "syncHwclock()"}));
+}
+
+void TestGeneral::clockRefused()
+{
+    build({1024, 600});
+    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.clockRefused = true; });
+    openEditor();
+    m_fixture->tapText(QStringLiteral("OK"));
+    QVERIFY(!field(QStringLiteral("Year")));
+    const QStringList calls = Journal::callsButBeeps();
+    QCOMPARE(calls.size(), 1);
+    QVERIFY2(calls.first().startsWith(QLatin1String("setSystemTime(")), qPrintable(calls.first()));
+}
+
+void TestGeneral::editorLeftAlone()
+{
+    build({1024, 600});
+    openEditor();
+    Operator::tap(field(QStringLiteral("Year")));
+    Operator::tap(keyboardKey(QStringLiteral("clear")));
+    Operator::tap(keyboardKey(QStringLiteral("hide")));
+    QVERIFY(!isKeyboardShown());
+    m_fixture->tapText(QStringLiteral("OK"));
+    QVERIFY2(field(QStringLiteral("Year")), "an empty year was confirmed");
+    // A tap outside puts it away, and does nothing else: there is the menu underneath.
+    Operator::tap(m_fixture->window(),
+                  Operator::centerOf(Operator::byText(m_fixture->root(), QStringLiteral("Language"))));
+    QTRY_VERIFY(!field(QStringLiteral("Year")));
+    QCOMPARE(m_fixture->title(), QStringLiteral("General"));
+    QCOMPARE(Journal::callsButBeeps(), QStringList());
+    // Opened again, it is whole again.
+    openEditor();
+    QCOMPARE(field(QStringLiteral("Year"))->property("text").toString().size(), 4);
+}
+
+void TestGeneral::editorTextsFollowTheLanguage()
+{
+    build({1024, 600});
+    openEditor();
+    QVERIFY(Operator::byText(m_fixture->glass(), QStringLiteral("OK")));
+    HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
+    // Asked for again while it is open, as a host may.
+    m_fixture->open();
+    QVERIFY(Operator::byText(m_fixture->glass(), QString::fromUtf8("确定")));
+    QVERIFY(!Operator::byText(m_fixture->glass(), QStringLiteral("OK")));
+    QVERIFY(field(QStringLiteral("Year")));
+}
+
+void TestGeneral::hostClosesWhileEditing()
+{
+    build({480, 800});
+    for (int i = 0; i < 3; ++i) {
+        openEditor();
+        Operator::tap(field(QStringLiteral("Month")));
+        Operator::tap(keyboardKey(QStringLiteral("1")));
+        QVERIFY(isKeyboardShown());
+        m_fixture->close();
+        QVERIFY(!isKeyboardShown());
+        QVERIFY(!field(QStringLiteral("Year")));
+        // Keys that were under way reach nothing.
+        Operator::type(m_fixture->window(), QStringLiteral("12"));
+        Operator::key(m_fixture->window(), Qt::Key_Return);
+        m_fixture->open();
+        QVERIFY(!field(QStringLiteral("Year")));
+        m_fixture->tapMenu(QStringLiteral("General"));
+    }
+    QCOMPARE(Journal::callsButBeeps(), QStringList());
+}
+
+void TestGeneral::hostDeletesWhileEditing()
+{
+    build({1024, 600});
+    openEditor();
+    Operator::tap(field(QStringLiteral("Month")));
+    QVERIFY(isKeyboardShown());
+    delete m_fixture->root();
+    QVERIFY(!isKeyboardShown());
+    QVERIFY(!field(QStringLiteral("Year")));
+    Operator::type(m_fixture->window(), QStringLiteral("12"));
+    Operator::settle(50);
+    QCOMPARE(Journal::callsButBeeps(), QStringList());
+}
+
+PANEL_TEST_MAIN(TestGeneral)
+
+#include "test_general.moc"
