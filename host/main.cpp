@@ -54,8 +54,10 @@ int main(int argc, char **argv)
     }
     if (options->needsDisplay() && !hasDisplay())
         return complain(QStringLiteral("there is no display; --vnc goes without"), failed);
-    if (!options->needsDisplay())
+    if (!options->needsDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+    }
 
     // Qt wants a place of its own for its sockets, and warns when the session offers none.
     const QTemporaryDir runtimeDirectory;

@@ -1,122 +1,109 @@
 #include "host/tour/itinerary.h"
 
-#include "host/panelservice.h"
-
 namespace {
 
-using Action = std::function<void(Visitor &)>;
+using Stops = std::vector<Stop>;
 
-// --- What a visitor does ---
-
-Action tapText(const char *context, const char *english)
+void visitGeneral(Stops &stops)
 {
-    return [=](Visitor &visitor) { visitor.tapText(Visitor::said(context, english)); };
-}
-
-Action tapClass(const char *className, int index, const char *within = nullptr)
-{
-    return [=](Visitor &visitor) { visitor.tapClass(className, index, within); };
-}
-
-Action type(const char *characters)
-{
-    return [=](Visitor &visitor) { visitor.typeOnScreen(QLatin1String(characters)); };
-}
-
-Action see(const char *context, const char *english)
-{
-    return [=](Visitor &visitor) { visitor.waitFor(Visitor::said(context, english)); };
-}
-
-Action choose(Options::Language language)
-{
-    return [=](Visitor &) { PanelService::setLanguage(language); };
-}
-
-// The key beside the glass.
-Action leave()
-{
-    return [](Visitor &visitor) { visitor.leaveSettings(); };
-}
-
-// In the title bar of a narrow screen.
-void goBack(Visitor &visitor)
-{
-    visitor.tapAt(QPoint(20, 20));
-}
-
-Action page(const char *title)
-{
-    return [=](Visitor &visitor) {
-        const QString text = Visitor::said("QSP::AppRootItem", title);
-        if (!visitor.seesButton(text))
-            goBack(visitor);
-        visitor.tapText(text);
-        visitor.waitFor(text);
-    };
-}
-
-// --- The pages ---
-
-void visitGeneral(std::vector<Stop> &stops)
-{
-    stops.push_back({"general", {page("General")}});
-    const Action dim = tapClass("QSP::BrightButton", 0);
+    stops.push_back({"general", {Do::page("General")}});
+    const Action dim = Do::tapClass("QSP::BrightButton", 0);
     stops.push_back({"general-dimmed", {dim, dim, dim}});
-    stops.push_back({"general-buzzer", {tapClass("QSP::BeepSwitch", 0, "QSP::CardBuzzer")}});
+    stops.push_back({"general-buzzer", {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardBuzzer")}});
     stops.push_back({"general-clock-editor",
-                     {tapClass("QSP::BeepButton", 0, "QSP::CardTime"), see("TimeEditPopup", "OK")}});
-    stops.push_back({"general-clock-editor-keys", {tapClass("QQuickTextInput", 0), type("2031")}});
-    stops.push_back({"general-clock-set", {tapText("TimeEditPopup", "OK")}});
+                     {Do::tapClass("QSP::BeepButton", 0, "QSP::CardTime"), Do::see("TimeEditPopup", "OK")}});
+    stops.push_back({"general-clock-editor-keys", {Do::tapClass("QQuickTextInput", 0), Do::type("2031")}});
+    stops.push_back({"general-clock-set", {Do::tapText("TimeEditPopup", "OK")}});
 }
 
-void visitNetwork(std::vector<Stop> &stops)
+void visitAdapters(Stops &stops)
 {
-    stops.push_back({"network", {page("Network")}});
+    stops.push_back({"network", {Do::page("Network"), Do::see("CardNetwork", "MAC")}});
+    // The lowest field that can be edited: IP address and mask have four inputs each before it.
+    stops.push_back({"network-address-keys", {Do::tapClass("QQuickTextInput", 8, "QSP::CardNetwork")}});
+    stops.push_back({"network-lan1", {Do::tapKey("vkbKey_hide"), Do::tapText("CardNetwork", "LAN1")}});
+    stops.push_back({"network-wifi", {Do::tapText("CardNetwork", "Wi-Fi")}});
+    stops.push_back({"network-4g", {Do::tapText("CardNetwork", "4G")}});
+    stops.push_back({"network-vpn", {Do::tapText("CardNetwork", "VPN")}});
+    const Action servers = Do::tapClass("QSP::ComboBox", 0, "QSP::CardNetwork");
+    stops.push_back({"network-vpn-servers", {servers}});
+    stops.push_back(
+        {"network-vpn-connecting", {servers, Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork")}});
+    stops.push_back(
+        {"network-vpn-off",
+         {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork"), Do::tapText("CardNetwork", "LAN0")}});
 }
 
-void visitOthers(std::vector<Stop> &stops)
+void visitDefaultAdapter(Stops &stops)
 {
-    stops.push_back({"version", {page("Version")}});
-    stops.push_back({"language", {page("Language")}});
+    const Action list = Do::tapClass("QSP::ComboBox", 0, "QSP::CardNIC");
+    stops.push_back({"default-adapters", {list}});
+    stops.push_back(
+        {"ping-result", {list, Do::tapText("CardNIC", "Test"), Do::see("CardNIC", "Test successful!")}});
 }
 
-void visitSettings(std::vector<Stop> &stops, bool isNarrow)
+// Joins @p network, which is open or known to the panel.
+void visitWifi(Stops &stops, const char *network)
 {
-    const Action open = tapText("", "Settings");
+    stops.push_back({"wifi-scanning",
+                     {Do::tapAside(), Do::tapText("CardNetwork", "Wi-Fi"),
+                      Do::tapText("CardNetwork", "Wi-Fi Settings"), Do::see("CardWifi", "Nearby Wi-Fi")}});
+    stops.push_back({"wifi-networks", {Do::seeName("Maintenance")}});
+    stops.push_back({"wifi-password", {Do::tapName("Maintenance"), Do::see("CardWifi", "Enter password")}});
+    stops.push_back({"wifi-password-keys", {Do::tapClass("QQuickTextInput", 0), Do::type("guess")}});
+    stops.push_back(
+        {"wifi-connecting", {Do::tapText("CardWifi", "Connect"), Do::see("CardWifi", "Connecting")}});
+    stops.push_back({"wifi-wrong-password", {Do::see("CardWifi", "Wrong password")}});
+    stops.push_back({"wifi-joined",
+                     {Do::tapClass("QSP::BeepButton", 0, "QQuickPopupItem"), Do::tapName(network),
+                      Do::seeName(network)}});
+}
+
+void visitOthers(Stops &stops)
+{
+    stops.push_back({"version", {Do::page("Version")}});
+    stops.push_back({"language", {Do::page("Language")}});
+}
+
+void visitSettings(Stops &stops, bool isNarrow, const char *network)
+{
+    const Action open = Do::tapText("", "Settings");
     if (isNarrow) {
-        stops.push_back({"menu", {open, see("QSP::AppRootItem", "General")}});
+        stops.push_back({"menu", {open, Do::see("QSP::AppRootItem", "General")}});
         visitGeneral(stops);
     } else {
         const size_t first = stops.size();
         visitGeneral(stops);
         stops[first].actions.insert(stops[first].actions.begin(), open);
     }
-    visitNetwork(stops);
+    visitAdapters(stops);
+    visitDefaultAdapter(stops);
+    visitWifi(stops, network);
     visitOthers(stops);
     if (isNarrow)
-        stops.push_back({"back-to-menu", {goBack, see("QSP::AppRootItem", "General")}});
+        stops.push_back({"back-to-menu", {Do::goBack(), Do::see("QSP::AppRootItem", "General")}});
 }
 
 } // namespace
 
 std::vector<Stop> itinerary(bool isNarrow)
 {
-    std::vector<Stop> stops;
+    Stops stops;
     stops.push_back({"operator", {}});
-    visitSettings(stops, isNarrow);
-    stops.push_back({"operator-again", {leave()}});
+    visitSettings(stops, isNarrow, "Works Hall Guests");
+    stops.push_back({"operator-again", {Do::leave()}});
 
     // The panel was switched to Chinese elsewhere: the settings follow when they are opened.
-    std::vector<Stop> chinese;
-    visitSettings(chinese, isNarrow);
-    chinese.front().actions.insert(chinese.front().actions.begin(), choose(Options::Language::Chinese));
+    Stops chinese;
+    visitSettings(chinese, isNarrow, "Works Hall");
+    chinese.front().actions.insert(chinese.front().actions.begin(), Do::choose(Options::Language::Chinese));
     for (Stop &stop : chinese) {
         stop.picture += QLatin1String("-zh");
         stops.push_back(std::move(stop));
     }
-    stops.push_back({"language-back-to-english",
-                     {page("Language"), tapText("", "English"), see("QSP::AppRootItem", "Language")}});
-    stops.push_back({"operator-at-last", {leave()}});
+    stops.push_back(
+        {"language-back-to-english",
+         {Do::page("Language"), Do::tapName("English"), Do::see("QSP::AppRootItem", "Language")}});
+    stops.push_back({"operator-at-last", {Do::leave()}});
     return stops;
 }

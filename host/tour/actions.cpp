@@ -1,0 +1,83 @@
+#include "host/tour/actions.h"
+
+#include "host/panelservice.h"
+
+namespace Do {
+
+namespace {
+
+void tapReturnButton(Visitor &visitor)
+{
+    visitor.tapAt(QPoint(20, 20));
+}
+
+} // namespace
+
+Action tapText(const char *context, const char *english)
+{
+    return [=](Visitor &visitor) { visitor.tapText(Visitor::said(context, english)); };
+}
+
+Action tapName(const char *text)
+{
+    return [=](Visitor &visitor) { visitor.tapText(QString::fromUtf8(text)); };
+}
+
+Action tapClass(const char *className, int index, const char *within)
+{
+    return [=](Visitor &visitor) { visitor.tapClass(className, index, within); };
+}
+
+Action tapKey(const char *objectName)
+{
+    return [=](Visitor &visitor) { visitor.tapName(QLatin1String(objectName)); };
+}
+
+Action type(const char *characters)
+{
+    return [=](Visitor &visitor) { visitor.typeOnScreen(QLatin1String(characters)); };
+}
+
+Action see(const char *context, const char *english)
+{
+    return [=](Visitor &visitor) { visitor.waitFor(Visitor::said(context, english)); };
+}
+
+Action seeName(const char *text)
+{
+    return [=](Visitor &visitor) { visitor.waitFor(QString::fromUtf8(text)); };
+}
+
+Action tapAside()
+{
+    return [](Visitor &visitor) { visitor.tapAt(QPoint(3, visitor.window()->height() - 3)); };
+}
+
+Action page(const char *title)
+{
+    return [=](Visitor &visitor) {
+        const QString text = Visitor::said("QSP::AppRootItem", title);
+        // On a narrow screen at most two steps lead back to the menu.
+        for (int i = 0; i < 2 && !visitor.seesButton(text); ++i)
+            tapReturnButton(visitor);
+        visitor.tapText(text);
+        visitor.waitFor(text);
+    };
+}
+
+Action goBack()
+{
+    return tapReturnButton;
+}
+
+Action leave()
+{
+    return [](Visitor &visitor) { visitor.leaveSettings(); };
+}
+
+Action choose(Options::Language language)
+{
+    return [=](Visitor &) { PanelService::setLanguage(language); };
+}
+
+} // namespace Do

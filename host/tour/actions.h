@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/options.h"
+#include "host/tour/visitor.h"
+
+#include <functional>
+
+/// What a visitor does at a stop.
+using Action = std::function<void(Visitor &)>;
+
+/// Actions from which the stops of the tour are put together. Texts are given in English with their
+/// translation context and looked for in the language that the screen has when the action is done.
+namespace Do {
+
+Action tapText(const char *context, const char *english);
+/// What is not translated, such as the name of a network.
+Action tapName(const char *text);
+/// As Visitor::tapClass().
+Action tapClass(const char *className, int index, const char *within = nullptr);
+Action tapKey(const char *objectName);
+/// On the on-screen keyboard.
+Action type(const char *characters);
+Action see(const char *context, const char *english);
+Action seeName(const char *text);
+/// The corner of the glass where nothing is, which closes lists and dialogs.
+Action tapAside();
+/// Shows the page of a menu entry, from wherever the visitor is.
+Action page(const char *title);
+/// The return button in the title bar of a narrow screen.
+Action goBack();
+/// The key beside the glass.
+Action leave();
+/// Chooses a language elsewhere on the panel.
+Action choose(Options::Language language);
+
+} // namespace Do
