@@ -53,6 +53,8 @@ ItemDelegate {
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
             x: 10
+            width: Math.max(0, parent.width - 2 * x)
+            elide: Text.ElideRight
             anchors.verticalCenter: parent.verticalCenter
             text: modelData.name
             font.pixelSize: _com.fontPixelSize
