@@ -317,13 +317,6 @@ void KeyboardItem::geometryChanged(const QRectF &newGeometry, const QRectF &oldG
         arrange();
 }
 
-void KeyboardItem::itemChange(ItemChange change, const ItemChangeData &value)
-{
-    QQuickRectangle::itemChange(change, value);
-    if ((change == ItemVisibleHasChanged && !value.boolValue) || change == ItemSceneChange)
-        dropContacts();
-}
-
 void KeyboardItem::mousePressEvent(QMouseEvent *event)
 {
     event->accept();
@@ -383,11 +376,6 @@ void KeyboardItem::touchEvent(QTouchEvent *event)
 void KeyboardItem::touchUngrabEvent()
 {
     dropContacts();
-}
-
-void KeyboardItem::wheelEvent(QWheelEvent *event)
-{
-    event->accept(); // what lies behind the keyboard must not scroll
 }
 
 } // namespace StandIn

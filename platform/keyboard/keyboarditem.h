@@ -35,7 +35,6 @@ public:
 
 protected:
     void geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry) override;
-    void itemChange(ItemChange change, const ItemChangeData &value) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -43,7 +42,6 @@ protected:
     void mouseUngrabEvent() override;
     void touchEvent(QTouchEvent *event) override;
     void touchUngrabEvent() override;
-    void wheelEvent(QWheelEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 
 private:

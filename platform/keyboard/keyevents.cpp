@@ -17,7 +17,7 @@ struct Stroke {
     bool autoRepeat;
 };
 
-void deliver(const QPointer<QQuickItem> &target, QEvent::Type type, const Stroke &stroke)
+void deliver(QQuickItem *target, QEvent::Type type, const Stroke &stroke)
 {
     QKeyEvent event(type, stroke.key, stroke.modifiers, stroke.text, stroke.autoRepeat);
     // The window's own way up the parents trusts that the item survives an

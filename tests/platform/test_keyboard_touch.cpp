@@ -24,6 +24,7 @@ private slots:
     void backspaceRepeats();
     void repeatEndsWithTheTouch();
     void repeatStaysInItsField();
+    void repeatEndsWhenHidden_data();
     void repeatEndsWhenHidden();
     void cancelledTouchLetsGo();
     void restingKeyboardHasNoTimer();
@@ -319,17 +320,31 @@ void TestKeyboardTouch::repeatStaysInItsField()
     fixture.touchUp(0, point);
 }
 
+void TestKeyboardTouch::repeatEndsWhenHidden_data()
+{
+    QTest::addColumn<bool>("byMouse");
+    QTest::newRow("finger") << false;
+    QTest::newRow("mouse") << true;
+}
+
 void TestKeyboardTouch::repeatEndsWhenHidden()
 {
+    QFETCH(bool, byMouse);
     KeyboardFixture fixture;
     fixture.field->setText(QStringLiteral("abcdef"));
     fixture.show(VkbFullKeyboard);
     const QPoint point = fixture.center(QStringLiteral("backspace"));
-    fixture.touchDown(0, point);
+    if (byMouse)
+        QTest::mousePress(&fixture.window, Qt::LeftButton, Qt::NoModifier, point);
+    else
+        fixture.touchDown(0, point);
     QCOMPARE(timersOf(fixture.keyboardItem()), 1);
     fixture.keyboard->show(false);
     QCOMPARE(timersOf(fixture.keyboardItem()), 0);
-    fixture.touchUp(0, point);
+    if (byMouse)
+        QTest::mouseRelease(&fixture.window, Qt::LeftButton, Qt::NoModifier, point);
+    else
+        fixture.touchUp(0, point);
     fixture.keyboard->show(true);
     QTest::qWait(600);
     QCOMPARE(fixture.field->text(), QStringLiteral("abcde"));
