@@ -18,6 +18,12 @@ NetworkPage::NetworkPage(const QSize &size, const QString &menuText)
     m_screen->tapMenu(menuText);
 }
 
+void NetworkPage::switchLanguage(HMI::SystemSet::Language language)
+{
+    HmiSimulator::setLanguage(language);
+    m_screen->open();
+}
+
 QQuickItem *NetworkPage::card(const char *className) const
 {
     return Operator::items(m_screen->root(),

@@ -24,6 +24,9 @@ public:
     /// Takes the whole screen down, as a host may.
     void destroy() { m_screen.reset(); }
 
+    /// The panel's language is changed elsewhere, and the screen notices.
+    void switchLanguage(HMI::SystemSet::Language language);
+
     // The cards, visible or not; null before they were made.
     QQuickItem *network() const { return card("QSP::CardNetwork"); }
     QQuickItem *dns() const { return card("QSP::CardDNS"); }
