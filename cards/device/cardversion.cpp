@@ -2,14 +2,13 @@
 
 #include "cards/device/qrpicture.h"
 #include "cards/device/titlerow.h"
+#include "cards/documenttext.h"
 #include "hmi/systemset.h"
 #include "meyersingleton.h"
-#include "shell/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
-#include <QtQuick/private/qquicktext_p.h>
 
 namespace QSP {
 
@@ -34,8 +33,7 @@ void CardVersion::componentComplete()
 {
     BaseCard::componentComplete();
     const auto show = [this](const char *item, const char *text) {
-        setMultilingualText(qobject_cast<QQuickText *>(property(item).value<QObject *>()),
-                            [text] { return QCoreApplication::translate("CardVersion", text); });
+        setDocumentText(this, item, [text] { return QCoreApplication::translate("CardVersion", text); });
     };
     show("titleText", QT_TRANSLATE_NOOP("CardVersion", "Cloud Info"));
     show("qrCodeText", QT_TRANSLATE_NOOP("CardVersion", "QR Code"));

@@ -1,16 +1,20 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import "../flatui" as FlatUI
 
 CardVersion {
     id: _card
 
     readonly property real rowHeight: versionTitleRowHeight
 
-    property alias titleText: _titleText
+    property alias titleText: _title.label
     property alias qrCodeText: _qrCodeText
     property alias serialNumberLabel: _serialNumberLabel
 
-    height: _titleRow.height + _contentRow.height
+    height: _title.height + _contentRow.height
+
+    // It may have failed before anybody listened.
+    Component.onCompleted: checkIconStatus(_title.icon.status)
 
     // The same file is written anew each time, so the image has to be told to look at it again.
     onQrCodeUrlChanged: {
@@ -18,52 +22,35 @@ CardVersion {
         _qrCode.source = Qt.binding(function () { return _card.qrCodeUrl; });
     }
 
-    Item {
-        id: _titleRow
+    FlatUI.CardTitle {
+        id: _title
 
         width: _card.width
         height: _card.rowHeight
-
-        Image {
-            id: _icon
-
-            x: Math.round(_titleText.font.pixelSize)
-            anchors.verticalCenter: _titleRow.verticalCenter
-            width: Math.round(0.459 * _card.rowHeight)
-            height: width
-            source: "qrc:/setting/icons/newcloud.png"
-            sourceSize: Qt.size(40, 40)
-            fillMode: Image.PreserveAspectFit
-            onStatusChanged: _card.checkIconStatus(status)
-
-            Text {
-                anchors.centerIn: _icon
-                visible: _card.iconError
-                text: "!"
-                font.pixelSize: _titleText.font.pixelSize
-                font.bold: true
-                color: "red"
-            }
-        }
+        iconSource: "qrc:/setting/icons/newcloud.png"
 
         Text {
-            id: _titleText
+            x: Math.round(_title.icon.x + (_title.icon.width - width) / 2)
+            anchors.verticalCenter: _title.verticalCenter
+            visible: _card.iconError
+            text: "!"
+            font.pixelSize: _title.label.font.pixelSize
+            font.bold: true
+            color: "red"
+        }
+    }
 
-            anchors.left: _icon.right
-            anchors.leftMargin: Math.round(0.5 * font.pixelSize)
-            anchors.right: _titleRow.right
-            anchors.rightMargin: _icon.x
-            anchors.verticalCenter: _titleRow.verticalCenter
-            font.pixelSize: Math.max(1, 0.383 * _card.rowHeight)
-            color: "#86909C"
-            elide: Text.ElideRight
+    Connections {
+        target: _title.icon
+        function onStatusChanged() {
+            _card.checkIconStatus(_title.icon.status);
         }
     }
 
     Item {
         id: _contentRow
 
-        y: _titleRow.height
+        y: _title.height
         width: _card.width
         height: Math.round(3.6 * _card.rowHeight)
 
@@ -71,7 +58,7 @@ CardVersion {
         Rectangle {
             id: _frame
 
-            x: _icon.x
+            x: Math.round(_title.margin)
             width: Math.floor(3.1 * _card.rowHeight)
             height: width
             color: "#FFFFFF"
@@ -110,9 +97,9 @@ CardVersion {
             id: _texts
 
             anchors.left: _frame.right
-            anchors.leftMargin: 2 * _icon.x
+            anchors.leftMargin: 2 * _title.margin
             anchors.right: _contentRow.right
-            anchors.rightMargin: _icon.x
+            anchors.rightMargin: _title.margin
             anchors.verticalCenter: _frame.verticalCenter
             spacing: Math.round(0.15 * _card.rowHeight)
 

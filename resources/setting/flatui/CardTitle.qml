@@ -4,6 +4,7 @@ import QtQuick 2.15
 Item {
     id: _row
 
+    property alias icon: _icon
     property alias iconSource: _icon.source
     property alias label: _label
     property real margin: _label.font.pixelSize
