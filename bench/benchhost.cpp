@@ -23,9 +23,7 @@ void BenchHost::prepareEnvironment()
 }
 
 BenchHost::BenchHost(const QSize &size)
-    : m_engine(std::make_unique<QQmlEngine>())
-    , m_window(std::make_unique<QQuickWindow>())
-    , m_size(size)
+    : m_engine(std::make_unique<QQmlEngine>()), m_window(std::make_unique<QQuickWindow>()), m_size(size)
 {
     m_window->resize(size);
 }
@@ -73,8 +71,8 @@ qint64 BenchHost::untilPainted(const std::function<void()> &action)
     QEventLoop loop;
     QTimer::singleShot(5000, &loop, [&loop] { loop.exit(1); });
     // The frame in hand does not show what the action does; the one after it does.
-    const auto connection = QObject::connect(
-        m_window.get(), &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
+    const auto connection =
+        QObject::connect(m_window.get(), &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
     QElapsedTimer timer;
     timer.start();
     action();

@@ -8,8 +8,8 @@
 
 #include <QtGui/QGuiApplication>
 #include <QtQml/QQmlEngine>
-#include <QtQuick/QQuickWindow>
 #include <QtQuick/private/qquicktextinput_p.h>
+#include <QtQuick/QQuickWindow>
 #include <QtQuickTemplates2/private/qquickpopup_p.h>
 
 using QSP::VkbManager;

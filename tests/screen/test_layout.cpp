@@ -20,7 +20,8 @@ void TestLayout::everyTextHasItsRoom_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<bool>("chinese");
-    for (const QSize size : {QSize(1024, 600), QSize(800, 480), QSize(1280, 800), QSize(480, 800), QSize(600, 1024)}) {
+    for (const QSize size :
+         {QSize(1024, 600), QSize(800, 480), QSize(1280, 800), QSize(480, 800), QSize(600, 1024)}) {
         const QByteArray name = QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height());
         QTest::newRow(name + "-en") << size << false;
         QTest::newRow(name + "-zh") << size << true;
@@ -33,8 +34,8 @@ void TestLayout::everyTextHasItsRoom()
     QFETCH(bool, chinese);
     HmiSimulator::reset();
     ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size);
-    const QDir pictures(QDir::current().filePath(QStringLiteral("pictures/")
-                                                 + QString::fromLatin1(QTest::currentDataTag())));
+    const QDir pictures(
+        QDir::current().filePath(QStringLiteral("pictures/") + QString::fromLatin1(QTest::currentDataTag())));
     QVERIFY(pictures.mkpath(QStringLiteral(".")));
     HmiSimulator::setLanguage(chinese ? HMI::SystemSet::CHINESE : HMI::SystemSet::ENGLISH);
     fixture.open();
@@ -42,11 +43,13 @@ void TestLayout::everyTextHasItsRoom()
     int number = 0;
     const auto look = [&](const char *state) {
         Operator::settle(30);
-        const QString name = QStringLiteral("%1-%2.png").arg(++number, 2, 10, QLatin1Char('0')).arg(QLatin1String(state));
+        const QString name =
+            QStringLiteral("%1-%2.png").arg(++number, 2, 10, QLatin1Char('0')).arg(QLatin1String(state));
         QVERIFY(Operator::picture(fixture.window()).save(pictures.filePath(name)));
         const QStringList faults = LayoutCheck::faults(fixture.glass());
         if (!faults.isEmpty())
-            QTest::qFail(qPrintable(name + QStringLiteral(": ") + faults.join(QStringLiteral("\n  "))), __FILE__, __LINE__);
+            QTest::qFail(qPrintable(name + QStringLiteral(": ") + faults.join(QStringLiteral("\n  "))),
+                         __FILE__, __LINE__);
     };
     look("start");
     auto *menu = fixture.root()->property("menuBar").value<QQuickItem *>();
@@ -60,7 +63,8 @@ void TestLayout::everyTextHasItsRoom()
         if (entry == 1) {
             QQuickItem *card = fixture.card("QSP::CardNetwork");
             const auto adapters = Operator::items(card, [](QQuickItem *item) {
-                return item->isVisible() && item->property("checkable").toBool() && item->property("txt").isValid();
+                return item->isVisible() && item->property("checkable").toBool() &&
+                       item->property("txt").isValid();
             });
             QVERIFY(!card || adapters.size() == 5);
             for (QQuickItem *adapter : adapters) {

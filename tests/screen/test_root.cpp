@@ -134,7 +134,8 @@ void TestRoot::menuSwitchesPages()
 {
     ScreenFixture fixture(plugin, {1024, 600});
     fixture.open();
-    QSignalSpy changes(fixture.root(), SIGNAL(currentPageChanged(QSP::AppRootItem::MenuIndex,QSP::AppRootItem::MenuIndex)));
+    QSignalSpy changes(fixture.root(),
+                       SIGNAL(currentPageChanged(QSP::AppRootItem::MenuIndex, QSP::AppRootItem::MenuIndex)));
     QVERIFY(changes.isValid());
     QString previous = QStringLiteral("General");
     for (const char *name : {"Network", "Language", "Version", "General"}) {
@@ -162,7 +163,8 @@ void TestRoot::sameEntryTwiceChangesNothing()
     ScreenFixture fixture(plugin, {1024, 600});
     fixture.open();
     fixture.tapMenu(QStringLiteral("Version"));
-    QSignalSpy changes(fixture.root(), SIGNAL(currentPageChanged(QSP::AppRootItem::MenuIndex,QSP::AppRootItem::MenuIndex)));
+    QSignalSpy changes(fixture.root(),
+                       SIGNAL(currentPageChanged(QSP::AppRootItem::MenuIndex, QSP::AppRootItem::MenuIndex)));
     fixture.tapMenu(QStringLiteral("Version"));
     QCOMPARE(changes.size(), 0);
     QCOMPARE(fixture.title(), QStringLiteral("Version"));
@@ -304,7 +306,8 @@ void TestRoot::hostMayDeleteTheScreen()
     QVERIFY(root->isVisible());
     QCOMPARE(root->size(), QSizeF(800, 480));
     Operator::tap(Operator::ancestorOf(Operator::byText(root, QStringLiteral("Version")), "QSP::BeepButton"));
-    QCOMPARE(root->property("titleText").value<QQuickItem *>()->property("text").toString(), QStringLiteral("Version"));
+    QCOMPARE(root->property("titleText").value<QQuickItem *>()->property("text").toString(),
+             QStringLiteral("Version"));
     delete root;
 }
 

@@ -1,7 +1,7 @@
 #include "tests/screen/screenfixture.h"
 
-#include <QtGui/QGuiApplication>
 #include <QtCore/QResource>
+#include <QtGui/QGuiApplication>
 #include <QtQml/private/qhashedstring_p.h>
 #include <QtQml/private/qqmlmetatype_p.h>
 
@@ -43,9 +43,9 @@ void TestTypes::registersLazily()
 
     // A page brings exactly its own types; a second showing brings none.
     const QVector<QPair<QString, QStringList>> pages{
-        {QStringLiteral("General"), {QStringLiteral("BeepSwitch"), QStringLiteral("BrightButton"),
-                                     QStringLiteral("CardBrightness"), QStringLiteral("CardBuzzer"),
-                                     QStringLiteral("CardTime")}},
+        {QStringLiteral("General"),
+         {QStringLiteral("BeepSwitch"), QStringLiteral("BrightButton"), QStringLiteral("CardBrightness"),
+          QStringLiteral("CardBuzzer"), QStringLiteral("CardTime")}},
         {QStringLiteral("Version"), {QStringLiteral("CardVersion")}},
         {QStringLiteral("Language"), {QStringLiteral("CardLanguage"), QStringLiteral("LanguageModel")}},
         {QStringLiteral("Network"),

@@ -73,8 +73,8 @@ QVector<Text> visibleTexts(QQuickItem *glass)
 {
     QVector<Text> texts;
     const auto items = Operator::items(glass, [](QQuickItem *item) {
-        return item->isVisible() && item->opacity() > 0.0
-               && (qobject_cast<QQuickText *>(item) || qobject_cast<QQuickTextInput *>(item));
+        return item->isVisible() && item->opacity() > 0.0 &&
+               (qobject_cast<QQuickText *>(item) || qobject_cast<QQuickTextInput *>(item));
     });
     for (QQuickItem *item : items) {
         Text text{item, item->property("text").toString(), paintedRect(item), {}, layerOf(item)};
@@ -100,17 +100,18 @@ void checkRoom(const Text &text, QStringList *faults)
     }
     for (QQuickItem *box = text.item->parentItem(); box; box = box->parentItem()) {
         // Scrolling shows what lies beyond the edge of a page, but only upwards and downwards.
-        const bool isCard = box->inherits("QSP::BaseCard") || box->inherits("QQuickPopupItem")
-                            || box->inherits("QSP::AppRootItem");
+        const bool isCard = box->inherits("QSP::BaseCard") || box->inherits("QQuickPopupItem") ||
+                            box->inherits("QSP::AppRootItem");
         const QRectF room = box->mapRectToScene({0, 0, box->width(), box->height()});
-        const bool outsideCard = isCard && !box->inherits("QSP::AppRootItem")
-                                 && !room.adjusted(-tolerance, -tolerance, tolerance, tolerance)
-                                         .contains(text.painted);
-        const bool outsideSides = (isCard || box->clip())
-                                  && (text.painted.left() < room.left() - tolerance
-                                      || text.painted.right() > room.right() + tolerance);
+        const bool outsideCard =
+            isCard && !box->inherits("QSP::AppRootItem") &&
+            !room.adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(text.painted);
+        const bool outsideSides =
+            (isCard || box->clip()) && (text.painted.left() < room.left() - tolerance ||
+                                        text.painted.right() > room.right() + tolerance);
         if (outsideCard || outsideSides) {
-            *faults << say(text) + QStringLiteral(" lies outside its %1").arg(QLatin1String(box->metaObject()->className()));
+            *faults << say(text) + QStringLiteral(" lies outside its %1")
+                                       .arg(QLatin1String(box->metaObject()->className()));
             return;
         }
         if (box == text.layer)
