@@ -72,9 +72,13 @@ void TimeEditPopup::createUI()
     const qreal scale = sizes.scale;
     setWidth((rowWidth + 2.0 * rowPadding) * scale);
     setHeight((rowHeight + 2.0 * rowPadding) * scale);
-    setContentItem(new QQuickItem);
+    // Neither of the two would be deleted by the popup as such.
+    auto *content = new QQuickItem;
+    content->setParent(this);
+    setContentItem(content);
 
     auto *background = new QQuickRectangle;
+    background->setParent(this);
     background->setSize(QSizeF(width(), height()));
     background->setRadius((GlobalInfo::instance().isScreenPortrait() ? 8.0 : 15.0) * scale);
     background->border()->setColor(QColor(0xC8, 0xCD, 0xD2));

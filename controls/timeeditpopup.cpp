@@ -63,6 +63,8 @@ void TimeEditPopup::onInputFocusChanged(QQuickTextInput *input, bool focused)
     keyboard.fieldFocusChanged(input, true);
     keyboard.showVkb(true);
     keyboard.setLayoutType(VkbPlainDigits);
+    // Another layout may be another height.
+    keepClearOfKeyboard();
     input->selectAll();
 }
 
@@ -76,16 +78,15 @@ void TimeEditPopup::keepClearOfKeyboard()
         m_lifted = false;
         return;
     }
-    if (m_lifted || !isVisible() || !parent || !parent->window())
+    if (!isVisible() || !parent || !parent->window())
         return;
+    if (!m_lifted)
+        m_restY = y();
     const qreal keyboardTop =
         parent->mapFromScene(QPointF(0.0, parent->window()->height() - keyboard.getHeight())).y();
-    const qreal overlap = y() + height() + keyboardGap - keyboardTop;
-    if (overlap <= 0.0)
-        return;
-    m_restY = y();
-    m_lifted = true;
-    setY(qMax(0.0, m_restY - overlap));
+    const qreal overlap = m_restY + height() + keyboardGap - keyboardTop;
+    m_lifted = overlap > 0.0;
+    setY(m_lifted ? qMax(0.0, m_restY - overlap) : m_restY);
 }
 
 bool TimeEditPopup::overlayEvent(QQuickItem *item, QEvent *event)

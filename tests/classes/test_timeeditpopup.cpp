@@ -608,7 +608,7 @@ void TestTimeEditPopup::keyStorm()
                             Qt::Key_9,    Qt::Key_Minus, Qt::Key_Backspace,  Qt::Key_Delete,
                             Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape,     Qt::Key_Tab,
                             Qt::Key_Home, Qt::Key_A,     VkbManager::hideKey};
-    for (int i = 0; i < 1500; ++i) {
+    for (int i = 0; i < 500; ++i) {
         QVERIFY(editor.popup->isVisible());
         if (i % 10 == 0)
             Operator::tap(editor.field(fieldNames[random.bounded(fieldNames.size())]));
