@@ -28,6 +28,11 @@ Action tapClass(const char *className, int index, const char *within)
     return [=](Visitor &visitor) { visitor.tapClass(className, index, within); };
 }
 
+Action tapProperty(const char *className, const char *property)
+{
+    return [=](Visitor &visitor) { visitor.tapProperty(className, property); };
+}
+
 Action tapKey(const char *objectName)
 {
     return [=](Visitor &visitor) { visitor.tapName(QLatin1String(objectName)); };
@@ -46,6 +51,16 @@ Action see(const char *context, const char *english)
 Action seeName(const char *text)
 {
     return [=](Visitor &visitor) { visitor.waitFor(QString::fromUtf8(text)); };
+}
+
+Action seeGone(const char *context, const char *english)
+{
+    return [=](Visitor &visitor) { visitor.waitUntilGone(Visitor::said(context, english)); };
+}
+
+Action seeReady(const char *className, const char *property)
+{
+    return [=](Visitor &visitor) { visitor.waitForProperty(className, property); };
 }
 
 Action tapAside()

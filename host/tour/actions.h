@@ -17,11 +17,16 @@ Action tapText(const char *context, const char *english);
 Action tapName(const char *text);
 /// As Visitor::tapClass().
 Action tapClass(const char *className, int index, const char *within = nullptr);
+/// As Visitor::tapProperty().
+Action tapProperty(const char *className, const char *property);
 Action tapKey(const char *objectName);
 /// On the on-screen keyboard.
 Action type(const char *characters);
 Action see(const char *context, const char *english);
 Action seeName(const char *text);
+Action seeGone(const char *context, const char *english);
+/// As Visitor::waitForProperty().
+Action seeReady(const char *className, const char *property);
 /// The corner of the glass where nothing is, which closes lists and dialogs.
 Action tapAside();
 /// Shows the page of a menu entry, from wherever the visitor is.

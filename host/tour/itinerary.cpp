@@ -8,7 +8,7 @@ void visitGeneral(Stops &stops)
 {
     stops.push_back({"general", {Do::page("General")}});
     const Action dim = Do::tapClass("QSP::BrightButton", 0);
-    stops.push_back({"general-dimmed", {dim, dim, dim}});
+    stops.push_back({"general-dimmed", {dim, dim}});
     stops.push_back({"general-buzzer", {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardBuzzer")}});
     stops.push_back({"general-clock-editor",
                      {Do::tapClass("QSP::BeepButton", 0, "QSP::CardTime"), Do::see("TimeEditPopup", "OK")}});
@@ -18,7 +18,9 @@ void visitGeneral(Stops &stops)
 
 void visitAdapters(Stops &stops)
 {
-    stops.push_back({"network", {Do::page("Network"), Do::see("CardNetwork", "MAC")}});
+    stops.push_back(
+        {"network",
+         {Do::page("Network"), Do::tapText("CardNetwork", "LAN0"), Do::see("CardNetwork", "MAC")}});
     // The lowest field that can be edited: IP address and mask have four inputs each before it.
     stops.push_back({"network-address-keys", {Do::tapClass("QQuickTextInput", 8, "QSP::CardNetwork")}});
     stops.push_back({"network-lan1", {Do::tapKey("vkbKey_hide"), Do::tapText("CardNetwork", "LAN1")}});
@@ -45,18 +47,22 @@ void visitDefaultAdapter(Stops &stops)
 // Joins @p network, which is open or known to the panel.
 void visitWifi(Stops &stops, const char *network)
 {
-    stops.push_back({"wifi-scanning",
-                     {Do::tapAside(), Do::tapText("CardNetwork", "Wi-Fi"),
-                      Do::tapText("CardNetwork", "Wi-Fi Settings"), Do::see("CardWifi", "Nearby Wi-Fi")}});
-    stops.push_back({"wifi-networks", {Do::seeName("Maintenance")}});
+    stops.push_back(
+        {"wifi-scanning",
+         {Do::tapAside(), Do::tapText("CardNetwork", "Wi-Fi"), Do::tapText("CardNetwork", "Wi-Fi Settings"),
+          Do::see("CardWifi", "Nearby Wi-Fi"), Do::tapProperty("QSP::CardWifi", "scanButton")}});
+    stops.push_back(
+        {"wifi-networks", {Do::seeReady("QSP::CardWifi", "scanButton"), Do::seeName("Maintenance")}});
     stops.push_back({"wifi-password", {Do::tapName("Maintenance"), Do::see("CardWifi", "Enter password")}});
     stops.push_back({"wifi-password-keys", {Do::tapClass("QQuickTextInput", 0), Do::type("guess")}});
     stops.push_back(
         {"wifi-connecting", {Do::tapText("CardWifi", "Connect"), Do::see("CardWifi", "Connecting")}});
     stops.push_back({"wifi-wrong-password", {Do::see("CardWifi", "Wrong password")}});
-    stops.push_back({"wifi-joined",
+    // The first button of the dialog closes it.
+    stops.push_back({"wifi-joining",
                      {Do::tapClass("QSP::BeepButton", 0, "QQuickPopupItem"), Do::tapName(network),
-                      Do::seeName(network)}});
+                      Do::see("CardWifi", "Connecting")}});
+    stops.push_back({"wifi-joined", {Do::seeGone("CardWifi", "Connecting"), Do::seeName(network)}});
 }
 
 void visitOthers(Stops &stops)

@@ -11,6 +11,10 @@
 namespace {
 
 constexpr int narrowBelow = 800;
+// With so many, what comes after them is only their consequence.
+constexpr int mostProblems = 5;
+// Time for what was last done to be painted before the picture is taken.
+constexpr int settling = 50;
 
 class Album
 {
@@ -67,13 +71,13 @@ bool walkTour(QQuickWindow *window, const QString &directory)
     };
 
     Visitor visitor(window);
-    Visitor::pause();
+    Visitor::pause(settling);
     for (const Stop &stop : itinerary(window->width() < narrowBelow)) {
         const QString name = album.nextName(stop.picture);
         const int messagesBefore = MessageWatch::count();
         for (const auto &action : stop.actions)
             action(visitor);
-        Visitor::pause();
+        Visitor::pause(settling);
         if (!album.save(Glass::picture(window), name))
             report(name, QStringLiteral("the picture cannot be saved"));
         const QStringList problems = visitor.takeProblems();
@@ -81,6 +85,10 @@ bool walkTour(QQuickWindow *window, const QString &directory)
             report(name, problem);
         if (const int messages = MessageWatch::count() - messagesBefore)
             report(name, QStringLiteral("%1 warning(s)").arg(messages));
+        if (problemCount >= mostProblems) {
+            report(name, QStringLiteral("the tour ends here"));
+            break;
+        }
     }
     if (const int messages = MessageWatch::count())
         report(directory, QStringLiteral("%1 warning(s) in all").arg(messages));

@@ -3,9 +3,10 @@
 #include "host/glass.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QStyleHints>
 
 namespace {
 
@@ -79,15 +80,39 @@ bool Visitor::seesButton(const QString &text) const
     return buttonOf(text) != nullptr;
 }
 
-void Visitor::waitFor(const QString &text)
+bool Visitor::waitFor(const std::function<bool()> &condition) const
 {
     QElapsedTimer waited;
     waited.start();
-    while (!sees(text)) {
+    while (!condition()) {
         if (waited.elapsed() > longestWait)
-            return complain(QStringLiteral("\"%1\" did not appear").arg(text));
+            return false;
         pause(20);
     }
+    return true;
+}
+
+void Visitor::waitFor(const QString &text)
+{
+    if (!waitFor([&] { return sees(text); }))
+        complain(QStringLiteral("\"%1\" did not appear").arg(text));
+}
+
+void Visitor::waitUntilGone(const QString &text)
+{
+    if (!waitFor([&] { return !sees(text); }))
+        complain(QStringLiteral("\"%1\" did not go").arg(text));
+}
+
+void Visitor::waitForProperty(const char *className, const char *property)
+{
+    const auto isReady = [&] {
+        const QQuickItem *item = itemOf(className, property);
+        return item && item->isVisible() && item->isEnabled();
+    };
+    if (!waitFor(isReady))
+        complain(
+            QStringLiteral("%1.%2 cannot be tapped").arg(QLatin1String(className), QLatin1String(property)));
 }
 
 void Visitor::tapText(const QString &text)
@@ -114,8 +139,29 @@ void Visitor::tapName(const QString &objectName)
     tap(items.value(0), objectName);
 }
 
+QQuickItem *Visitor::itemOf(const char *className, const char *property) const
+{
+    const auto owners =
+        find(m_window->contentItem(), [&](const QQuickItem *item) { return item->inherits(className); });
+    return owners.isEmpty() ? nullptr : owners.first()->property(property).value<QQuickItem *>();
+}
+
+void Visitor::tapProperty(const char *className, const char *property)
+{
+    tap(itemOf(className, property),
+        QStringLiteral("%1.%2").arg(QLatin1String(className), QLatin1String(property)));
+}
+
 void Visitor::tapAt(const QPoint &point)
 {
+    // Two quick taps at one place would be a double click, of which buttons take the first alone.
+    const qint64 least = QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50;
+    const bool isSamePlace = (point - m_lastTap).manhattanLength() < 20;
+    if (isSamePlace && m_sinceLastTap.isValid() && m_sinceLastTap.elapsed() < least)
+        pause(static_cast<int>(least - m_sinceLastTap.elapsed()));
+    m_lastTap = point;
+    m_sinceLastTap.start();
+
     Glass::pointer(m_window, point, Qt::NoButton);
     Glass::pointer(m_window, point, Qt::LeftButton, Qt::LeftButton);
     pause(10);
@@ -140,6 +186,8 @@ void Visitor::tap(QQuickItem *item, const QString &name)
 {
     if (!item)
         return complain(QStringLiteral("there is no \"%1\" to tap").arg(name));
+    if (!item->isEnabled())
+        return complain(QStringLiteral("\"%1\" is disabled").arg(name));
     bringIntoView(item);
     const QPoint point = centerOf(item);
     if (!QRect(QPoint(), m_window->size()).contains(point))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
 #include <QtQuick/QQuickItem>
@@ -27,6 +28,9 @@ public:
     /// Waits for @p text to appear; a problem when it does not.
     void waitFor(const QString &text);
 
+    /// Waits for @p text to go; a problem when it does not.
+    void waitUntilGone(const QString &text);
+
     /// Taps what carries @p text: a button before a mere text.
     void tapText(const QString &text);
     /// Taps the @p index-th visible item of a class, scrolled to if need be; inside an item of
@@ -34,6 +38,8 @@ public:
     void tapClass(const char *className, int index = 0, const char *within = nullptr);
     /// Taps the visible item that goes by @p objectName.
     void tapName(const QString &objectName);
+    /// Taps the item that the first visible item of a class calls @p property.
+    void tapProperty(const char *className, const char *property);
     /// Taps whatever is there.
     void tapAt(const QPoint &point);
     /// Taps the keys of the on-screen keyboard one after the other.
@@ -42,8 +48,11 @@ public:
     /// Presses the key beside the glass that leads back to the operator's page.
     void leaveSettings();
 
+    /// Waits until the item of tapProperty() can be tapped; a problem when it cannot.
+    void waitForProperty(const char *className, const char *property);
+
     /// Lets the panel do what is to be done now.
-    static void pause(int milliseconds = 60);
+    static void pause(int milliseconds = 25);
 
     /// The problems since the last call.
     QStringList takeProblems();
@@ -54,11 +63,15 @@ private:
 
     static QVector<QQuickItem *> find(QQuickItem *below, const Wanted &wanted);
     QVector<QQuickItem *> texts(const QString &text) const;
+    QQuickItem *itemOf(const char *className, const char *property) const;
     QQuickItem *buttonOf(const QString &text) const;
     void tap(QQuickItem *item, const QString &name);
+    bool waitFor(const std::function<bool()> &condition) const;
     void bringIntoView(QQuickItem *item);
     void drag(const QPoint &from, const QPoint &to);
 
     QQuickWindow *m_window;
     QStringList m_problems;
+    QPoint m_lastTap;
+    QElapsedTimer m_sinceLastTap;
 };

@@ -5,7 +5,7 @@ import re
 import unittest
 
 import hostprocess
-from hostprocess import run
+from hostprocess import SCENARIOS, run
 
 
 def size_of(picture):
@@ -16,12 +16,16 @@ def size_of(picture):
 
 
 class Tour(unittest.TestCase):
-    def walk(self, width, height, *options):
+    def walk(self, width, height):
         with hostprocess.temporary_directory() as directory:
             album = pathlib.Path(directory, "new", "album")
-            code, out, err = run("--size", f"{width}x{height}", "--tour", album, *options)
+            album.mkdir(parents=True)
+            for name in ("98-old.png", "notes.png"):
+                (album / name).write_bytes(b"")
+            code, out, err = run("--size", f"{width}x{height}", "--tour", album, "--scenario", SCENARIOS / "quick.json")
             self.assertEqual(code, 0, err)
             self.assertEqual(err, "")
+            (album / "notes.png").unlink()  # only the pictures of earlier tours went
             pictures = sorted(album.iterdir())
             self.assertIn(f"{len(pictures)} pictures", out)
             for number, picture in enumerate(pictures, 1):
@@ -46,17 +50,6 @@ class Tour(unittest.TestCase):
     def test_narrow(self):
         self.check(*self.walk(480, 800), "menu", "back-to-menu")
 
-    def test_old_pictures_go(self):
-        with hostprocess.temporary_directory() as directory:
-            old = pathlib.Path(directory, "98-old.png")
-            other = pathlib.Path(directory, "notes.png")
-            old.write_bytes(b"")
-            other.write_bytes(b"")
-            code, _, err = run("--tour", directory)
-            self.assertEqual(code, 0, err)
-            self.assertFalse(old.exists())
-            self.assertTrue(other.exists())
-
     def test_directory_that_cannot_be_made(self):
         with hostprocess.temporary_directory() as directory:
             file = pathlib.Path(directory, "file")
@@ -64,6 +57,13 @@ class Tour(unittest.TestCase):
             code, _, err = run("--tour", file / "album")
             self.assertEqual(code, 1)
             self.assertIn("cannot be made", err)
+
+    def test_item_that_is_not_there(self):
+        # On a panel without adapters there is nothing on the Network page to tap.
+        with hostprocess.temporary_directory() as directory:
+            code, _, err = run("--tour", directory, "--scenario", SCENARIOS / "no-adapter.json")
+            self.assertEqual(code, 1, err)
+            self.assertRegex(err, r'tour: \d\d-network[a-z-]*: there is no "')
 
 
 if __name__ == "__main__":

@@ -20,7 +20,7 @@ private slots:
 void TestSimulatorContract::keepsContract_data()
 {
     QTest::addColumn<QString>("scenario");
-    for (const char *name : {"default.json", "lan0-only.json", "lan1-4g.json", "4g-only.json",
+    for (const char *name : {"default.json", "quick.json", "lan0-only.json", "lan1-4g.json", "4g-only.json",
                              "vpn-only.json", "no-adapter.json", "unplugged.json", "wifi-crowd.json",
                              "wifi-empty.json", "faults-synchronous.json"}) {
         QTest::newRow(name) << QString::fromLatin1(name);
