@@ -501,7 +501,8 @@ void TestCardWifiList::listWaitsForTheFinger()
     QCOMPARE(WifiScene::listed(), neighbours);
     QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, place);
     Operator::settle();
-    QCOMPARE(Journal::calls("connectWifi"), QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ""))")));
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ""))")));
     QCOMPARE(WifiScene::wifi()->networks().size(), 3);
 }
 

@@ -19,6 +19,8 @@ public:
         root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Wifi);
         Operator::settle();
         HmiSimulator::setManual(true);
+        // The lease that the network card asks for when it shows an adapter with DHCP.
+        HmiSimulator::dropPending();
         HmiSimulator::clearJournal();
     }
 
