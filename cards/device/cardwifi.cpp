@@ -1,5 +1,6 @@
 #include "cards/device/cardwifi.h"
 
+#include "cards/device/fingerwatch.h"
 #include "cards/device/wifibuttons.h"
 #include "cards/device/wificurrentrow.h"
 #include "cards/device/wifipassworddialog.h"
@@ -50,7 +51,7 @@ void showButton(BeepButton *button, QQuickItem *image)
 
 } // namespace
 
-CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent)
+CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_finger(new FingerWatch(this))
 {
     qRegisterMetaType<HMI::SSID>("HMI::SSID");
     const GlobalInfo &info = GlobalInfo::instance();
@@ -65,6 +66,7 @@ CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent)
 
     connect(this, &CardWifi::cardStateChanged, this, &CardWifi::showState);
     connect(this, &CardWifi::wifiReset, this, &CardWifi::onWifiReset);
+    connect(m_finger, &FingerWatch::lifted, this, &CardWifi::onLifted);
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &CardWifi::adjustPwDialog);
 }
 
@@ -131,13 +133,15 @@ void CardWifi::addButtons()
 void CardWifi::watchNetworkCard()
 {
     if (CardNetwork *card = CardLinks::network())
-        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::updateCurrentWifi,
+        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::onWifiStatusChanged,
                 Qt::UniqueConnection);
 }
 
 void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
 {
     QQuickControl::itemChange(change, data);
+    if (change == ItemSceneChange)
+        m_finger->setWindow(data.window);
     if (change != ItemVisibleHasChanged)
         return;
     if (m_returnButton)
@@ -147,9 +151,11 @@ void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
     if (data.boolValue) {
         watchNetworkCard();
         updateCurrentWifi();
-    } else if (m_dialog) {
-        m_dialog->close();
+        return;
     }
+    m_finger->forget();
+    if (m_dialog)
+        m_dialog->close();
 }
 
 int CardWifi::titleHeight() const
@@ -227,8 +233,29 @@ SystemSet::WifiListCallback CardWifi::listReceiver()
             return;
         // A second report of the same scan would take the list from under the operator's finger.
         ++card->m_scan;
-        card->onScanResult(std::move(records));
+        if (!card->m_finger->isDown()) {
+            card->onScanResult(std::move(records));
+            return;
+        }
+        card->m_heldRecords = std::move(records);
+        card->m_isListHeld = true;
     });
+}
+
+void CardWifi::onWifiStatusChanged()
+{
+    if (m_finger->isDown())
+        m_isStatusHeld = true;
+    else
+        updateCurrentWifi();
+}
+
+void CardWifi::onLifted()
+{
+    if (std::exchange(m_isListHeld, false))
+        onScanResult(std::move(m_heldRecords));
+    if (std::exchange(m_isStatusHeld, false))
+        updateCurrentWifi();
 }
 
 void CardWifi::onScanResult(std::unique_ptr<WifiList::Records> records)

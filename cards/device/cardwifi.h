@@ -11,13 +11,15 @@
 namespace QSP {
 
 class BeepButton;
+class FingerWatch;
 class WifiCurrentRow;
 class WifiPasswordDialog;
 
 /// The Wi-Fi page: the joined network, the networks nearby, scanning, joining and resetting.
 ///
 /// Reports of the service count only for the newest scan and the newest
-/// attempt to join; a reset ends the attempt under way. GUI thread only.
+/// attempt to join; a reset ends the attempt under way. Nothing that comes from
+/// the service moves the list while a finger is down. GUI thread only.
 class CardWifi : public QQuickControl
 {
     Q_OBJECT
@@ -95,6 +97,8 @@ private:
 
     void scanWifi();
     HMI::SystemSet::WifiListCallback listReceiver();
+    void onWifiStatusChanged();
+    void onLifted();
     void onScanResult(std::unique_ptr<WifiList::Records> records);
     void onChosen(int index);
     void openPwDialog();
@@ -110,6 +114,7 @@ private:
     int m_rowHeight = 48;
     int m_fontSize = 20;
     CardState m_state = Idle;
+    FingerWatch *m_finger;
     WifiList *m_list = nullptr;
     WifiCurrentRow *m_current = nullptr;
     WifiPasswordDialog *m_dialog = nullptr;
@@ -129,6 +134,10 @@ private:
     int m_scan = 0;
     int m_attempt = 0;
     bool m_attemptEnded = true;
+    // What came while a finger was down.
+    std::unique_ptr<WifiList::Records> m_heldRecords;
+    bool m_isListHeld = false;
+    bool m_isStatusHeld = false;
 };
 
 } // namespace QSP

@@ -96,7 +96,9 @@ void WifiList::placeRows()
     m_nearBegin = 0;
     m_nearEnd = m_shown.size();
     // At once and at the end: a list that shrank to nothing in between would scroll the page.
-    m_container->setHeight(m_shown.size() * m_rowHeight);
+    // Never 0 either: a column leaves out what has no height, and the rows would
+    // lie over the top of the page until the next frame.
+    m_container->setHeight(qMax(1, m_shown.size() * m_rowHeight));
     updateNear();
 }
 

@@ -132,6 +132,7 @@ CardWifi {
             id: _list
 
             width: _column.width
+            height: 1
         }
     }
 }

@@ -1,0 +1,50 @@
+#include "cards/device/fingerwatch.h"
+
+#include <QtGui/QMouseEvent>
+
+namespace QSP {
+
+FingerWatch::FingerWatch(QObject *parent) : QObject(parent) {}
+
+void FingerWatch::setWindow(QQuickWindow *window)
+{
+    if (window == m_window)
+        return;
+    if (m_window)
+        m_window->removeEventFilter(this);
+    m_window = window;
+    if (window)
+        window->installEventFilter(this);
+    forget();
+}
+
+void FingerWatch::forget()
+{
+    if (!m_down)
+        return;
+    m_down = false;
+    QMetaObject::invokeMethod(this, &FingerWatch::lifted, Qt::QueuedConnection);
+}
+
+bool FingerWatch::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+        m_down = true;
+        break;
+    case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent *>(event)->buttons() == Qt::NoButton)
+            forget();
+        break;
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        forget();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace QSP

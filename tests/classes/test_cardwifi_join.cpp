@@ -1,0 +1,575 @@
+#include "tests/classes/wifiscene.h"
+
+#include <QtGui/QGuiApplication>
+
+using QSP::CardWifi;
+
+namespace {
+
+// One report of an attempt, by script; the values need not be any that a panel should send.
+void scriptReports(const std::vector<int> &reports)
+{
+    HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
+}
+
+bool isRed(const QQuickItem *text)
+{
+    return text->property("color").value<QColor>() == QColor(Qt::red);
+}
+
+} // namespace
+
+/// Joining a network: what is sent, and what each report does.
+class TestCardWifiJoin : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void openNetworkIsJoinedAtOnce();
+    void knownPasswordIsSentAtOnce();
+    void unknownPasswordIsAskedFor();
+    void flagWithAStoredPassword();
+    void sameBytesAreSent();
+    void failures_data();
+    void failures();
+    void unknownReportsAreIgnored();
+    void offlineScansAgain();
+    void connectedClosesTheDialog();
+    void connectedAsksForALease();
+    void leaseThatNeverComes();
+    void connectedToAnUnlistedNetwork();
+    void refusedPasswordIsForgotten();
+    void refusedPasswordIsForgottenOverAScan();
+    void reportsOutOfOrder();
+    void reportsAfterTheDialogWasClosed();
+    void reportsAfterAReset();
+    void reportsOfAnOlderAttempt();
+    void reportsThatNeverCome();
+    void reportAfterTheScreenIsGone();
+    void synchronousReports();
+    void tapWhileConnecting();
+    void connectWhileScanning();
+    void networkThatVanished();
+    void listRebuiltUnderTheDialog();
+    void networkCardIsTold();
+    void leavingThePageClosesTheDialog();
+};
+
+void TestCardWifiJoin::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+void TestCardWifiJoin::openNetworkIsJoinedAtOnce()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QCOMPARE(Journal::callsButBeeps(),
+             QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ""))")));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connecting);
+    QCOMPARE(scene.dialogTexts(), QStringList({"Works Hall Guests", "Connecting"}));
+    QVERIFY(Operator::items(scene.dialogBody(), [](QQuickItem *item) {
+                return item == WifiScene::part("scaning") && item->isVisible();
+            }).size() == 1);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connecting);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connected);
+}
+
+void TestCardWifiJoin::knownPasswordIsSentAtOnce()
+{
+    HmiSimulator::setNetworks({{"known", "secret-1", 70, 0, "secret-1"}});
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("known")));
+    QCOMPARE(Journal::calls("connectWifi"), QStringList(QStringLiteral(R"(connectWifi("known", ****))")));
+}
+
+void TestCardWifiJoin::unknownPasswordIsAskedFor()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QCOMPARE(Journal::calls("connectWifi"), QStringList());
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(scene.dialogTexts(), QStringList({"Maintenance", "Enter password", "Show Password", "Connect"}));
+    QCOMPARE(Operator::byText(scene.dialogBody(), QStringLiteral("Enter password"))
+                 ->property("color")
+                 .value<QColor>(),
+             QColor(Qt::black));
+    scene.typePassword(QStringLiteral("torque55Nm"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Maintenance", ****))")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(QString::fromStdString(HmiSimulator::panel().wifi.joined), QStringLiteral("Maintenance"));
+}
+
+void TestCardWifiJoin::flagWithAStoredPassword()
+{
+    // The flag asks for a password, and there is one.
+    HmiSimulator::Network asks{"asks", "pw", 70, 0, "pw"};
+    asks.needsPassword = 7;
+    // The flag does not, though nothing is stored.
+    HmiSimulator::Network open{"open", "pw", 70};
+    open.needsPassword = 0;
+    HmiSimulator::setNetworks({asks, open});
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("asks")));
+    scene.closeDialog();
+    Operator::tap(scene.row(QStringLiteral("open")));
+    QCOMPARE(Journal::calls("connectWifi"), QStringList({QStringLiteral(R"(connectWifi("asks", ****))"),
+                                                         QStringLiteral(R"(connectWifi("open", ""))")}));
+}
+
+void TestCardWifiJoin::sameBytesAreSent()
+{
+    HmiSimulator::setNetworks(
+        {{"\xD7\xB0\xC5\xE4\xCF\xDF", "", 90}, {std::string(32, 'W'), "", 80}, {"", "", 70}});
+    const WifiScene scene;
+    scene.scan();
+    for (const int row : {0, 1, 2}) {
+        Operator::tap(WifiScene::wifi()->networks()[row].item);
+        if (scene.dialogBody())
+            scene.closeDialog();
+    }
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList({QStringLiteral("connectWifi(\"\u05F0\\xC5\\xE4\\xCF\\xDF\", \"\")"),
+                          QStringLiteral("connectWifi(\"%1\", \"\")").arg(QString(32, QLatin1Char('W'))),
+                          QStringLiteral(R"(connectWifi("", ""))")}));
+}
+
+void TestCardWifiJoin::failures_data()
+{
+    QTest::addColumn<int>("report");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("offline") << 0 << "Wi-Fi Offline";
+    QTest::newRow("timeout") << 3 << "Time out";
+    QTest::newRow("wrong password") << 4 << "Wrong password";
+}
+
+void TestCardWifiJoin::failures()
+{
+    QFETCH(int, report);
+    QFETCH(QString, text);
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({1, report});
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    scene.typePassword(QStringLiteral("abc"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(scene.dialogTexts(), QStringList({"Maintenance", "Connecting"}));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), report == 0 ? CardWifi::Scanning : CardWifi::Idle);
+    QStringList texts = scene.dialogTexts();
+    texts.removeAll(scene.input()->property("displayText").toString());
+    texts.removeAll(QStringLiteral("abc"));
+    QCOMPARE(texts, QStringList({"Maintenance", text, "Show Password", "Connect"}));
+    QVERIFY(isRed(Operator::byText(scene.dialogBody(), text)));
+    // The way on: another try from the same dialog.
+    HmiSimulator::clearJournal();
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QCOMPARE(Journal::calls("connectWifi").size(), 1);
+}
+
+void TestCardWifiJoin::unknownReportsAreIgnored()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({1, 7, 5, -1, 255});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    for (int i = 0; i < 5; ++i) {
+        QVERIFY(WifiScene::report("connectWifi"));
+        QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connecting);
+        QCOMPARE(scene.dialogTexts(), QStringList({"Works Hall Guests", "Connecting"}));
+    }
+}
+
+void TestCardWifiJoin::offlineScansAgain()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({0});
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(Journal::calls("scanWifi").size(), 1);
+    // The network that was joined before is joined no more.
+    QVERIFY(WifiScene::current().isNull());
+    QVERIFY(WifiScene::report("scanWifi"));
+    QCOMPARE(WifiScene::listed().size(), 9);
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wi-Fi Offline")));
+}
+
+void TestCardWifiJoin::connectedClosesTheDialog()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, 0xC0A80102, 0xFFFFFF00, 0xC0A80101);
+    QSignalSpy connected(WifiScene::wifi(), &CardWifi::connectedChanged);
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    // An address is there already, from whatever source.
+    QVERIFY(WifiScene::report("connectWifi"));
+    HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, 0xC0A80102, 0xFFFFFF00, 0xC0A80101);
+    HmiSimulator::change(
+        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(Journal::calls("setDHCP"), QStringList());
+    QCOMPARE(connected.size(), 1);
+    QCOMPARE(connected[0][0].toBool(), true);
+    Operator::settle(20);
+    QVERIFY(!scene.dialogBody());
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+    QVERIFY(WifiScene::listed().contains(QStringLiteral("Works Hall")));
+    QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
+}
+
+void TestCardWifiJoin::connectedAsksForALease()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::change(
+        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(Journal::calls("setDHCP"), QStringList(QStringLiteral("setDHCP(WIFI, true, persist)")));
+    // The dialog waits for the lease.
+    QVERIFY(scene.dialogBody());
+    QVERIFY(WifiScene::report("setDHCP"));
+    Operator::settle(20);
+    QVERIFY(!scene.dialogBody());
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+}
+
+void TestCardWifiJoin::leaseThatNeverComes()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::change(
+        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    scene.closeDialog();
+    QVERIFY(!scene.dialogBody());
+    // A lease of the last attempt must not close the dialog of the next one.
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    scene.typePassword(QStringLiteral("x"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QVERIFY(WifiScene::report("setDHCP"));
+    QCOMPARE(scene.dialogTexts(), QStringList({"Maintenance", "Connecting"}));
+}
+
+void TestCardWifiJoin::connectedToAnUnlistedNetwork()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    // The list is lost while the panel joins.
+    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.nullList = true; });
+    WifiScene::wifi()->onClickScanWifi();
+    QVERIFY(WifiScene::report("scanWifi"));
+    QVERIFY(WifiScene::wifi()->networks().isEmpty());
+    QVERIFY(WifiScene::report("connectWifi"));
+    Operator::settle(20);
+    QVERIFY(!scene.dialogBody());
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+}
+
+void TestCardWifiJoin::refusedPasswordIsForgotten()
+{
+    const WifiScene scene;
+    scene.scan();
+    // Its stored password is out of date.
+    Operator::tap(scene.row(QStringLiteral("Pump Room 3")));
+    QCOMPARE(Journal::calls("connectWifi").size(), 1);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wrong password")));
+    scene.closeDialog();
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(QStringLiteral("Pump Room 3")));
+    QCOMPARE(Journal::calls("connectWifi"), QStringList());
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Enter password")));
+    for (const CardWifi::WIFI_INFO &info : WifiScene::wifi()->networks())
+        QVERIFY(info.item != scene.row(QStringLiteral("Pump Room 3")) || info.password.isEmpty());
+}
+
+void TestCardWifiJoin::refusedPasswordIsForgottenOverAScan()
+{
+    // This panel goes on telling the password that it was refused with.
+    HmiSimulator::setNetworks({{"stubborn", "right", 80, 0, "wrong"}});
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({4});
+    Operator::tap(scene.row(QStringLiteral("stubborn")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    scene.closeDialog();
+    scene.scan();
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(QStringLiteral("stubborn")));
+    QCOMPARE(Journal::calls("connectWifi"), QStringList());
+    // Joined with the right one, it is known again.
+    scriptReports({});
+    scene.typePassword(QStringLiteral("right"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    if (scene.dialogBody())
+        scene.closeDialog();
+    HmiSimulator::leaveNetwork();
+    scene.scan();
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(QStringLiteral("stubborn")));
+    QCOMPARE(Journal::calls("connectWifi").size(), 1);
+}
+
+void TestCardWifiJoin::reportsOutOfOrder()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({3, 1, 4, 1, 2, 1});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Time out")));
+    // "Connecting" after the end would leave the dialog without a way on.
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Connect")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wrong password")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connected);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connected);
+}
+
+void TestCardWifiJoin::reportsAfterTheDialogWasClosed()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({1, 4});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    scene.closeDialog();
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(!scene.dialogBody());
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    // The error was for then; the next dialog begins anew.
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Enter password")));
+}
+
+void TestCardWifiJoin::reportsAfterAReset()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    emit WifiScene::wifi()->wifiReset();
+    Operator::settle(20);
+    QVERIFY(!scene.dialogBody());
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QVERIFY(WifiScene::report("resetWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+}
+
+void TestCardWifiJoin::reportsOfAnOlderAttempt()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    scene.closeDialog();
+    // Its two reports wait; the second attempt replaces it.
+    WifiScene::wifi()->connectWifi(WifiScene::wifi()->networks()[2].ssid, QStringLiteral("torque55Nm"));
+    QVERIFY(WifiScene::report("connectWifi(\"Works Hall Guests"));
+    QVERIFY(WifiScene::report("connectWifi(\"Works Hall Guests"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connecting);
+    QCOMPARE(Journal::calls("scanWifi").size(), 1);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connected);
+}
+
+void TestCardWifiJoin::reportsThatNeverCome()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    HmiSimulator::dropPending();
+    QCOMPARE(scene.dialogTexts(), QStringList({"Works Hall Guests", "Connecting"}));
+    scene.closeDialog();
+    // The next attempt goes as if there had been none.
+    Operator::tap(scene.row(QStringLiteral("Büro Süd")));
+    QCOMPARE(scene.dialogTexts(), QStringList({"Works Hall Guests", "Connecting"}));
+    scene.closeDialog();
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Büro Süd")));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Enter password")));
+}
+
+void TestCardWifiJoin::reportAfterTheScreenIsGone()
+{
+    {
+        const WifiScene scene;
+        scene.scan();
+        Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    }
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(!WifiScene::root());
+}
+
+void TestCardWifiJoin::synchronousReports()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::setManual(false);
+    HmiSimulator::setDelivery(HmiSimulator::Operation::Connect, HmiSimulator::Delivery::Synchronous);
+    scriptReports({1, 4});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    Operator::settle();
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wrong password")));
+}
+
+void TestCardWifiJoin::tapWhileConnecting()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({1, 4});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    scene.closeDialog();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    // It shows how the attempt goes, for the network that is being joined.
+    QCOMPARE(scene.dialogTexts(), QStringList({"Works Hall Guests", "Connecting"}));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wrong password")));
+    QCOMPARE(scene.dialogTexts().value(0), QStringLiteral("Works Hall Guests"));
+    // A password typed now is for the network in the title, not for the one tapped last.
+    HmiSimulator::clearJournal();
+    scene.typePassword(QStringLiteral("abc"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ****))")));
+}
+
+void TestCardWifiJoin::connectWhileScanning()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(WifiScene::scanButton());
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connecting);
+    QVERIFY(WifiScene::report("scanWifi"));
+    QVERIFY(scene.dialogBody());
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connected);
+}
+
+void TestCardWifiJoin::networkThatVanished()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    scene.typePassword(QStringLiteral("torque55Nm"));
+    HmiSimulator::setNetworks({{"other", "", 50}});
+    WifiScene::wifi()->onClickScanWifi();
+    QVERIFY(WifiScene::report("scanWifi"));
+    QVERIFY(scene.dialogBody());
+    HmiSimulator::clearJournal();
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Maintenance", ****))")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Time out")));
+}
+
+void TestCardWifiJoin::listRebuiltUnderTheDialog()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    // The same networks in another order.
+    HmiSimulator::change([](HmiSimulator::Panel &panel) {
+        std::reverse(panel.wifi.networks.begin(), panel.wifi.networks.end());
+    });
+    WifiScene::wifi()->onClickScanWifi();
+    QVERIFY(WifiScene::report("scanWifi"));
+    scene.typePassword(QStringLiteral("torque55Nm"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(QString::fromStdString(HmiSimulator::panel().wifi.joined), QStringLiteral("Maintenance"));
+}
+
+void TestCardWifiJoin::networkCardIsTold()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::change(
+        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    QSignalSpy status(WifiScene::network(), &QSP::CardNetwork::wifiStatusChanged);
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    // While the attempt goes on the network card says nothing.
+    WifiScene::network()->updateWifiStatus();
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(status.size(), 0);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(status.size(), 1);
+    QCOMPARE(status[0][0].toBool(), true);
+    QCOMPARE(status[0][1].toString(), QStringLiteral("Works Hall Guests"));
+
+    for (const int report : {0, 3, 4}) {
+        scriptReports({report});
+        status.clear();
+        WifiScene::wifi()->connectWifi(WifiScene::wifi()->networks()[1].ssid, QString());
+        QVERIFY(WifiScene::report("connectWifi"));
+        QCOMPARE(status.size(), 1);
+        QCOMPARE(status[0][0].toBool(), false);
+    }
+    // A reset ends an attempt as well.
+    WifiScene::wifi()->connectWifi(WifiScene::wifi()->networks().value(1).ssid, QString());
+    status.clear();
+    WifiScene::wifi()->onWifiReset();
+    QCOMPARE(status.size(), 1);
+}
+
+void TestCardWifiJoin::leavingThePageClosesTheDialog()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QVERIFY(scene.dialogBody());
+    WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Version);
+    Operator::settle(20);
+    QVERIFY(!scene.dialogBody());
+
+    WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Wifi);
+    Operator::settle(20);
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QVERIFY(scene.dialogBody());
+    WifiScene::root()->close();
+    Operator::settle(20);
+    QVERIFY(!scene.dialogBody());
+}
+
+PANEL_TEST_MAIN(TestCardWifiJoin)
+
+#include "test_cardwifi_join.moc"

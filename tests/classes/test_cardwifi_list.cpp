@@ -1,0 +1,525 @@
+#include "tests/classes/wifiscene.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtQuick/private/qquickflickable_p.h>
+
+using QSP::CardWifi;
+
+namespace {
+
+const QStringList neighbours{QStringLiteral("Works Hall Guests"),
+                             QStringLiteral("Maintenance"),
+                             QStringLiteral("Büro Süd"),
+                             QStringLiteral("装配车间"),
+                             QStringLiteral("装配线"),
+                             QStringLiteral("Pump Room 3"),
+                             QStringLiteral("Forklift Charging Bay, East Gate"),
+                             QStringLiteral("Warehouse")};
+
+QQuickFlickable *page()
+{
+    return WifiScene::root()->property("cardPool").value<QQuickFlickable *>();
+}
+
+} // namespace
+
+/// Scanning, the list and the reset.
+class TestCardWifiList : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void sizes_data();
+    void sizes();
+    void opensWithTheJoinedNetwork();
+    void scanFillsTheList();
+    void secondScanIsIgnored();
+    void secondScanIsIgnoredWhileHidden();
+    void buttonsWhileScanning();
+    void nullListEmptiesTheList();
+    void resultAfterResult();
+    void lateResultOfAnOlderScan();
+    void joinedNetworkIsListedOnce();
+    void joinedElsewhere();
+    void namesAreBytes();
+    void emptyNameOfTheJoinedNetwork();
+    void signalOfTheJoinedNetwork();
+    void nothingNewRepaintsNothing();
+    void resetForgetsAndScans();
+    void resetWhileScanning();
+    void resetReachesTheNetworkCard();
+    void resultAfterTheScreenIsGone();
+    void pageGrowsWithTheList();
+    void longListIsCheap();
+    void rebuildingLeavesNothingBehind();
+    void scrollStaysWhereItIs();
+    void listWaitsForTheFinger();
+    void fingerAndHiddenPage();
+};
+
+void TestCardWifiList::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+void TestCardWifiList::sizes_data()
+{
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("font");
+    QTest::addColumn<int>("title");
+    QTest::newRow("1024x600") << QSize(1024, 600) << 48 << 20 << 71;
+    QTest::newRow("800x480") << QSize(800, 480) << 37 << 15 << 56;
+    QTest::newRow("1280x800") << QSize(1280, 800) << 60 << 25 << 89;
+    QTest::newRow("480x800") << QSize(480, 800) << 48 << 20 << 56;
+    QTest::newRow("600x1024") << QSize(600, 1024) << 48 << 20 << 72;
+}
+
+void TestCardWifiList::sizes()
+{
+    QFETCH(QSize, screen);
+    QFETCH(int, row);
+    QFETCH(int, font);
+    QFETCH(int, title);
+    const WifiScene scene(screen);
+    const CardWifi *card = WifiScene::wifi();
+    QCOMPARE(card->rowHeight(), row);
+    QCOMPARE(card->fontSize(), font);
+    QCOMPARE(card->titleHeight(), title);
+    QCOMPARE(card->height(), qreal(screen.height() - 20 - title));
+    QCOMPARE(card->background()->size(), card->size());
+    QCOMPARE(scene.resetButton()->size(), QSizeF(qRound(row * 0.75 * 20.0 / 9.0), qRound(row * 0.75)));
+    const QQuickItem *image = WifiScene::part("scanButtonImage");
+    const QQuickItem *button = WifiScene::scanButton();
+    QCOMPARE(button->mapRectToScene(QRectF(QPointF(), button->size())),
+             image->mapRectToScene(QRectF(QPointF(), image->size())).adjusted(-10, -10, 10, 10));
+    QCOMPARE(WifiScene::part("nearWlanTxt"), WifiScene::part("nearbyWlanText"));
+}
+
+void TestCardWifiList::opensWithTheJoinedNetwork()
+{
+    const WifiScene scene;
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(Operator::visibleTexts(WifiScene::wifi()),
+             QStringList({"Connected Wi-Fi", "Reset", "Works Hall", "Nearby Wi-Fi"}));
+    QCOMPARE(CardWifi::getSsid(), QStringLiteral("Works Hall"));
+    QVERIFY(CardWifi::isConnected());
+    // Looking at the page asks the panel for nothing.
+    QCOMPARE(Journal::calls(), QStringList());
+}
+
+void TestCardWifiList::scanFillsTheList()
+{
+    const WifiScene scene;
+    QSignalSpy scanning(WifiScene::wifi(), &CardWifi::isScanningChanged);
+    Operator::tap(WifiScene::scanButton());
+    QCOMPARE(Journal::callsButBeeps(), QStringList(QStringLiteral("scanWifi()")));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QVERIFY(WifiScene::report("scanWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(scanning.size(), 2);
+    // In the order in which they came.
+    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::wifi()->networks().size(), 9);
+    const QQuickItem *row = scene.row(QStringLiteral("Maintenance"));
+    QCOMPARE(row->height(), 48.0);
+    QCOMPARE(row->width(), WifiScene::part("list")->width());
+    const QQuickItem *text = Operator::byText(const_cast<QQuickItem *>(row), QStringLiteral("Maintenance"));
+    QCOMPARE(text->x(), 48.0 * 16.0 / 13.0);
+    QCOMPARE(text->property("font").value<QFont>().pixelSize(), 20);
+}
+
+void TestCardWifiList::secondScanIsIgnored()
+{
+    const WifiScene scene;
+    WifiScene::wifi()->onClickScanWifi();
+    WifiScene::wifi()->onClickScanWifi();
+    Operator::tap(WifiScene::scanButton());
+    QCOMPARE(Journal::calls("scanWifi").size(), 1);
+}
+
+void TestCardWifiList::secondScanIsIgnoredWhileHidden()
+{
+    const WifiScene scene;
+    WifiScene::wifi()->onClickScanWifi();
+    WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Network);
+    QVERIFY(!WifiScene::part("scaning")->isVisible());
+    WifiScene::wifi()->onClickScanWifi();
+    QCOMPARE(Journal::calls("scanWifi").size(), 1);
+    // The result is there when the operator comes back.
+    QVERIFY(WifiScene::report("scanWifi"));
+    WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Wifi);
+    Operator::settle();
+    QCOMPARE(WifiScene::listed(), neighbours);
+}
+
+void TestCardWifiList::buttonsWhileScanning()
+{
+    const WifiScene scene;
+    QQuickItem *reset = scene.resetButton();
+    Operator::press(WifiScene::scanButton());
+    QCOMPARE(WifiScene::part("scanButtonImage")->opacity(), 0.6);
+    Operator::release(WifiScene::scanButton());
+    for (const QQuickItem *button : {static_cast<QQuickItem *>(WifiScene::scanButton()), reset}) {
+        QVERIFY(!button->isEnabled());
+        QCOMPARE(button->opacity(), 0.4);
+    }
+    QCOMPARE(WifiScene::part("scanButtonImage")->opacity(), 0.4);
+    QVERIFY(WifiScene::part("scaning")->isVisible());
+    QVERIFY(WifiScene::report("scanWifi"));
+    for (const QQuickItem *button : {static_cast<QQuickItem *>(WifiScene::scanButton()), reset}) {
+        QVERIFY(button->isEnabled());
+        QCOMPARE(button->opacity(), 1.0);
+    }
+    QVERIFY(!WifiScene::part("scaning")->isVisible());
+    Operator::press(reset);
+    // The page waits whether it becomes a scroll.
+    QTRY_COMPARE(reset->opacity(), 0.6);
+    Operator::release(reset);
+    QCOMPARE(reset->opacity(), 0.4);
+}
+
+void TestCardWifiList::nullListEmptiesTheList()
+{
+    const WifiScene scene;
+    scene.scan();
+    QVERIFY(!WifiScene::listed().isEmpty());
+    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.nullList = true; });
+    scene.scan();
+    QCOMPARE(WifiScene::listed(), QStringList());
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall"));
+}
+
+void TestCardWifiList::resultAfterResult()
+{
+    const WifiScene scene;
+    HmiSimulator::setManual(false);
+    HmiSimulator::setDelays(0);
+    HmiSimulator::setDelivery(HmiSimulator::Operation::Scan, HmiSimulator::Delivery::Twice);
+    QSignalSpy states(WifiScene::wifi(), &CardWifi::cardStateChanged);
+    Operator::tap(WifiScene::scanButton());
+    QVERIFY(HmiSimulator::waitIdle());
+    Operator::settle();
+    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(states.size(), 2);
+
+    HmiSimulator::setDelivery(HmiSimulator::Operation::Scan, HmiSimulator::Delivery::Synchronous);
+    Operator::tap(WifiScene::scanButton());
+    Operator::settle();
+    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+}
+
+void TestCardWifiList::lateResultOfAnOlderScan()
+{
+    const WifiScene scene;
+    HmiSimulator::setNetworks({{"first", "", 50}});
+    WifiScene::wifi()->onClickScanWifi();
+    // Joining ends the state of scanning, so that a second scan can be asked for.
+    WifiScene::wifi()->connectWifi(HMI::SSID{'x'}, QString());
+    WifiScene::wifi()->onClickScanWifi();
+    QVERIFY(WifiScene::report("scanWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QCOMPARE(WifiScene::listed(), QStringList());
+    QVERIFY(WifiScene::report("scanWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(WifiScene::listed(), QStringList(QStringLiteral("first")));
+}
+
+void TestCardWifiList::joinedNetworkIsListedOnce()
+{
+    const WifiScene scene;
+    scene.scan();
+    QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall")));
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall"));
+    QCOMPARE(WifiScene::part("list")->height(), 8 * 48.0);
+}
+
+void TestCardWifiList::joinedElsewhere()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::joinNetwork("Maintenance");
+    emit WifiScene::network()->wifiStatusChanged(true, QStringLiteral("Maintenance"));
+    QCOMPARE(WifiScene::current(), QStringLiteral("Maintenance"));
+    QVERIFY(WifiScene::listed().contains(QStringLiteral("Works Hall")));
+    QVERIFY(!WifiScene::listed().contains(QStringLiteral("Maintenance")));
+
+    HmiSimulator::leaveNetwork();
+    emit WifiScene::network()->wifiStatusChanged(false, QString());
+    QVERIFY(WifiScene::current().isNull());
+    QCOMPARE(WifiScene::listed().size(), 9);
+    // The other rows keep their places: the list does not move up.
+    HmiSimulator::joinNetwork("Works Hall");
+    const qreal y = WifiScene::part("list")->y();
+    WifiScene::wifi()->updateCurrentWifi();
+    Operator::settle();
+    QCOMPARE(WifiScene::part("list")->y(), y);
+
+    // Each opening of the screen looks anew.
+    HmiSimulator::joinNetwork("Warehouse");
+    WifiScene::wifi();
+    emit WifiScene::root()->opened();
+    QCOMPARE(WifiScene::current(), QStringLiteral("Warehouse"));
+}
+
+void TestCardWifiList::namesAreBytes()
+{
+    const std::string wide(32, 'W');
+    HmiSimulator::setNetworks({{"\xD7\xB0\xC5\xE4\xCF\xDF", "", 79},
+                               {wide + "Q", "", 40},
+                               {"", "", 39},
+                               {"two\nlines\tof\x1btext", "", 80},
+                               {"שלום", "", 60},
+                               {"<img src='x'>", "", 255}});
+    const WifiScene scene;
+    scene.scan();
+    const QString bad(QChar::ReplacementCharacter);
+    QStringList names = WifiScene::listed();
+    QCOMPARE(names, QStringList({QStringLiteral("装配线"), QString(32, QLatin1Char('W')),
+                                 "two" + bad + "lines" + bad + "of" + bad + "text", QStringLiteral("שלום"),
+                                 QStringLiteral("<img src='x'>")}));
+    QCOMPARE(WifiScene::wifi()->networks().size(), 6);
+    QCOMPARE(WifiScene::wifi()->networks()[1].ssid[32], '\0');
+    const auto rows = Operator::allByClass(WifiScene::part("list"), "QSP::WifiRow");
+    QCOMPARE(rows.size(), 6);
+    const QVector<int> bars{3, 2, 1, 4, 3, 4};
+    for (int i = 0; i < rows.size(); ++i) {
+        QCOMPARE(Operator::byClass(rows[i], "QQuickImage")->property("source").toUrl(),
+                 QUrl(QStringLiteral("qrc:/setting/icons/%1@2x.png").arg(bars[i])));
+        const auto texts = Operator::allByClass(rows[i], "QQuickText");
+        QCOMPARE(texts.size(), 1);
+        QVERIFY(texts[0]->x() + texts[0]->width() <= rows[i]->width());
+        QVERIFY(texts[0]->property("contentWidth").toReal() <= texts[0]->width());
+        QVERIFY(texts[0]->property("lineCount").toInt() <= 1);
+    }
+
+    // The joined one is never read as GB2312.
+    HmiSimulator::joinNetwork("\xD7\xB0\xC5\xE4\xCF\xDF");
+    WifiScene::wifi()->updateCurrentWifi();
+    QCOMPARE(WifiScene::current(), QStringLiteral("\u05F0") + bad.repeated(3));
+    QVERIFY(!WifiScene::listed().contains(QStringLiteral("装配线")));
+}
+
+void TestCardWifiList::emptyNameOfTheJoinedNetwork()
+{
+    const WifiScene scene;
+    // While scanning the name may be unknown for a moment: nothing changes.
+    Operator::tap(WifiScene::scanButton());
+    HmiSimulator::joinNetwork("");
+    WifiScene::wifi()->updateCurrentWifi();
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall"));
+    QVERIFY(WifiScene::report("scanWifi"));
+    QVERIFY(WifiScene::current().isNull());
+    QVERIFY(!WifiScene::part("current")->isVisible());
+    QCOMPARE(WifiScene::listed().size(), 9);
+}
+
+void TestCardWifiList::signalOfTheJoinedNetwork()
+{
+    const WifiScene scene;
+    const auto icon = [] {
+        return Operator::byClass(WifiScene::part("current"), "QQuickImage")
+            ->property("source")
+            .toUrl()
+            .fileName();
+    };
+    const QVector<QPair<int, int>> steps{{80, 4}, {79, 3}, {40, 2}, {39, 1},
+                                         {60, 3}, {0, 3},  {-5, 3}, {100, 4}};
+    for (const auto &step : steps) {
+        HmiSimulator::joinNetwork("Elsewhere", step.first);
+        QMetaObject::invokeMethod(WifiScene::wifi(), "updateSignalStrength");
+        QCOMPARE(icon(), QStringLiteral("%1@2x.png").arg(step.second));
+    }
+}
+
+void TestCardWifiList::nothingNewRepaintsNothing()
+{
+    const WifiScene scene;
+    HmiSimulator::joinNetwork("Elsewhere", 70);
+    scene.scan();
+    WifiScene::wifi()->updateCurrentWifi();
+    Operator::settle(100);
+    const auto itemCount = [] {
+        return Operator::items(WifiScene::wifi(), [](QQuickItem *) { return true; }).size();
+    };
+    const int items = itemCount();
+    const int children = WifiScene::wifi()->findChildren<QObject *>().size();
+    QSignalSpy frames(scene.window(), &QQuickWindow::frameSwapped);
+    for (int i = 0; i < 10000; ++i)
+        WifiScene::wifi()->updateCurrentWifi();
+    Operator::settle(100);
+    QCOMPARE(frames.size(), 0);
+    QCOMPARE(itemCount(), items);
+    QCOMPARE(WifiScene::wifi()->findChildren<QObject *>().size(), children);
+}
+
+void TestCardWifiList::resetForgetsAndScans()
+{
+    const WifiScene scene;
+    scene.scan();
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.resetButton());
+    QVERIFY(Journal::callsButBeeps().contains(QStringLiteral("resetWifi()")));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QVERIFY(WifiScene::current().isNull());
+    QCOMPARE(WifiScene::listed(), QStringList());
+    QVERIFY(WifiScene::report("resetWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(WifiScene::listed().size(), 9);
+    QVERIFY(WifiScene::current().isNull());
+}
+
+void TestCardWifiList::resetWhileScanning()
+{
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(WifiScene::scanButton());
+    Operator::tap(scene.resetButton());
+    QCOMPARE(Journal::calls("resetWifi"), QStringList());
+    emit WifiScene::wifi()->wifiReset();
+    QCOMPARE(Journal::calls("resetWifi"), QStringList());
+    QCOMPARE(WifiScene::listed(), QStringList());
+    QVERIFY(WifiScene::report("scanWifi"));
+    QCOMPARE(WifiScene::listed(), neighbours);
+}
+
+void TestCardWifiList::resetReachesTheNetworkCard()
+{
+    const WifiScene scene;
+    QSignalSpy reset(WifiScene::network(), &QSP::CardNetwork::wifiReset);
+    Operator::tap(scene.resetButton());
+    QCOMPARE(reset.size(), 1);
+}
+
+void TestCardWifiList::resultAfterTheScreenIsGone()
+{
+    {
+        const WifiScene scene;
+        Operator::tap(WifiScene::scanButton());
+    }
+    QVERIFY(WifiScene::report("scanWifi"));
+    QVERIFY(!WifiScene::root());
+}
+
+void TestCardWifiList::pageGrowsWithTheList()
+{
+    HmiSimulator::setNetworks(HmiSimulator::crowd(40));
+    const WifiScene scene;
+    scene.scan();
+    const QQuickItem *column = WifiScene::part("layout");
+    QVERIFY(column->height() > 40 * 48.0);
+    QCOMPARE(WifiScene::wifi()->height(), std::floor(column->height() + 7.0));
+    HmiSimulator::setNetworks({});
+    scene.scan();
+    QCOMPARE(WifiScene::wifi()->height(), 600.0 - 20.0 - 71.0);
+}
+
+void TestCardWifiList::longListIsCheap()
+{
+    const WifiScene scene;
+    const auto contents = [] {
+        return Operator::items(WifiScene::part("list"),
+                               [](QQuickItem *item) { return item->inherits("QSP::BeepButton"); })
+            .size();
+    };
+    HmiSimulator::setNetworks(HmiSimulator::crowd(100));
+    scene.scan();
+    const int few = contents();
+    HmiSimulator::setNetworks(HmiSimulator::crowd(1000));
+    scene.scan();
+    QCOMPARE(contents(), few);
+    QCOMPARE(WifiScene::wifi()->networks().size(), 1000);
+    QCOMPARE(Operator::allByClass(WifiScene::part("list"), "QSP::WifiRow").size(), 1000);
+
+    // Each row has its contents when it is scrolled to, and only then.
+    QQuickFlickable *pool = page();
+    for (const qreal y : {3000.0, 47000.0, 20000.0, 0.0}) {
+        pool->setContentY(y);
+        const int first = static_cast<int>((y - WifiScene::part("list")->y()) / 48.0);
+        for (int i = qMax(0, first); i < first + 11; ++i) {
+            QQuickItem *row = WifiScene::wifi()->networks()[i].item;
+            QCOMPARE(Operator::visibleTexts(row).size(), 1);
+        }
+        QVERIFY(contents() < 50);
+    }
+}
+
+void TestCardWifiList::rebuildingLeavesNothingBehind()
+{
+    const WifiScene scene;
+    HmiSimulator::setNetworks(HmiSimulator::crowd(50));
+    scene.scan();
+    const int objects = WifiScene::wifi()->findChildren<QObject *>().size();
+    const int items = Operator::items(WifiScene::wifi(), [](QQuickItem *) { return true; }).size();
+    for (int i = 0; i < 20; ++i) {
+        scene.scan();
+        WifiScene::wifi()->onWifiReset();
+        QVERIFY(WifiScene::report("resetWifi"));
+    }
+    QCOMPARE(WifiScene::wifi()->findChildren<QObject *>().size(), objects);
+    QCOMPARE(Operator::items(WifiScene::wifi(), [](QQuickItem *) { return true; }).size(), items);
+}
+
+void TestCardWifiList::scrollStaysWhereItIs()
+{
+    HmiSimulator::setNetworks(HmiSimulator::crowd(60));
+    const WifiScene scene;
+    scene.scan();
+    QQuickFlickable *pool = page();
+    QTest::mousePress(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 500});
+    for (int y = 490; y >= 200; y -= 10)
+        QTest::mouseMove(scene.window(), {600, y}, 2);
+    QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 200});
+    QTRY_VERIFY(!pool->isMoving());
+    const qreal y = pool->contentY();
+    QVERIFY(y > 100.0);
+    WifiScene::wifi()->onClickScanWifi();
+    QVERIFY(WifiScene::report("scanWifi"));
+    Operator::settle();
+    QCOMPARE(pool->contentY(), y);
+}
+
+void TestCardWifiList::listWaitsForTheFinger()
+{
+    const WifiScene scene;
+    scene.scan();
+    QQuickItem *row = scene.row(QStringLiteral("Works Hall Guests"));
+    const QPoint place = Operator::centerOf(row);
+    WifiScene::wifi()->onClickScanWifi();
+    HmiSimulator::setNetworks({{"Trap", "", 90}, {"Trap too", "", 90}, {"Works Hall Guests", "", 90}});
+    HmiSimulator::joinNetwork("Maintenance");
+
+    // The tap is for the network that the operator saw, however late he lifts the finger.
+    QTest::mousePress(scene.window(), Qt::LeftButton, Qt::NoModifier, place);
+    QVERIFY(WifiScene::report("scanWifi"));
+    emit WifiScene::network()->wifiStatusChanged(true, QStringLiteral("Maintenance"));
+    Operator::settle(300);
+    QCOMPARE(WifiScene::listed(), neighbours);
+    QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, place);
+    Operator::settle();
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ""))")));
+    QCOMPARE(WifiScene::wifi()->networks().size(), 3);
+}
+
+void TestCardWifiList::fingerAndHiddenPage()
+{
+    const WifiScene scene;
+    WifiScene::wifi()->onClickScanWifi();
+    QTest::mousePress(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 500});
+    QVERIFY(WifiScene::report("scanWifi"));
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    WifiScene::root()->close();
+    Operator::settle(20);
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QCOMPARE(WifiScene::wifi()->networks().size(), 9);
+    QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 500});
+}
+
+PANEL_TEST_MAIN(TestCardWifiList)
+
+#include "test_cardwifi_list.moc"
