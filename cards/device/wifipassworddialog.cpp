@@ -59,6 +59,12 @@ WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     // Before the closing is done the field still has the focus that hides the keyboard when it goes.
     connect(m_dialog, &QQuickPopup::aboutToHide, m_body, &WifiPasswordBody::clear);
     connect(m_dialog, &QQuickPopup::closed, m_body, &WifiPasswordBody::clear);
+    // The toolkit makes a context for the shade at each opening and keeps it as long as the popup.
+    connect(m_dialog, &QQuickPopup::closed, m_dialog, [dialog = m_dialog.data()] {
+        const auto contexts = dialog->findChildren<QQmlContext *>(QString(), Qt::FindDirectChildrenOnly);
+        for (QQmlContext *context : contexts)
+            context->deleteLater();
+    });
 }
 
 Dialog *WifiPasswordDialog::popup() const
