@@ -6,7 +6,6 @@
 #include "shell/screenroot.h"
 #include "shell/vkbmanager.h"
 
-#include <QtGui/QMouseEvent>
 #include <QtGui/QRegExpValidator>
 #include <QtQuick/private/qquicktextinput_p.h>
 
@@ -87,32 +86,6 @@ void TimeEditPopup::keepClearOfKeyboard()
     const qreal overlap = m_restY + height() + keyboardGap - keyboardTop;
     m_lifted = overlap > 0.0;
     setY(m_lifted ? qMax(0.0, m_restY - overlap) : m_restY);
-}
-
-bool TimeEditPopup::overlayEvent(QQuickItem *item, QEvent *event)
-{
-    // The keyboard belongs to the fields: a press on it is none outside of the editor.
-    const VkbManager &keyboard = VkbManager::instance();
-    if (keyboard.isVisible() && window()) {
-        qreal y = 0.0;
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseMove:
-        case QEvent::MouseButtonRelease:
-            y = static_cast<QMouseEvent *>(event)->windowPos().y();
-            break;
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-            y = item->mapToScene(static_cast<QTouchEvent *>(event)->touchPoints().constFirst().pos()).y();
-            break;
-        default:
-            break;
-        }
-        if (y >= window()->height() - keyboard.getHeight())
-            return false;
-    }
-    return QQuickPopup::overlayEvent(item, event);
 }
 
 QValidator *TimeEditPopup::createValidator(InputType type)

@@ -53,9 +53,6 @@ signals:
     /// The operator confirmed a date and time (local time).
     void dateTimeConfirmed(const QDateTime &dateTime);
 
-protected:
-    bool overlayEvent(QQuickItem *item, QEvent *event) override;
-
 private:
     static constexpr size_t inputCount = 6;
 
