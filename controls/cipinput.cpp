@@ -26,7 +26,9 @@ CIpInput::CIpInput(QQuickItem *parent) : QQuickItem(parent) {}
 
 CIpInput::~CIpInput()
 {
-    // A field that dies with the focus says so to an input that is no longer one.
+    // Leaving the scene changes the input and takes the focus from its fields, all of
+    // which would be told to what is no longer an input.
+    disconnect(this, nullptr, this, nullptr);
     for (QQuickTextInput *field : m_fields) {
         if (field)
             field->disconnect(this);

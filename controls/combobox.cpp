@@ -148,6 +148,17 @@ ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
     m_combo->setProperty("fontPixelSize", m_fontPixelSize);
 }
 
+ComboBox::~ComboBox()
+{
+    if (!m_combo)
+        return;
+    // Leaving the scene changes the box, which would say so to what is no longer a ComboBox.
+    QQuickPopup *popup = m_combo->popup();
+    popup->contentItem()->disconnect(this);
+    popup->disconnect(this);
+    m_combo->disconnect(this);
+}
+
 void ComboBox::registerType()
 {
     static const int _registered = qmlRegisterType<ComboBox>("QQuickSystemSet", 1, 0, "ComboBox");

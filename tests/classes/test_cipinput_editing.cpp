@@ -36,6 +36,7 @@ private slots:
     void settingWhileEditingIsNoEdit();
     void diesWhileFocused();
     void screenDiesWhileFocused();
+    void diesWhileDisabledOrHidden();
     void disabledWhileEditing();
     void hiddenWhileEditing();
     void screenClosedWhileEditing();
@@ -376,6 +377,20 @@ void TestCIpInputEditing::screenDiesWhileFocused()
     HmiSimulator::clearJournal();
     m_scene->end();
     QCOMPARE(HmiSimulator::calls().size(), 0u);
+}
+
+void TestCIpInputEditing::diesWhileDisabledOrHidden()
+{
+    CIpInput *other = addInput(90);
+    QStringList told;
+    connect(other, &CIpInput::ipChanged, this, [&told] { told << QStringLiteral("ip"); });
+    connect(other, &CIpInput::editingChanged, this, [&told] { told << QStringLiteral("editing"); });
+    m_scene->page()->setEnabled(false);
+    delete other;
+    m_scene->page()->setVisible(false);
+    delete m_ip;
+    QCOMPARE(told, QStringList());
+    QCOMPARE(m_changed->count() + m_edited->count(), 0);
 }
 
 void TestCIpInputEditing::disabledWhileEditing()

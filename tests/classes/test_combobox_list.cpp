@@ -36,6 +36,7 @@ private slots:
     void disabledStaysClosed();
     void disabledLooksIt();
     void diesWhileOpen();
+    void diesWhileDisabled();
     void screenDiesWhileOpen();
     void keyStorm();
 
@@ -336,6 +337,13 @@ void TestComboBoxList::diesWhileOpen()
     delete m_box;
     Operator::settle();
     QVERIFY(!Operator::byText(m_scene->glass(), QStringLiteral("WIFI")));
+}
+
+void TestComboBoxList::diesWhileDisabled()
+{
+    m_scene->page()->setEnabled(false);
+    delete m_box;
+    QCOMPARE(m_index->count() + m_activated->count(), 0);
 }
 
 void TestComboBoxList::screenDiesWhileOpen()
