@@ -148,6 +148,15 @@ ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
     m_combo->setProperty("fontPixelSize", m_fontPixelSize);
 }
 
+ComboBox::~ComboBox()
+{
+    // A disabled box tells when it leaves its parents, which is when this is only half there.
+    if (!m_combo)
+        return;
+    disconnect(m_combo, nullptr, this, nullptr);
+    disconnect(m_combo->popup(), nullptr, this, nullptr);
+}
+
 void ComboBox::registerType()
 {
     static const int _registered = qmlRegisterType<ComboBox>("QQuickSystemSet", 1, 0, "ComboBox");

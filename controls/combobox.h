@@ -23,6 +23,7 @@ class ComboBox : public QQuickItem
 
 public:
     explicit ComboBox(QQuickItem *parent = nullptr);
+    ~ComboBox() override;
     static void registerType();
 
     /// -1 when nothing is selected.
