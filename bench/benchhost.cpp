@@ -7,6 +7,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
+#include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QMouseEvent>
 #include <QtQml/QQmlComponent>
@@ -20,6 +21,13 @@ void BenchHost::prepareEnvironment()
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
     qputenv("QT_HASH_SEED", "0");
+}
+
+void BenchHost::prepareFont()
+{
+    const QFont font(QStringLiteral("WenQuanYi Micro Hei"));
+    QGuiApplication::setFont(font);
+    static_cast<void>(QFontMetrics(font).horizontalAdvance(QStringLiteral("Settings")));
 }
 
 BenchHost::BenchHost(const QSize &size)

@@ -19,6 +19,9 @@ class BenchHost
 public:
     /// Sets the environment that makes runs comparable. Before the application object.
     static void prepareEnvironment();
+    /// Sets the font as the demo host does, and loads it: a host has shown
+    /// texts of its own before. After the application object.
+    static void prepareFont();
 
     explicit BenchHost(const QSize &size = {1024, 600});
     ~BenchHost();

@@ -25,6 +25,7 @@ int main(int argc, char **argv)
 {
     BenchHost::prepareEnvironment();
     QGuiApplication application(argc, argv);
+    BenchHost::prepareFont();
     BenchHost host;
     host.showEmpty();
     host.loadScreen();

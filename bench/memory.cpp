@@ -9,6 +9,7 @@ int main(int argc, char **argv)
 {
     BenchHost::prepareEnvironment();
     QGuiApplication application(argc, argv);
+    BenchHost::prepareFont();
     BenchHost host;
     host.showEmpty();
     const qint64 floor = BenchHost::privateMemory();

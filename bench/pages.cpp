@@ -26,6 +26,7 @@ int main(int argc, char **argv)
 {
     BenchHost::prepareEnvironment();
     QGuiApplication application(argc, argv);
+    BenchHost::prepareFont();
     BenchHost host;
     host.showEmpty();
     host.loadScreen();
