@@ -6,6 +6,7 @@
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtQml/QQmlAbstractUrlInterceptor>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
@@ -46,6 +47,7 @@ class TestImplSystemSet : public PanelTest
 private slots:
     void init();
     void cleanup();
+    void glassIsMeasuredOnceThereIsAWindow();
     void initTellsTheScreenItsSize_data();
     void initTellsTheScreenItsSize();
     void secondScreenReplacesTheFirst();
@@ -87,6 +89,19 @@ QQuickItem *TestImplSystemSet::build(int width, int height)
     if (root)
         root->setParentItem(m_window->contentItem());
     return root;
+}
+
+// The first of all: the glass is measured once a process.
+void TestImplSystemSet::glassIsMeasuredOnceThereIsAWindow()
+{
+    const QSizeF glass = m_window->screen()->physicalSize();
+    QVERIFY(glass.width() >= glass.height());
+    QQuickItem *root = m_screen.init(m_engine.get(), 600, 1024, 1000);
+    QVERIFY(root);
+    QVERIFY(GlobalInfo::instance().isNativePortrait());
+    root->setParentItem(m_window->contentItem());
+    QVERIFY(!GlobalInfo::instance().isNativePortrait());
+    QVERIFY(GlobalInfo::instance().isScreenPortrait());
 }
 
 void TestImplSystemSet::initTellsTheScreenItsSize_data()
