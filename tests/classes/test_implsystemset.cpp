@@ -146,6 +146,8 @@ void TestImplSystemSet::withoutItsDocumentThereIsNoScreen()
     m_engine->setUrlInterceptor(&missing);
     expectMessage(QStringLiteral("missing.qml"));
     QVERIFY(!build());
+    // Not tried again, and not said again.
+    QVERIFY(!build());
     QVERIFY(!AppRootItem::instance());
     m_screen.open();
     m_screen.close();

@@ -51,6 +51,7 @@ private slots:
     void separatorStandsBelowTheEntries();
     void narrowPortraitMarksNoEntry();
     void narrowLandscapeMarksThePage();
+    void wifiPageMarksNetwork();
     void rebootTakesTheHighlight();
     void barsHaveTheirColours_data();
     void barsHaveTheirColours();
@@ -181,6 +182,34 @@ void TestMenu::narrowLandscapeMarksThePage()
     fixture.open();
     for (const QQuickItem *button : entries(fixture))
         QCOMPARE(colorOf(alias(button, "background")), QColor(Qt::white));
+}
+
+void TestMenu::wifiPageMarksNetwork()
+{
+    ScreenFixture fixture(plugin, {1024, 600});
+    fixture.open();
+    const auto buttons = entries(fixture);
+    const auto toWifi = [&fixture] {
+        fixture.tapMenu(QStringLiteral("Network"));
+        fixture.tapText(QStringLiteral("Wi-Fi"));
+        Operator::tap(Operator::byText(fixture.glass(), QStringLiteral("Wi-Fi Settings")));
+        Operator::settle();
+    };
+    toWifi();
+    QCOMPARE(fixture.title(), QStringLiteral("Wi-Fi"));
+    QCOMPARE(colorOf(alias(buttons.at(1), "background")), highlight);
+    QVERIFY(!fixture.card("QSP::CardNetwork"));
+    // The entry of the marked button is another page than the one that marks it.
+    fixture.tapMenu(QStringLiteral("Network"));
+    QCOMPARE(fixture.title(), QStringLiteral("Network"));
+    QCOMPARE(colorOf(alias(buttons.at(1), "background")), highlight);
+    QVERIFY(!fixture.card("QSP::CardWifi"));
+    toWifi();
+    fixture.close();
+    QCOMPARE(colorOf(alias(buttons.at(1), "background")), QColor(Qt::white));
+    fixture.open();
+    QCOMPARE(fixture.title(), QStringLiteral("General"));
+    QVERIFY(!fixture.card("QSP::CardWifi"));
 }
 
 void TestMenu::rebootTakesTheHighlight()
