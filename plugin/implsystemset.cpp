@@ -24,11 +24,11 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
         static const int rootType = qmlRegisterType<QSP::AppRootItem>("QQuickSystemSet", 1, 0, "AppRootItem");
         Q_UNUSED(rootType)
         s_component = new QQmlComponent(engine, QUrl(QStringLiteral("qrc:/setting/main.qml")), engine);
-        if (!s_component->isReady()) {
+        if (!s_component->isReady())
             qWarning("%s", qUtf8Printable(s_component->errorString()));
-            return nullptr;
-        }
     }
+    if (!s_component->isReady())
+        return nullptr;
 
     QObject *object = s_component->beginCreate(engine->rootContext());
     auto *root = qobject_cast<QSP::AppRootItem *>(object);

@@ -6,6 +6,7 @@
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 #include "shell/screenroot.h"
+#include "shell/vkbmanager.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQml/QQmlContext>
@@ -59,6 +60,9 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     connect(this, &QQuickItem::visibleChanged, this, [this] {
         if (isVisible())
             emit opened();
+        else if (VkbManager::instance().isVisible())
+            // Hidden items keep their focus: without this the keyboard would stay, over the host's own page.
+            VkbManager::instance().showVkb(false);
     });
 }
 

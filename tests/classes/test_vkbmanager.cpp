@@ -43,6 +43,9 @@ private slots:
     void hidingTakesTheFocus();
     void fieldMayDieWhileFocused();
     void screenMayDieWhileShown();
+    void hidingTheScreenHides_data();
+    void hidingTheScreenHides();
+    void takingTheScreenOutOfItsSceneHides();
     void screenInAnotherWindowHasItToo();
 
 private:
@@ -242,10 +245,47 @@ void TestVkbManager::screenMayDieWhileShown()
     QVERIFY(manager().isVisible());
     delete m_root;
     m_root = nullptr;
+    QVERIFY(!manager().isVisible());
     manager().showVkb(false);
     QVERIFY(!manager().isVisible());
     manager().showVkb(true);
     manager().showVkb(false);
+}
+
+void TestVkbManager::hidingTheScreenHides_data()
+{
+    QTest::addColumn<bool>("byClose");
+    QTest::newRow("closed") << true;
+    QTest::newRow("with the host's own page") << false;
+}
+
+void TestVkbManager::hidingTheScreenHides()
+{
+    QFETCH(bool, byClose);
+    QQuickItem page(m_window->contentItem());
+    m_root->setParentItem(&page);
+    QQuickTextInput *field = addField(560);
+    field->forceActiveFocus();
+    QVERIFY(QSP::ScreenRoot::cardColumn()->y() < 0.0);
+    if (byClose)
+        m_screen.close();
+    else
+        page.setVisible(false);
+    QVERIFY(!manager().isVisible());
+    QVERIFY(!field->hasActiveFocus());
+    QCOMPARE(QSP::ScreenRoot::cardColumn()->y(), 0.0);
+    m_root->setParentItem(m_window->contentItem());
+}
+
+void TestVkbManager::takingTheScreenOutOfItsSceneHides()
+{
+    addField(560)->forceActiveFocus();
+    QVERIFY(manager().isVisible());
+    m_root->setParentItem(nullptr);
+    QVERIFY(!manager().isVisible());
+    m_root->setParentItem(m_window->contentItem());
+    addField(100)->forceActiveFocus();
+    QVERIFY(manager().isVisible());
 }
 
 void TestVkbManager::screenInAnotherWindowHasItToo()

@@ -154,6 +154,12 @@ void TestNetworkSelection::vpnHidesTheOtherCards()
     page.select("VPN");
     QVERIFY(!page.dns()->isVisible());
     QVERIFY(!page.defaultAdapter()->isVisible());
+    // Nor do they come back with the page.
+    page.screen().tapMenu(QStringLiteral("General"));
+    page.screen().tapMenu(QStringLiteral("Network"));
+    QVERIFY(page.network()->isVisible());
+    QVERIFY(!page.dns()->isVisible());
+    QVERIFY(!page.defaultAdapter()->isVisible());
     page.select("4G");
     QVERIFY(page.dns()->isVisible());
     QVERIFY(page.defaultAdapter()->isVisible());

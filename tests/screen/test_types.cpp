@@ -65,6 +65,16 @@ void TestTypes::registersLazily()
             Operator::tap(Operator::byClass(titleBar, "QSP::BeepButton"));
         }
     }
+
+    fixture.tapMenu(QStringLiteral("Network"));
+    fixture.tapText(QStringLiteral("Wi-Fi"));
+    QCOMPARE(registeredTypes(), expected);
+    Operator::tap(Operator::byText(fixture.glass(), QStringLiteral("Wi-Fi Settings")));
+    Operator::settle();
+    QCOMPARE(fixture.title(), QStringLiteral("Wi-Fi"));
+    expected << QStringLiteral("CardWifi");
+    expected.sort();
+    QCOMPARE(registeredTypes(), expected);
 }
 
 PANEL_TEST_MAIN(TestTypes)
