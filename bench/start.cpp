@@ -58,7 +58,6 @@ int main(int argc, char **argv)
 {
     BenchHost::prepareEnvironment();
     QGuiApplication application(argc, argv);
-    BenchHost::prepareFont();
     const QString mode = application.arguments().value(1);
     if (mode == QLatin1String("floor") || mode == QLatin1String("screen"))
         return runOnce(mode == QLatin1String("screen"));

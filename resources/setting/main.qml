@@ -1,6 +1,6 @@
 import QtQuick 2.15
-import QtQuick.Templates 2.15 as T
 import QQuickSystemSet 1.0
+import "flatui" as FlatUI
 
 // Width and height come from the host before the document is completed; a binding would override them.
 AppRootItem {
@@ -115,8 +115,6 @@ AppRootItem {
         // A page that fits answers to a tap at once instead of waiting whether it becomes a scroll.
         interactive: contentHeight > height
 
-        T.ScrollBar.vertical: _scrollBar
-
         Column {
             id: _cardLayout
 
@@ -125,21 +123,11 @@ AppRootItem {
         }
     }
 
-    T.ScrollBar {
-        id: _scrollBar
-
+    FlatUI.ScrollBar {
         anchors.top: _cardPool.top
         anchors.bottom: _cardPool.bottom
         anchors.right: parent.right
         anchors.rightMargin: 4
-        width: 12
-        padding: 3
-        orientation: Qt.Vertical
-        visible: _cardPool.visible && size < 1.0
-
-        contentItem: Rectangle {
-            radius: width / 2
-            color: _scrollBar.pressed ? "#86909C" : "#C9CDD4"
-        }
+        flickable: _cardPool
     }
 }

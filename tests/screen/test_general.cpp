@@ -51,7 +51,13 @@ private:
     void build(const QSize &size);
     QQuickItem *card(const char *name) const { return m_fixture->card(name); }
     QQuickItem *brightness() const { return card("QSP::CardBrightness"); }
-    QQuickItem *slider() const { return Operator::byClass(brightness(), "QQuickSlider"); }
+    QQuickItem *slider() const
+    {
+        return Operator::items(brightness(), [](QQuickItem *item) {
+                   return item->property("visualPosition").isValid();
+               })
+            .value(0);
+    }
     QQuickItem *minus() const { return Operator::allByClass(brightness(), "QSP::BrightButton").value(0); }
     QQuickItem *plus() const { return Operator::allByClass(brightness(), "QSP::BrightButton").value(1); }
     QQuickItem *turn() const { return Operator::byClass(card("QSP::CardBuzzer"), "QSP::BeepSwitch"); }

@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import QtQuick.Templates 2.15 as T
 import QQuickSystemSet 1.0
 import "../flatui" as FlatUI
 
@@ -45,58 +44,20 @@ CardBrightness {
             onCanceled: _card.saveBrightness()
         }
 
-        T.Slider {
+        FlatUI.StepSlider {
             id: _slider
-
-            // A level from outside may lie beyond the ends; that is shown, not corrected.
-            function withinEnds(level) {
-                return Math.max(from, Math.min(to, Math.round(level)));
-            }
 
             width: Math.max(0, _content.width - _minus.width - _level.width - _plus.width - 3 * _content.spacing)
             height: _content.height
             from: 1
             to: 32
-            stepSize: 1
-            snapMode: T.Slider.SnapAlways
-            value: _card.brightnessValue
-            onValueChanged: {
-                if (withinEnds(value) !== withinEnds(_card.brightnessValue))
-                    _card.brightnessValue = withinEnds(value);
-            }
-            onPressedChanged: {
-                if (pressed)
-                    _card.beepIfOn();
-                else
-                    _card.saveBrightness();
-            }
-
-            background: Rectangle {
-                id: _groove
-
-                y: Math.round((_slider.height - height) / 2)
-                width: _slider.width
-                height: Math.round(0.18 * _card.rowHeight)
-                radius: height / 2
-                color: "#C9CDD4"
-
-                Rectangle {
-                    width: Math.round(_groove.width * _slider.value / 32)
-                    height: _groove.height
-                    radius: _groove.radius
-                    color: "#3482FF"
-                }
-            }
-
-            handle: Rectangle {
-                x: Math.round(_slider.visualPosition * (_slider.width - width))
-                y: Math.round((_slider.height - height) / 2)
-                width: Math.round(0.55 * _card.rowHeight)
-                height: width
-                radius: width / 2
-                color: _slider.pressed ? "#F2F3F5" : "#FFFFFF"
-                border.color: "#d0d0d0"
-            }
+            // A level from outside may lie beyond the ends; that is shown, not corrected.
+            value: Math.max(from, Math.min(to, _card.brightnessValue))
+            handleSize: Math.round(0.55 * _card.rowHeight)
+            background.height: Math.round(0.18 * _card.rowHeight)
+            onMoved: _card.brightnessValue = step
+            onGrabbed: _card.beepIfOn()
+            onReleased: _card.saveBrightness()
         }
 
         Item {
