@@ -16,7 +16,7 @@ public:
 
     QString nextName()
     {
-        const QString argument = m_left.takeFirst();
+        QString argument = m_left.takeFirst();
         const int equals = argument.startsWith(QLatin1String("--")) ? argument.indexOf(QLatin1Char('=')) : -1;
         if (equals < 0)
             return argument;

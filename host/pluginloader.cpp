@@ -15,7 +15,7 @@ PluginLoader::~PluginLoader()
 
 QString PluginLoader::ownLibrary()
 {
-    const QString name = QStringLiteral(PANEL_PLUGIN_NAME);
+    QString name = QStringLiteral(PANEL_PLUGIN_NAME);
     const QDir here(QCoreApplication::applicationDirPath());
     for (const char *place : {PANEL_PLUGIN_IN_BUILD_TREE, PANEL_PLUGIN_INSTALLED, "."}) {
         const QFileInfo file(here.filePath(QString::fromLatin1(place)), name);

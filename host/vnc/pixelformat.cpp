@@ -76,7 +76,7 @@ void PixelFormat::append(QByteArray *out, const QImage &image, const QRect &area
         const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y)) + area.left();
         if (isNative()) {
             memcpy(to, line, static_cast<size_t>(area.width()) * 4);
-            to += area.width() * 4;
+            to += static_cast<ptrdiff_t>(area.width()) * 4;
             continue;
         }
         for (int x = 0; x < area.width(); ++x, to += bytes) {
