@@ -335,7 +335,7 @@ void TestCMacInput::keyStorm()
         Qt::Key_Left,      Qt::Key_Home,   Qt::Key_End, Qt::Key_Clear,  Qt::Key_Delete,
         Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Escape, QSP::VkbManager::hideKey};
     QRandomGenerator random(11);
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 400; ++i) {
         if (i % 9 == 0)
             Operator::tap(m_field);
         key(codes.at(random.bounded(codes.size())));
