@@ -62,7 +62,8 @@ QQuickItem *RowFactory::labelledRow(const char *source, double height) const
 void RowFactory::placeRight(QQuickItem *item, QQuickItem *row) const
 {
     anchorsOf(item)->setRight(QQuickItemPrivate::get(row)->right());
-    anchorsOf(item)->setRightMargin(m_rowHeight / 2);
+    const int margin = m_rowHeight / 2;
+    anchorsOf(item)->setRightMargin(margin);
     anchorsOf(item)->setVerticalCenter(QQuickItemPrivate::get(row)->verticalCenter());
 }
 

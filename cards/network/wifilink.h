@@ -2,10 +2,8 @@
 
 #include <QtCore/QString>
 
-namespace QSP {
-
 /// What the network card needs to know of Wi-Fi, without knowing the card of the Wi-Fi page.
-namespace WifiLink {
+namespace QSP::WifiLink {
 
 /// Whether the panel has joined a network.
 bool isConnected();
@@ -14,6 +12,4 @@ QString ssid();
 /// Lets the Wi-Fi page, if it was ever shown, read the signal strength again.
 void updateSignalStrength();
 
-} // namespace WifiLink
-
-} // namespace QSP
+} // namespace QSP::WifiLink
