@@ -48,6 +48,11 @@ void CMacInput::componentComplete()
     connect(m_field, &QQuickTextInput::accepted, this, &CMacInput::onAccepted);
     connect(m_field, &QQuickItem::activeFocusChanged, this,
             [this](bool focused) { VkbManager::instance().fieldFocusChanged(m_field, focused); });
+    // The toolkit leaves the focus, and with it the keyboard, to a field that nobody sees any more.
+    connect(this, &QQuickItem::visibleChanged, this, [this] {
+        if (!isVisible())
+            abandonEdit();
+    });
 }
 
 void CMacInput::onClick()
@@ -92,13 +97,18 @@ void CMacInput::setEnabled(bool enabled)
 {
     if (!m_field)
         return;
-    // An edit is taken back; the focus must not come back with the next enabling.
-    if (!enabled && m_field->hasActiveFocus()) {
-        m_field->setProperty("text", m_field->property("oldInputText"));
-        m_field->setFocus(false);
-    }
+    if (!enabled)
+        abandonEdit();
     m_field->setEnabled(enabled);
     m_field->setColor(fieldTextColor(enabled));
+}
+
+void CMacInput::abandonEdit()
+{
+    if (!m_field->hasActiveFocus())
+        return;
+    m_field->setProperty("text", m_field->property("oldInputText"));
+    m_field->setFocus(false);
 }
 
 void CMacInput::setFontPixelSize(int size)

@@ -15,7 +15,8 @@ namespace QSP {
 /// A hardware address in one masked field, edited with the on-screen keyboard.
 ///
 /// Keeps no value of its own: what the field shows is the value. A field that
-/// is left half filled in shows again what it showed before.
+/// is left half filled in shows again what it showed before. Disabling or hiding
+/// the input in the middle of an edit takes the edit back.
 class CMacInput : public QQuickItem
 {
     Q_OBJECT
@@ -54,6 +55,8 @@ protected:
     void componentComplete() override;
 
 private:
+    void abandonEdit();
+
     QQuickTextInput *m_field = nullptr;
 };
 

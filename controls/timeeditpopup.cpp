@@ -36,7 +36,7 @@ TimeEditPopup::TimeEditPopup(QQuickItem *parent) : QQuickPopup(parent)
     setDim(false);
     // Escape ends the editing of a field, as its key filter says, not the editor.
     setClosePolicy(CloseOnPressOutside);
-    connect(this, &QQuickPopup::closed, this, [] { VkbManager::instance().showVkb(false); });
+    connect(this, &QQuickPopup::closed, this, &TimeEditPopup::endEditing);
     ScreenRoot::onVisibleChanged(this, [this] { close(); });
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &TimeEditPopup::keepClearOfKeyboard);
     createUI();
@@ -49,6 +49,14 @@ TimeEditPopup::~TimeEditPopup()
         input->disconnect(this);
     if (isVisible())
         VkbManager::instance().showVkb(false);
+}
+
+void TimeEditPopup::endEditing()
+{
+    // Else the toolkit may hand the focus, and with it the keyboard, back to the field at the next opening.
+    for (QQuickTextInput *input : m_inputs)
+        input->setFocus(false);
+    VkbManager::instance().showVkb(false);
 }
 
 void TimeEditPopup::onInputFocusChanged(QQuickTextInput *input, bool focused)

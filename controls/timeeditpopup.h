@@ -68,6 +68,7 @@ private:
     QQuickTextInput *createInput(InputType type, const QRectF &box, int fontPixelSize);
     void createSeparator(const QString &text, const QRectF &span, int fontPixelSize);
     void createButtons(const QRectF &place, qreal baseFontSize);
+    void endEditing();
     void onInputFocusChanged(QQuickTextInput *input, bool focused);
     void keepClearOfKeyboard();
 

@@ -44,6 +44,8 @@ void CardBrightness::setBrightnessValue(int value)
 
 void CardBrightness::saveBrightness()
 {
+    // A level that was told from beyond the ends is never written back, let alone stored.
+    setBrightnessValue(m_brightnessValue);
     service().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
 }
 

@@ -23,7 +23,7 @@ public:
 
     /// Applies a level without saving it; what is beyond 1 and 32 is taken as these.
     Q_INVOKABLE void setBrightnessValue(int value);
-    /// Applies the level and saves it.
+    /// Applies the level and saves it; one from beyond 1 and 32 becomes these first.
     Q_INVOKABLE void saveBrightness();
     Q_INVOKABLE void beepIfOn();
 

@@ -21,6 +21,8 @@ private slots:
     void sameLevelWritesNothing();
     void tellsBeforeItWrites();
     void savesInAnyCase();
+    void nonsenseIsNotStored_data();
+    void nonsenseIsNotStored();
     void nonsenseIsShownAndNotWritten_data();
     void nonsenseIsShownAndNotWritten();
     void interface();
@@ -118,6 +120,27 @@ void TestCardBrightness::savesInAnyCase()
     card.saveBrightness();
     card.saveBrightness();
     QCOMPARE(Journal::calls(), (QStringList{"setBright(5, save)", "setBright(5, save)"}));
+}
+
+void TestCardBrightness::nonsenseIsNotStored_data()
+{
+    QTest::addColumn<int>("told");
+    QTest::addColumn<int>("stored");
+    QTest::newRow("0") << 0 << 1;
+    QTest::newRow("99") << 99 << 32;
+    QTest::newRow("-1000") << -1000 << 1;
+}
+
+void TestCardBrightness::nonsenseIsNotStored()
+{
+    QFETCH(int, told);
+    QFETCH(int, stored);
+    HmiSimulator::setBright(told);
+    CardBrightness card;
+    card.saveBrightness();
+    QCOMPARE(card.brightnessValue(), stored);
+    QCOMPARE(Journal::calls(), (QStringList{QStringLiteral("setBright(%1, no save)").arg(stored),
+                                            QStringLiteral("setBright(%1, save)").arg(stored)}));
 }
 
 void TestCardBrightness::nonsenseIsShownAndNotWritten_data()

@@ -40,6 +40,8 @@ private slots:
     void leavingByTapReportsNothing();
     void disabledField();
     void disabledWhileEditing();
+    void hiddenWhileEditing();
+    void screenClosedWhileEditing();
     void diesWhileFocused();
     void looks();
     void withoutItsDocument();
@@ -294,6 +296,36 @@ void TestCMacInput::disabledWhileEditing()
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(ControlScene::beeps(), 0);
     QVERIFY(m_reported.isEmpty());
+}
+
+void TestCMacInput::hiddenWhileEditing()
+{
+    m_mac->setMac(someMac);
+    type(QStringLiteral("AABB"));
+    m_scene->page()->setVisible(false);
+    QVERIFY(!m_field->hasFocus());
+    QVERIFY(!ControlScene::isKeyboardShown());
+    QCOMPARE(m_mac->mac(), someMac);
+    m_scene->page()->setVisible(true);
+    QVERIFY(!m_field->hasActiveFocus());
+    QVERIFY(m_reported.isEmpty());
+}
+
+void TestCMacInput::screenClosedWhileEditing()
+{
+    m_mac->setMac(someMac);
+    type(QStringLiteral("AABB"));
+    QVERIFY(ControlScene::isKeyboardShown());
+    m_scene->close();
+    QVERIFY2(!ControlScene::isKeyboardShown(), "the keyboard stays over the host's page");
+    // Keys that were under way reach nothing.
+    Operator::type(m_scene->window(), QStringLiteral("CC"));
+    key(Qt::Key_Return);
+    QVERIFY(m_reported.isEmpty());
+    m_scene->open();
+    QVERIFY(!m_field->hasActiveFocus());
+    QVERIFY(!ControlScene::isKeyboardShown());
+    QCOMPARE(m_mac->mac(), someMac);
 }
 
 void TestCMacInput::diesWhileFocused()

@@ -334,7 +334,12 @@ void TestGeneral::brightnessBeyondItsRange()
     QVERIFY(Operator::byText(brightness(), QString::number(told)));
     QCOMPARE(slider()->property("value").toInt(), shownAt);
     QCOMPARE(brightCalls(), QStringList());
-    // A touch of the slider where it is changes nothing by itself, but what is saved is what is shown.
+    // A touch of the slider where it stands takes the level that it stands at.
+    Operator::tap(m_fixture->window(), sliderPoint(shownAt));
+    QCOMPARE(brightCalls(), (QStringList{QStringLiteral("setBright(%1, no save)").arg(shownAt),
+                                         QStringLiteral("setBright(%1, save)").arg(shownAt)}));
+    QVERIFY(Operator::byText(brightness(), QString::number(shownAt)));
+    HmiSimulator::clearJournal();
     Operator::tap(m_fixture->window(), sliderPoint(10));
     QCOMPARE(brightCalls(), (QStringList{"setBright(10, no save)", "setBright(10, save)"}));
 }
