@@ -51,6 +51,8 @@ private slots:
     void wifiTimerNeedsTheSelection();
     void addressAnswerOfAnUnknownAdapter();
     void rowsOfUnknownValues();
+    void tinyScreens_data();
+    void tinyScreens();
 
 private:
     QTimer *timer(int interval) const;
@@ -351,6 +353,24 @@ void TestCardNetwork::rowsOfUnknownValues()
     m_card->setCurrentNIC(lan0);
     QCOMPARE(m_card->layout()->childItems().size(), rows + 3);
     QVERIFY(!m_card->rows().of(mobile).enable->isVisible());
+}
+
+void TestCardNetwork::tinyScreens_data()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize &size : {QSize(1, 1), QSize(40, 30), QSize(30, 60), QSize(100, 80)})
+        QTest::newRow(qPrintable(QString("%1x%2").arg(size.width()).arg(size.height()))) << size;
+}
+
+void TestCardNetwork::tinyScreens()
+{
+    QFETCH(QSize, size);
+    m_screen.reset();
+    m_screen = std::make_unique<NetworkScene>(size);
+    m_card = NetworkScene::networkCard<CardNetwork>(QSP::AppRootItem::Cards::Network);
+    QVERIFY(m_card);
+    for (const NIC nic : {lan1, wifi, mobile, vpn, lan0})
+        m_card->setCurrentNIC(nic);
 }
 
 PANEL_TEST_MAIN(TestCardNetwork)
