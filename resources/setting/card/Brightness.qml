@@ -67,7 +67,7 @@ CardBrightness {
             onPressedChanged: {
                 if (pressed)
                     _card.beepIfOn();
-                else
+                else if (_card) // gone when the host deletes the screen under the finger
                     _card.saveBrightness();
             }
 
