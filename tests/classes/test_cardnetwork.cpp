@@ -51,6 +51,7 @@ private slots:
     void wifiTimerNeedsTheSelection();
     void addressAnswerOfAnUnknownAdapter();
     void rowsOfUnknownValues();
+    void wifiTellsBeforeItSwitches();
     void tinyScreens_data();
     void tinyScreens();
 
@@ -353,6 +354,22 @@ void TestCardNetwork::rowsOfUnknownValues()
     m_card->setCurrentNIC(lan0);
     QCOMPARE(m_card->layout()->childItems().size(), rows + 3);
     QVERIFY(!m_card->rows().of(mobile).enable->isVisible());
+}
+
+void TestCardNetwork::wifiTellsBeforeItSwitches()
+{
+    m_card->setCurrentNIC(wifi);
+    QStringList seen;
+    const auto note = [&seen](const char *what) {
+        seen
+            << QStringLiteral("%1 after %2").arg(QLatin1String(what)).arg(Journal::calls("enableNIC").size());
+    };
+    connect(m_card, &CardNetwork::wifiEnableChanged, this, [note] { note("tile"); });
+    connect(m_card, &CardNetwork::netDisabledChanged, this, [note] { note("switch"); });
+    QSP::BeepSwitch *disable = m_card->rows().of(wifi).enable;
+    disable->setOn(true);
+    disable->setOn(false);
+    QCOMPARE(seen, QStringList({"tile after 0", "switch after 1", "tile after 1", "switch after 2"}));
 }
 
 void TestCardNetwork::tinyScreens_data()
