@@ -2,6 +2,8 @@
 
 #include "shell/globalinfo.h"
 
+#include <algorithm>
+
 namespace QSP {
 
 NetworkMetrics NetworkMetrics::ofScreen()
@@ -17,7 +19,8 @@ NetworkMetrics NetworkMetrics::ofScreen()
         metrics.rowHeight = static_cast<int>(width * 0.060546875);
         metrics.titleRowHeight = static_cast<int>(width * 0.051041666666666666);
     }
-    metrics.fontPixelSize = static_cast<int>(metrics.rowHeight * 0.323);
+    // However small the screen: Qt knows no font of 0 pixels.
+    metrics.fontPixelSize = std::max(1, static_cast<int>(metrics.rowHeight * 0.323));
     return metrics;
 }
 

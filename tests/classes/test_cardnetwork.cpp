@@ -51,6 +51,9 @@ private slots:
     void wifiTimerNeedsTheSelection();
     void addressAnswerOfAnUnknownAdapter();
     void rowsOfUnknownValues();
+    void wifiTellsBeforeItSwitches();
+    void tinyScreens_data();
+    void tinyScreens();
 
 private:
     QTimer *timer(int interval) const;
@@ -351,6 +354,40 @@ void TestCardNetwork::rowsOfUnknownValues()
     m_card->setCurrentNIC(lan0);
     QCOMPARE(m_card->layout()->childItems().size(), rows + 3);
     QVERIFY(!m_card->rows().of(mobile).enable->isVisible());
+}
+
+void TestCardNetwork::wifiTellsBeforeItSwitches()
+{
+    m_card->setCurrentNIC(wifi);
+    QStringList seen;
+    const auto note = [&seen](const char *what) {
+        seen
+            << QStringLiteral("%1 after %2").arg(QLatin1String(what)).arg(Journal::calls("enableNIC").size());
+    };
+    connect(m_card, &CardNetwork::wifiEnableChanged, this, [note] { note("tile"); });
+    connect(m_card, &CardNetwork::netDisabledChanged, this, [note] { note("switch"); });
+    QSP::BeepSwitch *disable = m_card->rows().of(wifi).enable;
+    disable->setOn(true);
+    disable->setOn(false);
+    QCOMPARE(seen, QStringList({"tile after 0", "switch after 1", "tile after 1", "switch after 2"}));
+}
+
+void TestCardNetwork::tinyScreens_data()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize &size : {QSize(1, 1), QSize(40, 30), QSize(30, 60), QSize(100, 80)})
+        QTest::newRow(qPrintable(QString("%1x%2").arg(size.width()).arg(size.height()))) << size;
+}
+
+void TestCardNetwork::tinyScreens()
+{
+    QFETCH(QSize, size);
+    m_screen.reset();
+    m_screen = std::make_unique<NetworkScene>(size);
+    m_card = NetworkScene::networkCard<CardNetwork>(QSP::AppRootItem::Cards::Network);
+    QVERIFY(m_card);
+    for (const NIC nic : {lan1, wifi, mobile, vpn, lan0})
+        m_card->setCurrentNIC(nic);
 }
 
 PANEL_TEST_MAIN(TestCardNetwork)

@@ -46,6 +46,7 @@ private slots:
     void editorTextsFollowTheLanguage();
     void hostClosesWhileEditing();
     void hostDeletesWhileEditing();
+    void hostDeletesUnderTheFinger();
 
 private:
     void build(const QSize &size);
@@ -481,6 +482,17 @@ void TestGeneral::hostDeletesWhileEditing()
     QVERIFY(!field(QStringLiteral("Year")));
     Operator::type(m_fixture->window(), QStringLiteral("12"));
     Operator::settle(50);
+    QCOMPARE(Journal::callsButBeeps(), QStringList());
+}
+
+void TestGeneral::hostDeletesUnderTheFinger()
+{
+    build({1024, 600});
+    QTest::mousePress(m_fixture->window(), Qt::LeftButton, Qt::NoModifier, sliderPoint(20));
+    Operator::settle(250);
+    QVERIFY(slider()->property("pressed").toBool());
+    delete m_fixture->root();
+    QTest::mouseRelease(m_fixture->window(), Qt::LeftButton);
     QCOMPARE(Journal::callsButBeeps(), QStringList());
 }
 

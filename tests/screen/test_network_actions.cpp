@@ -25,6 +25,9 @@ private slots:
     void vpnOnAndOff();
     void vpnServer();
     void wifiOnAndOff();
+    void serverChoiceRefreshesTheState();
+    void dnsIsReadAgainIfTheAdapterWasEnabled_data();
+    void dnsIsReadAgainIfTheAdapterWasEnabled();
     void openingReadsTheSwitchesAgain();
     void openingAsksForLeasesAgain();
     void openingNeverOverwritesAnEdit();
@@ -302,6 +305,38 @@ void TestNetworkActions::wifiOnAndOff()
     QVERIFY(tile->isEnabled());
     QCOMPARE(enabled, QList<QVariantList>({{false}, {true}}));
     QTRY_COMPARE(Journal::calls("setDHCP"), QStringList("setDHCP(WIFI, true, persist)"));
+}
+
+void TestNetworkActions::serverChoiceRefreshesTheState()
+{
+    NetworkPage page;
+    page.select("VPN");
+    QQuickItem *servers = Operator::byClass(page.row("Server"), "QSP::ComboBox");
+    HmiSimulator::setGettersRecorded(true);
+    HmiSimulator::clearJournal();
+    servers->setProperty("currentIndex", 1);
+    const QStringList calls =
+        Journal::calls().filter(QRegularExpression("^(setVPNServer|resetVPNIp|getVPNServerState)"));
+    QCOMPARE(calls, QStringList({"setVPNServer(EUROPE)", "resetVPNIp(EUROPE)", "getVPNServerState(EUROPE)"}));
+}
+
+void TestNetworkActions::dnsIsReadAgainIfTheAdapterWasEnabled_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("enabled when built") << true;
+    QTest::newRow("disabled when built") << false;
+}
+
+void TestNetworkActions::dnsIsReadAgainIfTheAdapterWasEnabled()
+{
+    QFETCH(bool, enabled);
+    HmiSimulator::setNicEnabled(HMI::SystemSet::LAN0, enabled);
+    NetworkPage page;
+    HmiSimulator::setGettersRecorded(true);
+    HmiSimulator::clearJournal();
+    page.tapToggle("Disable Network");
+    page.tapToggle("Disable Network");
+    QCOMPARE(Journal::calls("getDns").size(), enabled ? 2 : 0);
 }
 
 void TestNetworkActions::openingReadsTheSwitchesAgain()

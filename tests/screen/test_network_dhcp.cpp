@@ -12,6 +12,7 @@ private slots:
     void leaseArrivesLive();
     void failedRequestShowsWhatIsInForce();
     void wifiShowsALeaseOnlyWhenJoined();
+    void failedWifiRequestIsShownThoughNotJoined();
     void deliveries_data();
     void deliveries();
     void lateAnswerDoesNotOverwriteAnEdit();
@@ -69,6 +70,22 @@ void TestNetworkDhcp::wifiShowsALeaseOnlyWhenJoined()
     page.tapToggle("Static IP");
     page.tapToggle("Static IP");
     QTRY_COMPARE(page.address("IP Address"), QString("192.168.50.143"));
+}
+
+void TestNetworkDhcp::failedWifiRequestIsShownThoughNotJoined()
+{
+    HmiSimulator::setManual(true);
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, false);
+    HmiSimulator::leaveNetwork();
+    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.dhcp = 1; });
+    NetworkPage page;
+    page.select("Wi-Fi");
+    page.tapToggle("Static IP");
+    QVERIFY(HmiSimulator::fireNext("setDHCP(WIFI)"));
+    QCOMPARE(Journal::toList(HmiSimulator::reports()), QStringList("setDHCP(WIFI, DHCP_FAILED)"));
+    const HMI::IP live = HmiSimulator::panel().adapters.at(HMI::SystemSet::WIFI).live.ip;
+    QVERIFY(QHostAddress(quint32(live)).toString() != QString("192.168.50.30"));
+    QTRY_COMPARE(page.address("IP Address"), QHostAddress(quint32(live)).toString());
 }
 
 void TestNetworkDhcp::deliveries_data()

@@ -57,7 +57,11 @@ CardBrightness {
             background.height: Math.round(0.18 * _card.rowHeight)
             onMoved: _card.brightnessValue = step
             onGrabbed: _card.beepIfOn()
-            onReleased: _card.saveBrightness()
+            // Without a card when the host deletes the screen under the finger.
+            onReleased: {
+                if (_card)
+                    _card.saveBrightness();
+            }
         }
 
         Item {

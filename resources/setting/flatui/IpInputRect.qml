@@ -43,7 +43,10 @@ Item {
             regularExpression: /^(0?(25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?)?)$/
         }
 
+        // A screen that the host deletes takes the focus from a field that these handlers can no longer read.
         onActiveFocusChanged: {
+            if (!_input)
+                return
             if (activeFocus) {
                 oldInputText = text
                 _rect.owner.onClick()
@@ -51,7 +54,10 @@ Item {
                 text = "0"
             }
         }
-        onEditingFinished: text = text.replace(/^0+/, "")
+        onEditingFinished: {
+            if (_input)
+                text = text.replace(/^0+/, "")
+        }
 
         Keys.onPressed: {
             switch (event.key) {

@@ -82,6 +82,9 @@ Item {
             _slider.moveTo(mouse.x - offset);
             _slider.released();
         }
-        onCanceled: _slider.released()
+        onCanceled: {
+            if (_slider)
+                _slider.released();
+        }
     }
 }
