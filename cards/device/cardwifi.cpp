@@ -17,6 +17,8 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <utility>
+
 namespace QSP {
 
 namespace {
@@ -199,12 +201,15 @@ void CardWifi::showState()
     showButton(m_scanButton, m_scanImage);
     showButton(m_resetButton, nullptr);
 
-    if (m_state == Connecting && m_dialog)
+    // By the attempt and not by the state alone: a list that comes meanwhile ends the state.
+    const bool inDialog = m_dialog && m_isDialogOfAttempt && !m_attemptEnded && !isScanning();
+    if (inDialog)
         m_dialog->setStatus(QT_TRANSLATE_NOOP("CardWifi", "Connecting"));
     if (!m_busy)
         return;
-    QQuickItem *place = m_state == Connecting && m_dialog ? m_dialog->busyPlace() : m_busyHome.data();
+    QQuickItem *place = inDialog ? m_dialog->busyPlace() : m_busyHome.data();
     m_busy->setParentItem(place);
+    m_busy->setX(place == m_busyHome ? 0.0 : -m_busy->width() / 2.0);
     m_busy->setVisible(isScanning() || place != m_busyHome);
 }
 
@@ -351,10 +356,11 @@ WifiPasswordDialog *CardWifi::pwDialog()
 void CardWifi::openPwDialog()
 {
     WifiPasswordDialog *dialog = pwDialog();
-    if (m_state == Connecting) {
+    m_isDialogOfAttempt = m_state == Connecting;
+    showState();
+    if (m_isDialogOfAttempt) {
         const HMI::SSID joining = service().currentWifiSsid();
         dialog->setBodyVisible(false);
-        showState();
         dialog->open(getSsidFromCurWifi(isEmptySsid(joining) ? m_attemptSsid : joining));
         return;
     }
@@ -382,9 +388,14 @@ void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
     const int attempt = ++m_attempt;
     m_attemptEnded = false;
     m_attemptSsid = terminatedSsid(wifiname);
+    m_isDialogOfAttempt = true;
     setState(Connecting);
-    if (m_dialog)
+    if (m_dialog) {
+        // It may have been opened to show the attempt that this one replaces.
+        m_dialog->setTitle(getSsidFromScan(m_attemptSsid));
         m_dialog->setBodyVisible(false);
+    }
+    showState();
     tellConnecting(true);
     service().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
                           onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
@@ -434,9 +445,11 @@ void CardWifi::onAttemptFailed(const char *text)
 {
     m_attemptEnded = true;
     setState(Idle);
+    // A list that came meanwhile has ended the state before.
+    showState();
     // The attempt has cost the network that was joined before.
     updateCurrentWifi();
-    if (!m_dialog)
+    if (!m_dialog || !m_isDialogOfAttempt)
         return;
     // While it was going on another network may have been tapped; the next password is for this one.
     m_selectedSsid = m_attemptSsid;
@@ -476,7 +489,7 @@ void CardWifi::setDhcpAndUpdateCurWifi()
 
 void CardWifi::closeDialog_and_updateCurWifiInfo()
 {
-    if (m_dialog)
+    if (m_dialog && m_isDialogOfAttempt)
         m_dialog->close();
     emit connectedChanged(true);
     updateCurrentWifi();

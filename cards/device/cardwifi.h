@@ -134,6 +134,8 @@ private:
     int m_scan = 0;
     int m_attempt = 0;
     bool m_attemptEnded = true;
+    // Else the dialog is open for a password of some network, and reports of the attempt leave it alone.
+    bool m_isDialogOfAttempt = false;
     // What came while a finger was down.
     std::unique_ptr<WifiList::Records> m_heldRecords;
     bool m_isListHeld = false;

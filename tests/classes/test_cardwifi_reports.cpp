@@ -1,0 +1,137 @@
+#include "tests/classes/wifiscene.h"
+
+#include <QtGui/QGuiApplication>
+
+using QSP::CardWifi;
+
+namespace {
+
+// One report of each attempt, by script.
+void scriptReports(const std::vector<int> &reports)
+{
+    HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
+}
+
+void leaseOnJoining()
+{
+    HmiSimulator::change(
+        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+}
+
+bool isBusyIn(QQuickItem *dialogBody)
+{
+    return !Operator::items(dialogBody, [](QQuickItem *item) {
+                return item == WifiScene::part("scaning") && item->isVisible();
+            }).isEmpty();
+}
+
+} // namespace
+
+/// Reports of a join that come while the operator is at something else, or more than once.
+class TestCardWifiReports : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void entryOfAnotherNetworkIsLeftAlone_data();
+    void entryOfAnotherNetworkIsLeftAlone();
+    void leaseLeavesAnotherEntryOpen();
+    void busyOverAScan();
+    void titleOfTheReplacingAttempt();
+};
+
+void TestCardWifiReports::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+void TestCardWifiReports::entryOfAnotherNetworkIsLeftAlone_data()
+{
+    QTest::addColumn<int>("report");
+    QTest::newRow("offline") << 0;
+    QTest::newRow("connecting") << 1;
+    QTest::newRow("connected") << 2;
+    QTest::newRow("timeout") << 3;
+    QTest::newRow("wrong password") << 4;
+}
+
+void TestCardWifiReports::entryOfAnotherNetworkIsLeftAlone()
+{
+    QFETCH(int, report);
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({report});
+    Operator::tap(WifiScene::scanButton());
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    // The list ends the state, so that another network can be chosen while the attempt goes on.
+    QVERIFY(WifiScene::report("scanWifi"));
+    scene.closeDialog();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    scene.typePassword(QStringLiteral("torque55Nm"));
+    const QStringList before = scene.dialogTexts();
+    QCOMPARE(before.value(0), QStringLiteral("Maintenance"));
+
+    QVERIFY(WifiScene::report("connectWifi"));
+    Operator::settle(20);
+    QVERIFY(scene.dialogBody());
+    QCOMPARE(scene.dialogTexts(), before);
+    QVERIFY(!isBusyIn(scene.dialogBody()));
+    scriptReports({});
+    HmiSimulator::clearJournal();
+    scene.tapInDialog(QStringLiteral("Connect"));
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Maintenance", ****))")));
+    QCOMPARE(scene.dialogTexts(), QStringList({"Maintenance", "Connecting"}));
+    QVERIFY(isBusyIn(scene.dialogBody()));
+}
+
+void TestCardWifiReports::leaseLeavesAnotherEntryOpen()
+{
+    const WifiScene scene;
+    scene.scan();
+    leaseOnJoining();
+    scriptReports({2});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    scene.closeDialog();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QVERIFY(WifiScene::report("setDHCP"));
+    Operator::settle(20);
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Enter password")));
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+}
+
+void TestCardWifiReports::busyOverAScan()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({4});
+    Operator::tap(WifiScene::scanButton());
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("scanWifi"));
+    QVERIFY(isBusyIn(scene.dialogBody()));
+    const QQuickItem *busy = WifiScene::part("scaning");
+    const qreal middle = busy->mapToItem(scene.dialogBody(), QPointF(busy->width() / 2.0, 0.0)).x();
+    QVERIFY(qAbs(middle - scene.dialogBody()->width() / 2.0) <= 0.51);
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(!isBusyIn(scene.dialogBody()));
+    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wrong password")));
+}
+
+void TestCardWifiReports::titleOfTheReplacingAttempt()
+{
+    HmiSimulator::setNetworks({{"first", "", 80}, {"second", "", 80}});
+    const WifiScene scene;
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("first")));
+    scene.closeDialog();
+    Operator::tap(scene.row(QStringLiteral("second")));
+    QCOMPARE(Journal::calls("connectWifi").size(), 2);
+    QCOMPARE(scene.dialogTexts(), QStringList({"second", "Connecting"}));
+}
+
+PANEL_TEST_MAIN(TestCardWifiReports)
+
+#include "test_cardwifi_reports.moc"
