@@ -388,6 +388,7 @@ void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
     const int attempt = ++m_attempt;
     m_attemptEnded = false;
     m_attemptSsid = terminatedSsid(wifiname);
+    m_lastReport = -1;
     m_isDialogOfAttempt = true;
     setState(Connecting);
     if (m_dialog) {
@@ -406,6 +407,9 @@ void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
 
 void CardWifi::onConnectResult(SystemSet::StateWifi result)
 {
+    // Told twice, it would ask for a second lease or a second scan.
+    if (std::exchange(m_lastReport, result) == result)
+        return;
     switch (result) {
     case SystemSet::WIFI_CONNECTING:
         // Out of order: the attempt is over, and nothing would end this state again.
@@ -478,10 +482,12 @@ void CardWifi::update_afterOnLine()
 void CardWifi::setDhcpAndUpdateCurWifi()
 {
     const int attempt = m_attempt;
+    m_isLeaseAwaited = true;
     service().setDHCP(SystemSet::WIFI, true,
                       onGuiThread(this,
                                   [attempt](CardWifi *card, SystemSet::DHCP_STATE) {
-                                      if (attempt == card->m_attempt)
+                                      if (attempt == card->m_attempt &&
+                                          std::exchange(card->m_isLeaseAwaited, false))
                                           card->closeDialog_and_updateCurWifiInfo();
                                   }),
                       true);

@@ -134,6 +134,8 @@ private:
     int m_scan = 0;
     int m_attempt = 0;
     bool m_attemptEnded = true;
+    int m_lastReport = -1;
+    bool m_isLeaseAwaited = false;
     // Else the dialog is open for a password of some network, and reports of the attempt leave it alone.
     bool m_isDialogOfAttempt = false;
     // What came while a finger was down.

@@ -39,6 +39,9 @@ private slots:
     void leaseLeavesAnotherEntryOpen();
     void busyOverAScan();
     void titleOfTheReplacingAttempt();
+    void connectedTwice();
+    void offlineTwice();
+    void leaseTwice();
 };
 
 void TestCardWifiReports::init()
@@ -130,6 +133,46 @@ void TestCardWifiReports::titleOfTheReplacingAttempt()
     Operator::tap(scene.row(QStringLiteral("second")));
     QCOMPARE(Journal::calls("connectWifi").size(), 2);
     QCOMPARE(scene.dialogTexts(), QStringList({"second", "Connecting"}));
+}
+
+void TestCardWifiReports::connectedTwice()
+{
+    const WifiScene scene;
+    scene.scan();
+    leaseOnJoining();
+    scriptReports({2, 2});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(Journal::calls("setDHCP").size(), 1);
+}
+
+void TestCardWifiReports::offlineTwice()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({0, 0});
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QCOMPARE(Journal::calls("scanWifi").size(), 1);
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+}
+
+void TestCardWifiReports::leaseTwice()
+{
+    const WifiScene scene;
+    scene.scan();
+    leaseOnJoining();
+    scriptReports({2});
+    HmiSimulator::setDelivery(HmiSimulator::Operation::Dhcp, HmiSimulator::Delivery::Twice);
+    QSignalSpy connected(WifiScene::wifi(), &CardWifi::connectedChanged);
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    while (WifiScene::report("setDHCP")) {
+    }
+    QCOMPARE(connected.size(), 1);
 }
 
 PANEL_TEST_MAIN(TestCardWifiReports)
