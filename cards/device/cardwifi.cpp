@@ -135,7 +135,7 @@ void CardWifi::addButtons()
 void CardWifi::watchNetworkCard()
 {
     if (CardNetwork *card = CardLinks::network())
-        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::onWifiStatusChanged,
+        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::refreshCurrentWifi,
                 Qt::UniqueConnection);
 }
 
@@ -233,6 +233,9 @@ void CardWifi::scanWifi()
 SystemSet::WifiListCallback CardWifi::listReceiver()
 {
     const int scan = ++m_scan;
+    // What is held for the finger is of an older scan.
+    m_heldRecords.reset();
+    m_isListHeld = false;
     return onGuiThread(this, [scan](CardWifi *card, std::unique_ptr<WifiList::Records> records) {
         if (scan != card->m_scan)
             return;
@@ -247,7 +250,7 @@ SystemSet::WifiListCallback CardWifi::listReceiver()
     });
 }
 
-void CardWifi::onWifiStatusChanged()
+void CardWifi::refreshCurrentWifi()
 {
     if (m_finger->isDown())
         m_isStatusHeld = true;
@@ -257,6 +260,9 @@ void CardWifi::onWifiStatusChanged()
 
 void CardWifi::onLifted()
 {
+    // Put down again before this was delivered; another lifting follows.
+    if (m_finger->isDown())
+        return;
     if (std::exchange(m_isListHeld, false))
         onScanResult(std::move(m_heldRecords));
     if (std::exchange(m_isStatusHeld, false))
@@ -452,7 +458,7 @@ void CardWifi::onAttemptFailed(const char *text)
     // A list that came meanwhile has ended the state before.
     showState();
     // The attempt has cost the network that was joined before.
-    updateCurrentWifi();
+    refreshCurrentWifi();
     if (!m_dialog || !m_isDialogOfAttempt)
         return;
     // While it was going on another network may have been tapped; the next password is for this one.
@@ -498,7 +504,7 @@ void CardWifi::closeDialog_and_updateCurWifiInfo()
     if (m_dialog && m_isDialogOfAttempt)
         m_dialog->close();
     emit connectedChanged(true);
-    updateCurrentWifi();
+    refreshCurrentWifi();
     CardNetwork *card = CardLinks::network();
     if (!card || !isConnected())
         return;

@@ -97,7 +97,7 @@ private:
 
     void scanWifi();
     HMI::SystemSet::WifiListCallback listReceiver();
-    void onWifiStatusChanged();
+    void refreshCurrentWifi();
     void onLifted();
     void onScanResult(std::unique_ptr<WifiList::Records> records);
     void onChosen(int index);

@@ -42,6 +42,8 @@ private slots:
     void connectedTwice();
     void offlineTwice();
     void leaseTwice();
+    void reportsWaitForTheFinger();
+    void heldListOfAnOlderScan();
 };
 
 void TestCardWifiReports::init()
@@ -173,6 +175,45 @@ void TestCardWifiReports::leaseTwice()
     while (WifiScene::report("setDHCP")) {
     }
     QCOMPARE(connected.size(), 1);
+}
+
+void TestCardWifiReports::reportsWaitForTheFinger()
+{
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({2});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    scene.closeDialog();
+    const QStringList before = WifiScene::listed();
+    const QPoint place = Operator::centerOf(scene.row(QStringLiteral("Warehouse")));
+    QTest::mousePress(scene.window(), Qt::LeftButton, Qt::NoModifier, place);
+    QVERIFY(WifiScene::report("connectWifi"));
+    while (WifiScene::report("setDHCP")) {
+    }
+    QCOMPARE(WifiScene::listed(), before);
+    // Slid off, so that it is no tap.
+    QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {5, 5});
+    Operator::settle(20);
+    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+    QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
+}
+
+void TestCardWifiReports::heldListOfAnOlderScan()
+{
+    const WifiScene scene;
+    Operator::tap(WifiScene::scanButton());
+    QTest::mousePress(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 500});
+    QVERIFY(WifiScene::report("scanWifi"));
+    WifiScene::wifi()->connectWifi(HMI::SSID{'x'}, QString());
+    emit WifiScene::wifi()->wifiReset();
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 500});
+    Operator::settle(20);
+    // Networks from before the reset are not shown, and the reset still goes on.
+    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
+    QVERIFY(WifiScene::wifi()->networks().isEmpty());
+    QVERIFY(WifiScene::report("resetWifi"));
+    QCOMPARE(WifiScene::wifi()->networks().size(), 9);
 }
 
 PANEL_TEST_MAIN(TestCardWifiReports)
