@@ -459,7 +459,7 @@ void CardWifi::onAttemptFailed(const char *text)
     showState();
     // The attempt has cost the network that was joined before.
     refreshCurrentWifi();
-    if (!m_dialog || !m_isDialogOfAttempt)
+    if (!m_dialog || !concernsDialog())
         return;
     // While it was going on another network may have been tapped; the next password is for this one.
     m_selectedSsid = m_attemptSsid;
@@ -475,6 +475,12 @@ void CardWifi::endAttempt()
         return;
     m_attemptEnded = true;
     tellConnecting(false);
+}
+
+// The dialog may have been opened once more for the very network that is being joined.
+bool CardWifi::concernsDialog() const
+{
+    return m_isDialogOfAttempt || m_selectedSsid == m_attemptSsid;
 }
 
 void CardWifi::update_afterOnLine()
@@ -501,7 +507,7 @@ void CardWifi::setDhcpAndUpdateCurWifi()
 
 void CardWifi::closeDialog_and_updateCurWifiInfo()
 {
-    if (m_dialog && m_isDialogOfAttempt)
+    if (m_dialog && concernsDialog())
         m_dialog->close();
     emit connectedChanged(true);
     refreshCurrentWifi();

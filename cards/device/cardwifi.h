@@ -108,6 +108,7 @@ private:
     void setDhcpAndUpdateCurWifi();
     void closeDialog_and_updateCurWifiInfo();
     void endAttempt();
+    bool concernsDialog() const;
     WifiPasswordDialog *pwDialog();
     void showState();
 

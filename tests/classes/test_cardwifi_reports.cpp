@@ -36,6 +36,8 @@ private slots:
     void init();
     void entryOfAnotherNetworkIsLeftAlone_data();
     void entryOfAnotherNetworkIsLeftAlone();
+    void entryOfTheSameNetworkFollows_data();
+    void entryOfTheSameNetworkFollows();
     void leaseLeavesAnotherEntryOpen();
     void busyOverAScan();
     void titleOfTheReplacingAttempt();
@@ -90,6 +92,36 @@ void TestCardWifiReports::entryOfAnotherNetworkIsLeftAlone()
              QStringList(QStringLiteral(R"(connectWifi("Maintenance", ****))")));
     QCOMPARE(scene.dialogTexts(), QStringList({"Maintenance", "Connecting"}));
     QVERIFY(isBusyIn(scene.dialogBody()));
+}
+
+void TestCardWifiReports::entryOfTheSameNetworkFollows_data()
+{
+    QTest::addColumn<int>("report");
+    QTest::addColumn<QString>("status");
+    QTest::newRow("connected") << 2 << QString();
+    QTest::newRow("timeout") << 3 << "Time out";
+}
+
+void TestCardWifiReports::entryOfTheSameNetworkFollows()
+{
+    QFETCH(int, report);
+    QFETCH(QString, status);
+    const WifiScene scene;
+    scene.scan();
+    scriptReports({report});
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    scene.typePassword(QStringLiteral("torque55Nm"));
+    scene.tapInDialog(QStringLiteral("Connect"));
+    scene.closeDialog();
+    scene.scan();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QVERIFY(scene.dialogBody());
+    QVERIFY(WifiScene::report("connectWifi"));
+    while (WifiScene::report("setDHCP")) {
+    }
+    Operator::settle(20);
+    QCOMPARE(scene.dialogBody() == nullptr, status.isEmpty());
+    QVERIFY(status.isEmpty() || scene.dialogTexts().contains(status));
 }
 
 void TestCardWifiReports::leaseLeavesAnotherEntryOpen()
