@@ -1,6 +1,7 @@
 #include "tests/classes/wifiscene.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QTouchDevice>
 
 using QSP::CardWifi;
 
@@ -45,6 +46,7 @@ private slots:
     void offlineTwice();
     void leaseTwice();
     void reportsWaitForTheFinger();
+    void listWaitsForATouch();
     void heldListOfAnOlderScan();
 };
 
@@ -228,6 +230,26 @@ void TestCardWifiReports::reportsWaitForTheFinger()
     Operator::settle(20);
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
     QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
+}
+
+void TestCardWifiReports::listWaitsForATouch()
+{
+    static QTouchDevice *device = QTest::createTouchDevice();
+    const WifiScene scene;
+    scene.scan();
+    const QStringList before = WifiScene::listed();
+    const QPoint place = Operator::centerOf(scene.row(QStringLiteral("Works Hall Guests")));
+    WifiScene::wifi()->onClickScanWifi();
+    HmiSimulator::setNetworks({{"Trap", "", 90}, {"Trap too", "", 90}});
+    QTest::touchEvent(scene.window(), device).press(0, place);
+    QVERIFY(WifiScene::report("scanWifi"));
+    Operator::settle(300);
+    QCOMPARE(WifiScene::listed(), before);
+    QTest::touchEvent(scene.window(), device).release(0, place);
+    Operator::settle();
+    QCOMPARE(Journal::calls("connectWifi"),
+             QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ""))")));
+    QCOMPARE(WifiScene::wifi()->networks().size(), 2);
 }
 
 void TestCardWifiReports::heldListOfAnOlderScan()
