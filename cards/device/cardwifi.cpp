@@ -17,6 +17,8 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <utility>
+
 namespace QSP {
 
 namespace {
@@ -133,7 +135,7 @@ void CardWifi::addButtons()
 void CardWifi::watchNetworkCard()
 {
     if (CardNetwork *card = CardLinks::network())
-        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::onWifiStatusChanged,
+        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::refreshCurrentWifi,
                 Qt::UniqueConnection);
 }
 
@@ -199,12 +201,15 @@ void CardWifi::showState()
     showButton(m_scanButton, m_scanImage);
     showButton(m_resetButton, nullptr);
 
-    if (m_state == Connecting && m_dialog)
+    // By the attempt and not by the state alone: a list that comes meanwhile ends the state.
+    const bool inDialog = m_dialog && m_isDialogOfAttempt && !m_attemptEnded && !isScanning();
+    if (inDialog)
         m_dialog->setStatus(QT_TRANSLATE_NOOP("CardWifi", "Connecting"));
     if (!m_busy)
         return;
-    QQuickItem *place = m_state == Connecting && m_dialog ? m_dialog->busyPlace() : m_busyHome.data();
+    QQuickItem *place = inDialog ? m_dialog->busyPlace() : m_busyHome.data();
     m_busy->setParentItem(place);
+    m_busy->setX(place == m_busyHome ? 0.0 : -m_busy->width() / 2.0);
     m_busy->setVisible(isScanning() || place != m_busyHome);
 }
 
@@ -228,6 +233,9 @@ void CardWifi::scanWifi()
 SystemSet::WifiListCallback CardWifi::listReceiver()
 {
     const int scan = ++m_scan;
+    // What is held for the finger is of an older scan.
+    m_heldRecords.reset();
+    m_isListHeld = false;
     return onGuiThread(this, [scan](CardWifi *card, std::unique_ptr<WifiList::Records> records) {
         if (scan != card->m_scan)
             return;
@@ -242,7 +250,7 @@ SystemSet::WifiListCallback CardWifi::listReceiver()
     });
 }
 
-void CardWifi::onWifiStatusChanged()
+void CardWifi::refreshCurrentWifi()
 {
     if (m_finger->isDown())
         m_isStatusHeld = true;
@@ -252,6 +260,9 @@ void CardWifi::onWifiStatusChanged()
 
 void CardWifi::onLifted()
 {
+    // Put down again before this was delivered; another lifting follows.
+    if (m_finger->isDown())
+        return;
     if (std::exchange(m_isListHeld, false))
         onScanResult(std::move(m_heldRecords));
     if (std::exchange(m_isStatusHeld, false))
@@ -351,10 +362,11 @@ WifiPasswordDialog *CardWifi::pwDialog()
 void CardWifi::openPwDialog()
 {
     WifiPasswordDialog *dialog = pwDialog();
-    if (m_state == Connecting) {
+    m_isDialogOfAttempt = m_state == Connecting;
+    showState();
+    if (m_isDialogOfAttempt) {
         const HMI::SSID joining = service().currentWifiSsid();
         dialog->setBodyVisible(false);
-        showState();
         dialog->open(getSsidFromCurWifi(isEmptySsid(joining) ? m_attemptSsid : joining));
         return;
     }
@@ -382,9 +394,15 @@ void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
     const int attempt = ++m_attempt;
     m_attemptEnded = false;
     m_attemptSsid = terminatedSsid(wifiname);
+    m_lastReport = -1;
+    m_isDialogOfAttempt = true;
     setState(Connecting);
-    if (m_dialog)
+    if (m_dialog) {
+        // It may have been opened to show the attempt that this one replaces.
+        m_dialog->setTitle(getSsidFromScan(m_attemptSsid));
         m_dialog->setBodyVisible(false);
+    }
+    showState();
     tellConnecting(true);
     service().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
                           onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
@@ -395,6 +413,9 @@ void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
 
 void CardWifi::onConnectResult(SystemSet::StateWifi result)
 {
+    // Told twice, it would ask for a second lease or a second scan.
+    if (std::exchange(m_lastReport, result) == result)
+        return;
     switch (result) {
     case SystemSet::WIFI_CONNECTING:
         // Out of order: the attempt is over, and nothing would end this state again.
@@ -434,9 +455,11 @@ void CardWifi::onAttemptFailed(const char *text)
 {
     m_attemptEnded = true;
     setState(Idle);
+    // A list that came meanwhile has ended the state before.
+    showState();
     // The attempt has cost the network that was joined before.
-    updateCurrentWifi();
-    if (!m_dialog)
+    refreshCurrentWifi();
+    if (!m_dialog || !concernsDialog())
         return;
     // While it was going on another network may have been tapped; the next password is for this one.
     m_selectedSsid = m_attemptSsid;
@@ -454,6 +477,12 @@ void CardWifi::endAttempt()
     tellConnecting(false);
 }
 
+// The dialog may have been opened once more for the very network that is being joined.
+bool CardWifi::concernsDialog() const
+{
+    return m_isDialogOfAttempt || m_selectedSsid == m_attemptSsid;
+}
+
 void CardWifi::update_afterOnLine()
 {
     if (service().getIp(SystemSet::WIFI) == 0)
@@ -465,10 +494,12 @@ void CardWifi::update_afterOnLine()
 void CardWifi::setDhcpAndUpdateCurWifi()
 {
     const int attempt = m_attempt;
+    m_isLeaseAwaited = true;
     service().setDHCP(SystemSet::WIFI, true,
                       onGuiThread(this,
                                   [attempt](CardWifi *card, SystemSet::DHCP_STATE) {
-                                      if (attempt == card->m_attempt)
+                                      if (attempt == card->m_attempt &&
+                                          std::exchange(card->m_isLeaseAwaited, false))
                                           card->closeDialog_and_updateCurWifiInfo();
                                   }),
                       true);
@@ -476,10 +507,10 @@ void CardWifi::setDhcpAndUpdateCurWifi()
 
 void CardWifi::closeDialog_and_updateCurWifiInfo()
 {
-    if (m_dialog)
+    if (m_dialog && concernsDialog())
         m_dialog->close();
     emit connectedChanged(true);
-    updateCurrentWifi();
+    refreshCurrentWifi();
     CardNetwork *card = CardLinks::network();
     if (!card || !isConnected())
         return;

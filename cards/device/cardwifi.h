@@ -97,7 +97,7 @@ private:
 
     void scanWifi();
     HMI::SystemSet::WifiListCallback listReceiver();
-    void onWifiStatusChanged();
+    void refreshCurrentWifi();
     void onLifted();
     void onScanResult(std::unique_ptr<WifiList::Records> records);
     void onChosen(int index);
@@ -108,6 +108,7 @@ private:
     void setDhcpAndUpdateCurWifi();
     void closeDialog_and_updateCurWifiInfo();
     void endAttempt();
+    bool concernsDialog() const;
     WifiPasswordDialog *pwDialog();
     void showState();
 
@@ -134,6 +135,10 @@ private:
     int m_scan = 0;
     int m_attempt = 0;
     bool m_attemptEnded = true;
+    int m_lastReport = -1;
+    bool m_isLeaseAwaited = false;
+    // Else the dialog is open for a password of some network, and reports of the attempt leave it alone.
+    bool m_isDialogOfAttempt = false;
     // What came while a finger was down.
     std::unique_ptr<WifiList::Records> m_heldRecords;
     bool m_isListHeld = false;
