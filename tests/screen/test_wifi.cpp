@@ -1,59 +1,13 @@
-#include "tests/screen/screenfixture.h"
-#include "tests/support/journal.h"
-#include "tests/support/layoutcheck.h"
+#include "tests/screen/wifiscreen.h"
 
 #include <QtGui/QGuiApplication>
 
 namespace {
 
-const QString plugin = QStringLiteral(PANEL_PLUGIN);
-
 QString en(const char *text)
 {
     return QString::fromUtf8(text);
 }
-
-/// The screen with Wi-Fi chosen on its Network page.
-class WifiScreen : public ScreenFixture
-{
-public:
-    WifiScreen(const QSize &size, bool chinese) : ScreenFixture(plugin, size), m_chinese(chinese)
-    {
-        HmiSimulator::setDelays(5);
-        HmiSimulator::setLanguage(chinese ? HMI::SystemSet::CHINESE : HMI::SystemSet::ENGLISH);
-        open();
-        tapMenu(text("Network", "网络设置"));
-        tapText(text("Wi-Fi", "无线网络"));
-        HmiSimulator::waitIdle();
-        Operator::settle();
-    }
-
-    QString text(const char *english, const char *chinese) const { return en(m_chinese ? chinese : english); }
-    void toWifi() { tapText(text("Wi-Fi Settings", "点击进入WLAN设置")); }
-    QQuickItem *page() const { return card("QSP::CardWifi"); }
-    QQuickItem *part(const char *alias) const { return page()->property(alias).value<QQuickItem *>(); }
-    QQuickItem *titleBar() const { return root()->property("titleBar").value<QQuickItem *>(); }
-    /// The innermost arrow in the title bar that can be tapped.
-    QQuickItem *arrow() const { return Operator::allByClass(titleBar(), "QSP::BeepButton").value(0); }
-    void scan() const
-    {
-        Operator::tap(part("scanButton"));
-        HmiSimulator::waitIdle();
-        Operator::settle();
-    }
-    QQuickItem *row(const QString &name) const
-    {
-        return Operator::ancestorOf(Operator::byText(part("list"), name), "QSP::WifiRow");
-    }
-    QQuickItem *dialogBody() const { return Operator::byClass(glass(), "QSP::WifiPasswordBody"); }
-    QStringList dialogTexts() const
-    {
-        return dialogBody() ? Operator::visibleTexts(dialogBody()) : QStringList();
-    }
-
-private:
-    bool m_chinese;
-};
 
 } // namespace
 
@@ -69,11 +23,6 @@ private slots:
     void arrowGoesWithThePage();
     void joinWithAPassword_data();
     void joinWithAPassword();
-    void everyStateHasItsRoom_data();
-    void everyStateHasItsRoom();
-
-private:
-    static void addSizes();
 };
 
 void TestWifi::init()
@@ -82,20 +31,9 @@ void TestWifi::init()
     HmiSimulator::reset();
 }
 
-void TestWifi::addSizes()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<bool>("chinese");
-    for (const QSize &size :
-         {QSize(1024, 600), QSize(800, 480), QSize(1280, 800), QSize(480, 800), QSize(600, 1024)}) {
-        QTest::addRow("%dx%d-en", size.width(), size.height()) << size << false;
-        QTest::addRow("%dx%d-zh", size.width(), size.height()) << size << true;
-    }
-}
-
 void TestWifi::thereAndBack_data()
 {
-    addSizes();
+    WifiScreen::addSizes();
 }
 
 void TestWifi::thereAndBack()
@@ -157,7 +95,7 @@ void TestWifi::arrowGoesWithThePage()
 
 void TestWifi::joinWithAPassword_data()
 {
-    addSizes();
+    WifiScreen::addSizes();
 }
 
 void TestWifi::joinWithAPassword()
@@ -191,61 +129,6 @@ void TestWifi::joinWithAPassword()
     QCOMPARE(Operator::visibleTexts(screen.part("current")), QStringList(en("Maintenance")));
     QVERIFY(!Operator::visibleTexts(screen.part("list")).contains(en("Maintenance")));
     QVERIFY(HmiSimulator::panel().wifi.connected);
-}
-
-void TestWifi::everyStateHasItsRoom_data()
-{
-    addSizes();
-}
-
-void TestWifi::everyStateHasItsRoom()
-{
-    QFETCH(QSize, size);
-    QFETCH(bool, chinese);
-    WifiScreen screen(size, chinese);
-    const QDir pictures(QDir::current().filePath(QStringLiteral("pictures/wifi-") +
-                                                 QString::fromLatin1(QTest::currentDataTag())));
-    QVERIFY(pictures.mkpath(QStringLiteral(".")));
-    int number = 0;
-    const auto look = [&](const char *state) {
-        Operator::settle(30);
-        const QString name =
-            QStringLiteral("%1-%2.png").arg(++number, 2, 10, QLatin1Char('0')).arg(QLatin1String(state));
-        QVERIFY(Operator::picture(screen.window()).save(pictures.filePath(name)));
-        const QStringList faults =
-            LayoutCheck::faults(screen.dialogBody() ? screen.dialogBody() : screen.glass());
-        QVERIFY2(faults.isEmpty(),
-                 qPrintable(name + QStringLiteral(": ") + faults.join(QStringLiteral("\n  "))));
-    };
-
-    screen.toWifi();
-    look("before-a-scan");
-    HmiSimulator::setManual(true);
-    Operator::tap(screen.part("scanButton"));
-    look("scanning");
-    HmiSimulator::setManual(false);
-    HmiSimulator::waitIdle();
-    Operator::settle();
-    look("list");
-    Operator::tap(screen.row(en("Maintenance")));
-    look("password");
-    Operator::tap(Operator::byClass(screen.dialogBody(), "QQuickTextInput"));
-    look("keyboard");
-    Operator::type(screen.window(), en("abc"));
-    screen.tapText(screen.text("Show Password", "显示密码"));
-    look("shown");
-    for (const int report : {4, 3, 0}) {
-        HmiSimulator::change([report](HmiSimulator::Panel &panel) { panel.faults.connect = {1, report}; });
-        HmiSimulator::setManual(true);
-        screen.tapText(screen.text("Connect", "连接"));
-        HmiSimulator::fireNext("connectWifi");
-        look("connecting");
-        HmiSimulator::setManual(false);
-        HmiSimulator::waitIdle();
-        Operator::settle();
-        look("failed");
-    }
-    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.connect.clear(); });
 }
 
 PANEL_TEST_MAIN(TestWifi)
