@@ -67,16 +67,6 @@ WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     });
 }
 
-Dialog *WifiPasswordDialog::popup() const
-{
-    return m_dialog;
-}
-
-bool WifiPasswordDialog::isOpen() const
-{
-    return m_dialog && m_dialog->isVisible();
-}
-
 void WifiPasswordDialog::open(const QString &title)
 {
     setTitle(title);

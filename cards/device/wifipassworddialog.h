@@ -22,9 +22,6 @@ public:
     /// @p card owns the dialog; it appears on the screen's root.
     WifiPasswordDialog(QQuickItem *card, int fontPixelSize);
 
-    /// The dialog, or null when the screen has gone.
-    Dialog *popup() const;
-    bool isOpen() const;
     void open(const QString &title);
     void close();
     void setTitle(const QString &title);
