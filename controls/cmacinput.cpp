@@ -46,8 +46,7 @@ void CMacInput::componentComplete()
     font.setLetterSpacing(QFont::PercentageSpacing, 130.0);
     m_field->setFont(font);
     connect(m_field, &QQuickTextInput::accepted, this, &CMacInput::onAccepted);
-    connect(m_field, &QQuickItem::activeFocusChanged, this,
-            [this](bool focused) { VkbManager::instance().fieldFocusChanged(m_field, focused); });
+    connect(m_field, &QQuickItem::activeFocusChanged, this, &CMacInput::onFocusChanged);
     // The toolkit leaves the focus, and with it the keyboard, to a field that nobody sees any more.
     connect(this, &QQuickItem::visibleChanged, this, [this] {
         if (!isVisible())
@@ -103,12 +102,25 @@ void CMacInput::setEnabled(bool enabled)
     m_field->setColor(fieldTextColor(enabled));
 }
 
+void CMacInput::onFocusChanged(bool focused)
+{
+    // Here and not in the document, whose handlers see nothing any more while the screen is being deleted.
+    if (!focused && !m_field->hasAcceptableInput())
+        restoreText();
+    VkbManager::instance().fieldFocusChanged(m_field, focused);
+}
+
 void CMacInput::abandonEdit()
 {
     if (!m_field->hasActiveFocus())
         return;
-    m_field->setProperty("text", m_field->property("oldInputText"));
+    restoreText();
     m_field->setFocus(false);
+}
+
+void CMacInput::restoreText()
+{
+    m_field->setProperty("text", m_field->property("oldInputText"));
 }
 
 void CMacInput::setFontPixelSize(int size)

@@ -55,7 +55,9 @@ protected:
     void componentComplete() override;
 
 private:
+    void onFocusChanged(bool focused);
     void abandonEdit();
+    void restoreText();
 
     QQuickTextInput *m_field = nullptr;
 };

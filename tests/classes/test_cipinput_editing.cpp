@@ -37,6 +37,8 @@ private slots:
     void diesWhileFocused();
     void screenDiesWhileFocused();
     void diesWhileDisabledOrHidden();
+    void screenDeletedWhileEditing_data();
+    void screenDeletedWhileEditing();
     void disabledWhileEditing();
     void hiddenWhileEditing();
     void screenClosedWhileEditing();
@@ -391,6 +393,26 @@ void TestCIpInputEditing::diesWhileDisabledOrHidden()
     delete m_ip;
     QCOMPARE(told, QStringList());
     QCOMPARE(m_changed->count() + m_edited->count(), 0);
+}
+
+void TestCIpInputEditing::screenDeletedWhileEditing_data()
+{
+    QTest::addColumn<bool>("emptied");
+    QTest::newRow("half typed") << false;
+    QTest::newRow("emptied") << true;
+}
+
+// As a host may: it deletes the root and keeps its window.
+void TestCIpInputEditing::screenDeletedWhileEditing()
+{
+    QFETCH(bool, emptied);
+    enter(0, QStringLiteral("99"));
+    if (emptied)
+        key(Qt::Key_Clear);
+    delete m_scene->root();
+    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QVERIFY2(!ControlScene::isKeyboardShown(), "the keyboard stays over the host's page");
+    Operator::type(m_scene->window(), QStringLiteral("7"));
 }
 
 void TestCIpInputEditing::disabledWhileEditing()

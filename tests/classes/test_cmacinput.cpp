@@ -43,6 +43,7 @@ private slots:
     void hiddenWhileEditing();
     void screenClosedWhileEditing();
     void diesWhileFocused();
+    void screenDeletedWhileEditing();
     void looks();
     void withoutItsDocument();
     void keyStorm();
@@ -335,6 +336,18 @@ void TestCMacInput::diesWhileFocused()
     delete m_mac;
     QVERIFY(m_reported.isEmpty());
     QCOMPARE(HmiSimulator::calls().size(), 0u);
+}
+
+void TestCMacInput::screenDeletedWhileEditing()
+{
+    m_mac->setMac(someMac);
+    type(QStringLiteral("AABB"));
+    key(Qt::Key_End);
+    key(Qt::Key_Backspace);
+    QVERIFY(!m_field->hasAcceptableInput());
+    delete m_scene->root();
+    QVERIFY(m_reported.isEmpty());
+    QVERIFY2(!ControlScene::isKeyboardShown(), "the keyboard stays over the host's page");
 }
 
 void TestCMacInput::looks()

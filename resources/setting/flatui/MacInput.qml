@@ -33,8 +33,6 @@ CMacInput {
             if (activeFocus) {
                 oldInputText = text
                 _mac.onClick()
-            } else if (!acceptableInput) {
-                text = oldInputText
             }
         }
 
