@@ -46,7 +46,7 @@ void CardNIC::componentComplete()
     updateComboBoxModel();
 
     connect(this, &CardNIC::pingTestResult, this, &CardNIC::onPingTestResult);
-    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, [this] { setModel(createModel()); });
+    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardNIC::updateComboBoxModel);
     if (const auto *button = aliasOf<BeepButton>(this, "testBeepButton"))
         connect(button, &QQuickAbstractButton::clicked, this, &CardNIC::startPingTest);
     if (m_comboBox)

@@ -1,9 +1,8 @@
 #include "cards/network/wifilink.h"
 
+#include "cards/device/ssid.h"
 #include "cards/network/nic.h"
 #include "shell/approotitem.h"
-
-#include <algorithm>
 
 namespace QSP {
 
@@ -14,9 +13,7 @@ bool WifiLink::isConnected()
 
 QString WifiLink::ssid()
 {
-    const HMI::SSID name = systemSet().currentWifiSsid();
-    const auto end = std::find(name.begin(), name.end(), '\0');
-    return QString::fromUtf8(name.data(), static_cast<int>(end - name.begin()));
+    return getSsidFromCurWifi(systemSet().currentWifiSsid());
 }
 
 void WifiLink::updateSignalStrength()

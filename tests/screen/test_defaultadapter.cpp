@@ -37,6 +37,7 @@ private slots:
     void selectionFollowsTheServiceAndWritesNothing();
     void pickingWritesAtOnce();
     void languageRenamesTheEntries();
+    void languageSwitchShowsTheDefaultInAChangedList();
     void pingResults_data();
     void pingResults();
     void pingUsesTheServicesDefault();
@@ -149,6 +150,18 @@ void TestDefaultAdapter::languageRenamesTheEntries()
     QVERIFY(Operator::byText(box(page), "有线网络1"));
     page.switchLanguage(HMI::SystemSet::ENGLISH);
     QVERIFY(Operator::byText(box(page), "LAN1"));
+    QCOMPARE(Journal::calls("setDefaultNIC"), QStringList());
+}
+
+void TestDefaultAdapter::languageSwitchShowsTheDefaultInAChangedList()
+{
+    HmiSimulator::setDefaultNic(HMI::SystemSet::LAN1);
+    NetworkPage page;
+    // Switched off elsewhere: the entries move up under the selection.
+    HmiSimulator::setNicEnabled(HMI::SystemSet::LAN0, false);
+    page.switchLanguage(HMI::SystemSet::CHINESE);
+    QCOMPARE(column(page, "nic"), QStringList({"2", "4", "16"}));
+    QCOMPARE(currentIndex(page), 0);
     QCOMPARE(Journal::calls("setDefaultNIC"), QStringList());
 }
 
