@@ -1,0 +1,202 @@
+// Joining a network, and the password dialog, on the Wi-Fi page.
+
+#include "cards/device/cardwifi.h"
+
+#include "cards/device/wifipassworddialog.h"
+#include "cards/network/cardlinks.h"
+#include "cards/network/cardnetwork.h"
+#include "cards/network/nic.h"
+#include "shell/guithread.h"
+
+#include <utility>
+
+namespace QSP {
+
+namespace {
+
+using HMI::SystemSet;
+
+// The network card may not exist yet; nothing has to be told then.
+void tellConnecting(bool connecting)
+{
+    if (CardNetwork *card = CardLinks::network())
+        card->setWifiConnecting(connecting);
+}
+
+} // namespace
+
+WifiPasswordDialog *CardWifi::pwDialog()
+{
+    if (!m_dialog) {
+        m_dialog = new WifiPasswordDialog(this, m_fontSize);
+        connect(m_dialog, &WifiPasswordDialog::confirmed, this, &CardWifi::onClickConFirm);
+    }
+    return m_dialog;
+}
+
+void CardWifi::openPwDialog()
+{
+    WifiPasswordDialog *dialog = pwDialog();
+    m_isDialogOfAttempt = m_state == Connecting;
+    showState();
+    if (m_isDialogOfAttempt) {
+        const HMI::SSID joining = systemSet().currentWifiSsid();
+        dialog->setBodyVisible(false);
+        dialog->open(getSsidFromCurWifi(isEmptySsid(joining) ? m_attemptSsid : joining));
+        return;
+    }
+    if (!m_list || !m_list->findWifiBySsid(m_selectedSsid))
+        return;
+    dialog->setBodyVisible(true);
+    dialog->setStatus(QT_TRANSLATE_NOOP("CardWifi", "Enter password"));
+    dialog->open(getSsidFromScan(m_selectedSsid));
+}
+
+void CardWifi::onClickConFirm()
+{
+    if (!m_dialog)
+        return;
+    const QString password = m_dialog->password();
+    m_dialog->endEditing();
+    // A network that the last scan did not find may be there all the same: the service will say.
+    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(m_selectedSsid) : nullptr)
+        info->password = password;
+    connectWifi(m_selectedSsid, password);
+}
+
+void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
+{
+    const int attempt = ++m_attempt;
+    m_attemptEnded = false;
+    m_attemptSsid = terminatedSsid(wifiname);
+    m_lastReport = -1;
+    m_isDialogOfAttempt = true;
+    setState(Connecting);
+    if (m_dialog) {
+        // It may have been opened to show the attempt that this one replaces.
+        m_dialog->setTitle(getSsidFromScan(m_attemptSsid));
+        m_dialog->setBodyVisible(false);
+    }
+    showState();
+    tellConnecting(true);
+    systemSet().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
+                            onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
+                                if (attempt == card->m_attempt)
+                                    card->onConnectResult(result);
+                            }));
+}
+
+void CardWifi::onConnectResult(SystemSet::StateWifi result)
+{
+    // Told twice, it would ask for a second lease or a second scan.
+    if (std::exchange(m_lastReport, result) == result)
+        return;
+    switch (result) {
+    case SystemSet::WIFI_CONNECTING:
+        // Out of order: the attempt is over, and nothing would end this state again.
+        if (!m_attemptEnded)
+            setState(Connecting);
+        break;
+    case SystemSet::WIFI_CONNECTED:
+        m_attemptEnded = true;
+        setState(Connected);
+        if (m_list)
+            m_list->acceptPassword(m_attemptSsid);
+        if (m_list && m_list->findWifiBySsid(terminatedSsid(systemSet().currentWifiSsid())))
+            update_afterOnLine();
+        else
+            closeDialog_and_updateCurWifiInfo();
+        tellConnecting(false);
+        break;
+    case SystemSet::WIFI_OFFLINE:
+        onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wi-Fi Offline"));
+        scanWifi();
+        tellConnecting(false);
+        break;
+    case SystemSet::WIFI_TIMEOUT:
+        onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Time out"));
+        tellConnecting(false);
+        break;
+    case SystemSet::WIFI_WRONG_PASSWORD:
+        if (m_list)
+            m_list->refusePassword(m_attemptSsid);
+        onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wrong password"));
+        tellConnecting(false);
+        break;
+    }
+}
+
+void CardWifi::onAttemptFailed(const char *text)
+{
+    m_attemptEnded = true;
+    setState(Idle);
+    // A list that came meanwhile has ended the state before.
+    showState();
+    // The attempt has cost the network that was joined before.
+    refreshCurrentWifi();
+    if (!m_dialog || !concernsDialog())
+        return;
+    // While it was going on another network may have been tapped; the next password is for this one.
+    m_selectedSsid = m_attemptSsid;
+    m_dialog->setTitle(getSsidFromScan(m_attemptSsid));
+    m_dialog->setBodyVisible(true);
+    m_dialog->setStatus(text, true);
+}
+
+void CardWifi::endAttempt()
+{
+    ++m_attempt;
+    if (m_attemptEnded)
+        return;
+    m_attemptEnded = true;
+    tellConnecting(false);
+}
+
+// The dialog may have been opened once more for the very network that is being joined.
+bool CardWifi::concernsDialog() const
+{
+    return m_isDialogOfAttempt || m_selectedSsid == m_attemptSsid;
+}
+
+void CardWifi::update_afterOnLine()
+{
+    if (systemSet().getIp(SystemSet::WIFI) == 0)
+        setDhcpAndUpdateCurWifi();
+    else
+        closeDialog_and_updateCurWifiInfo();
+}
+
+void CardWifi::setDhcpAndUpdateCurWifi()
+{
+    const int attempt = m_attempt;
+    m_isLeaseAwaited = true;
+    systemSet().setDHCP(SystemSet::WIFI, true,
+                        onGuiThread(this,
+                                    [attempt](CardWifi *card, SystemSet::DHCP_STATE) {
+                                        if (attempt == card->m_attempt &&
+                                            std::exchange(card->m_isLeaseAwaited, false))
+                                            card->closeDialog_and_updateCurWifiInfo();
+                                    }),
+                        true);
+}
+
+void CardWifi::closeDialog_and_updateCurWifiInfo()
+{
+    if (m_dialog && concernsDialog())
+        m_dialog->close();
+    emit connectedChanged(true);
+    refreshCurrentWifi();
+    CardNetwork *card = CardLinks::network();
+    if (!card || !isConnected())
+        return;
+    card->updateSwitchDisplay(SystemSet::WIFI);
+    card->updateNetInfoDisplay(SystemSet::WIFI);
+}
+
+void CardWifi::adjustPwDialog()
+{
+    if (m_dialog)
+        m_dialog->adjust();
+}
+
+} // namespace QSP
