@@ -25,7 +25,11 @@ OperatorPanel::OperatorPanel(const QSize &size) : m_view(&m_engine, nullptr)
     m_view.installEventFilter(this);
 }
 
-OperatorPanel::~OperatorPanel() = default;
+OperatorPanel::~OperatorPanel()
+{
+    // Before the page that comes back when the screen is hidden.
+    delete m_settingsRoot;
+}
 
 bool OperatorPanel::addSettings(std::shared_ptr<ISystemSet> settings)
 {

@@ -68,9 +68,13 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
 
 AppRootItem::~AppRootItem()
 {
-    // As a screen that is hidden: what is open closes, and an edit under way is taken back while its
-    // field is whole. A field that lost its focus in the course of dying would confirm what is half typed.
+    // As in a screen that is hidden, an edit under way is taken back while its field is whole: a field
+    // that lost its focus in the course of dying would confirm what is half typed. The host is not told,
+    // since what it would do about it may have gone already.
+    disconnect(this, &QQuickItem::visibleChanged, nullptr, nullptr);
     setVisible(false);
+    if (g_root == this && VkbManager::instance().isVisible())
+        VkbManager::instance().showVkb(false);
     // Now and not when the item's own destructor has run: a field that loses its focus on the way
     // must not find a root to give the focus to.
     if (g_root != this)

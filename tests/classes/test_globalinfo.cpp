@@ -3,9 +3,9 @@
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>
-#include <QtGui/QScreen>
 #include <QtGui/qpa/qplatformscreen.h>
 #include <QtGui/qpa/qwindowsysteminterface.h>
+#include <QtGui/QScreen>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
 

@@ -56,6 +56,7 @@ private slots:
     void withoutTheirDocumentThereAreNoEntries();
     void engineMayDieFirst();
     void titleHeightIsWhole();
+    void dyingScreenTellsItsHostNothing();
 
 private:
     QQuickItem *build(int width = 1024, int height = 600);
@@ -209,6 +210,16 @@ void TestImplSystemSet::titleHeightIsWhole()
 {
     build();
     QCOMPARE(AppRootItem::instance()->titleHeight(), 71);
+}
+
+void TestImplSystemSet::dyingScreenTellsItsHostNothing()
+{
+    QQuickItem *root = build();
+    m_screen.open();
+    QVERIFY(root->isVisible());
+    QSignalSpy changes(root, &QQuickItem::visibleChanged);
+    delete root;
+    QCOMPARE(changes.size(), 0);
 }
 
 PANEL_TEST_MAIN(TestImplSystemSet)

@@ -3,8 +3,8 @@
 #include "simulator/simulator.h"
 #include "tests/support/paneltest.h"
 
-#include <QtTest/QAbstractItemModelTester>
 #include <QtGui/QGuiApplication>
+#include <QtTest/QAbstractItemModelTester>
 
 using QSP::GlobalInfo;
 using QSP::LanguageModel;

@@ -54,9 +54,8 @@ private:
     QQuickItem *brightness() const { return card("QSP::CardBrightness"); }
     QQuickItem *slider() const
     {
-        return Operator::items(brightness(), [](QQuickItem *item) {
-                   return item->property("visualPosition").isValid();
-               })
+        return Operator::items(brightness(),
+                               [](QQuickItem *item) { return item->property("visualPosition").isValid(); })
             .value(0);
     }
     QQuickItem *minus() const { return Operator::allByClass(brightness(), "QSP::BrightButton").value(0); }

@@ -14,8 +14,8 @@ QT_END_NAMESPACE
 /// three are the ones that the settings screen asks for.
 enum VkbLayoutType : int {
     VkbAddressDigits = 0, ///< digits and the dot, for one field of an IPv4 address
-    VkbPlainDigits = 2, ///< digits only, for numbers such as a year
-    VkbFullKeyboard = 5, ///< letters with shift, digits and symbols, for passwords and the like
+    VkbPlainDigits = 2,   ///< digits only, for numbers such as a year
+    VkbFullKeyboard = 5,  ///< letters with shift, digits and symbols, for passwords and the like
 };
 
 /// The on-screen keyboard as the platform offers it.
