@@ -2,15 +2,11 @@
 
 #include "cards/device/ssid.h"
 #include "cards/device/wifipasswordbody.h"
+#include "cards/modalshade.h"
 #include "controls/dialog.h"
-#include "shell/embeddedcomponent.h"
 #include "shell/globalinfo.h"
 #include "shell/screenroot.h"
 #include "shell/vkbmanager.h"
-
-#include <QtQml/QQmlContext>
-#include <QtQml/QQmlEngine>
-#include <QtQuickTemplates2/private/qquickoverlay_p.h>
 
 namespace QSP {
 
@@ -34,14 +30,7 @@ QSizeF dialogSize()
 WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     : QObject(card), m_dialog(new Dialog(card)), m_body(new WifiPasswordBody(fontPixelSize))
 {
-    // What a popup makes of components, such as its overlay, needs a context.
-    if (QQmlEngine *engine = GlobalInfo::instance().qmlEngine()) {
-        QQmlEngine::setContextForObject(m_dialog, engine->rootContext());
-        static EmbeddedComponent shade;
-        if (auto *overlay = qobject_cast<QQuickOverlayAttached *>(
-                qmlAttachedPropertiesObject<QQuickOverlay>(m_dialog.data())))
-            overlay->setModal(shade.get(QStringLiteral("qrc:/setting/flatui/ModalShade.qml"), engine));
-    }
+    shadeBehind(m_dialog);
     m_dialog->setEnableCloseButton(true);
     m_dialog->setModal(true);
     m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
@@ -59,12 +48,6 @@ WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     // Before the closing is done the field still has the focus that hides the keyboard when it goes.
     connect(m_dialog, &QQuickPopup::aboutToHide, m_body, &WifiPasswordBody::clear);
     connect(m_dialog, &QQuickPopup::closed, m_body, &WifiPasswordBody::clear);
-    // The toolkit makes a context for the shade at each opening and keeps it as long as the popup.
-    connect(m_dialog, &QQuickPopup::closed, m_dialog, [dialog = m_dialog.data()] {
-        const auto contexts = dialog->findChildren<QQmlContext *>(QString(), Qt::FindDirectChildrenOnly);
-        for (QQmlContext *context : contexts)
-            context->deleteLater();
-    });
 }
 
 void WifiPasswordDialog::open(const QString &title)

@@ -1,5 +1,6 @@
 #include "cards/network/pingdialog.h"
 
+#include "cards/modalshade.h"
 #include "controls/dialog.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
@@ -52,6 +53,7 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     m_dialog->setX(qRound((root->width() - size.width()) / 2.0));
     m_dialog->setY(qRound((root->height() - size.height()) / 2.0));
     m_dialog->setModal(true);
+    shadeBehind(m_dialog);
     m_dialog->setEnableCloseButton(true);
     m_dialog->setClosePolicy(QQuickPopup::CloseOnEscape | QQuickPopup::CloseOnPressOutside);
 
