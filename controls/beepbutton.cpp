@@ -36,6 +36,11 @@ void BeepButton::beepIfOn()
         MeyerSingleton<HMI::SystemSet>::instance().beep(true);
 }
 
+void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    mousePressEvent(event);
+}
+
 void BeepButton::onClickEvent()
 {
     beepIfOn();

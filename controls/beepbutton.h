@@ -27,6 +27,11 @@ public:
 public slots:
     void onClickEvent();
 
+protected:
+    /// Two quick taps are two taps: the toolkit's button would take the second for a double click and
+    /// say nothing of it.
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
 private:
     bool m_autoCloseVkb = true;
     static bool _isBuzzerOn;

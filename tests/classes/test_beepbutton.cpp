@@ -18,6 +18,7 @@ private slots:
     void writeHasEndedOnAnotherThread();
     void beepAsksTheService();
     void clickBeeps();
+    void quickTapsCountEach();
     void touchBeeps();
     void holdBeepsNotByItself();
     void disabledOneIsSilent();
@@ -94,6 +95,29 @@ void TestBeepButton::clickBeeps()
     Operator::tap(&button);
     QCOMPARE(clicked.count(), 2);
     QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
+}
+
+void TestBeepButton::quickTapsCountEach()
+{
+    QQuickWindow window;
+    window.resize(200, 100);
+    BeepButton button(window.contentItem());
+    button.setSize({100, 50});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QSignalSpy clicked(&button, &QQuickAbstractButton::clicked);
+    // As the window system delivers them: every second press within the double-click time is a double click.
+    for (int tap = 0; tap < 6; ++tap) {
+        const auto kind = tap % 2 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+        const QPointF point = Operator::centerOf(&button);
+        QMouseEvent press(kind, point, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window, &press);
+        QVERIFY(button.isPressed());
+        QMouseEvent release(QEvent::MouseButtonRelease, point, Qt::LeftButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(&window, &release);
+        QVERIFY(!button.isPressed());
+        QCOMPARE(clicked.count(), tap + 1);
+    }
 }
 
 void TestBeepButton::touchBeeps()
