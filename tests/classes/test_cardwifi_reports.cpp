@@ -152,7 +152,9 @@ void TestCardWifiReports::busyOverAScan()
     QVERIFY(WifiScene::report("scanWifi"));
     QVERIFY(isBusyIn(scene.dialogBody()));
     const QQuickItem *busy = WifiScene::part("scaning");
-    const qreal middle = busy->mapToItem(scene.dialogBody(), QPointF(busy->width() / 2.0, 0.0)).x();
+    // Its centre, around which it turns.
+    const QPointF centre(busy->width() / 2.0, busy->height() / 2.0);
+    const qreal middle = busy->mapToItem(scene.dialogBody(), centre).x();
     QVERIFY(qAbs(middle - scene.dialogBody()->width() / 2.0) <= 0.51);
     QVERIFY(WifiScene::report("connectWifi"));
     QVERIFY(!isBusyIn(scene.dialogBody()));
