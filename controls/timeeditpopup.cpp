@@ -47,6 +47,9 @@ TimeEditPopup::~TimeEditPopup()
     // Dying with the focus, a field would still report the loss, to what is half gone.
     for (QQuickTextInput *input : m_inputs)
         input->disconnect(this);
+    // The base closes itself in its own destructor, and would say so to what is no editor any more.
+    disconnect(this, nullptr, this, nullptr);
+    VkbManager::instance().disconnect(this);
     if (isVisible())
         VkbManager::instance().showVkb(false);
 }
