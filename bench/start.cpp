@@ -13,6 +13,8 @@
 namespace {
 
 constexpr int rounds = 9;
+constexpr double ratioBudget = 1.6;
+constexpr qint64 memoryBudget = 8192; // KiB
 
 struct Start {
     qint64 nanoseconds;
@@ -76,8 +78,8 @@ int main(int argc, char **argv)
                       {"floor_ms", floorTime / 1e6},
                       {"screen_ms", screenTime / 1e6},
                       {"ratio", ratio},
-                      {"ratio_budget", 1.6},
+                      {"ratio_budget", ratioBudget},
                       {"memory_over_floor_kib", memory},
-                      {"memory_budget_kib", 8 * 1024}});
-    return ratio <= 1.6 && memory <= 8 * 1024 ? 0 : 1;
+                      {"memory_budget_kib", memoryBudget}});
+    return ratio <= ratioBudget && memory <= memoryBudget ? 0 : 1;
 }
