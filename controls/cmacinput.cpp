@@ -17,7 +17,9 @@ CMacInput::CMacInput(QQuickItem *parent) : QQuickItem(parent)
 
 CMacInput::~CMacInput()
 {
-    // A field that dies with the focus says so to an input that is no longer one.
+    // Leaving the scene changes the input, and a field that dies with the focus says so: both to an
+    // input that is no longer one.
+    disconnect(this, nullptr, this, nullptr);
     if (m_field)
         m_field->disconnect(this);
 }
