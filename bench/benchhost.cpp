@@ -12,6 +12,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtQml/QQmlComponent>
 
+#include <algorithm>
 #include <cstdio>
 
 void BenchHost::prepareEnvironment()
@@ -135,6 +136,12 @@ qint64 BenchHost::privateMemory()
             sum += line.simplified().split(' ').value(1).toLongLong();
     }
     return sum;
+}
+
+double BenchHost::median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
 }
 
 void BenchHost::print(const QJsonObject &figures)

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 /// What every bench runs in: a window with Qt Quick Controls imported, as a
 /// panel's runtime has it, and on demand the settings screen in it.
@@ -49,6 +50,7 @@ public:
     static QVector<QQuickItem *> visibleItems(QQuickItem *item, const char *className);
     /// Memory that this process alone has dirtied, in KiB.
     static qint64 privateMemory();
+    static double median(std::vector<double> values);
     /// Prints one line of JSON.
     static void print(const QJsonObject &figures);
 

@@ -5,19 +5,12 @@
 
 #include <QtGui/QGuiApplication>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
 
 constexpr int rounds = 7;
 constexpr double frame = 16.0;
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 } // namespace
 
@@ -54,7 +47,7 @@ int main(int argc, char **argv)
             const qint64 time = host.untilPainted([] { HmiSimulator::fireNext("scanWifi"); });
             times.push_back(double(time) / 1e6);
         }
-        const double time = median(times);
+        const double time = BenchHost::median(times);
         milliseconds[QString::number(count)] = time;
         if (count == 200)
             twoHundred = time;

@@ -6,19 +6,12 @@
 #include <QtCore/QJsonArray>
 #include <QtGui/QGuiApplication>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
 
 constexpr double frame = 16.0;
 constexpr int warmRounds = 20;
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 } // namespace
 
@@ -51,7 +44,7 @@ int main(int argc, char **argv)
             times[static_cast<size_t>(i)].push_back(show(pages[i]));
     }
     for (int i = 0; i < pages.size(); ++i) {
-        warm[pages[i]] = median(times[static_cast<size_t>(i)]);
+        warm[pages[i]] = BenchHost::median(times[static_cast<size_t>(i)]);
         withinBudget &= warm[pages[i]].toDouble() <= frame;
     }
 
@@ -72,7 +65,7 @@ int main(int argc, char **argv)
             adapterTimes[static_cast<size_t>(i)].push_back(select(adapters[i]));
     }
     for (int i = 0; i < adapters.size(); ++i) {
-        warmAdapter[adapters[i]] = median(adapterTimes[static_cast<size_t>(i)]);
+        warmAdapter[adapters[i]] = BenchHost::median(adapterTimes[static_cast<size_t>(i)]);
         withinBudget &= warmAdapter[adapters[i]].toDouble() <= frame;
     }
 
