@@ -71,7 +71,7 @@ public slots:
     void onColumnHeightChanged();
     void onClickScanWifi();
     /// Starts an attempt to join, in place of any other.
-    void connectWifi(HMI::SSID wifiname, QString password);
+    void connectWifi(HMI::SSID wifiname, const QString &password);
     /// Joins the selected network with what was typed.
     void onClickConFirm();
     void onWifiReset();

@@ -64,7 +64,7 @@ void CardWifi::onClickConFirm()
     connectWifi(m_selectedSsid, password);
 }
 
-void CardWifi::connectWifi(HMI::SSID wifiname, QString password)
+void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
 {
     const int attempt = ++m_attempt;
     m_attemptEnded = false;
