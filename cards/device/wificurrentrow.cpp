@@ -32,8 +32,9 @@ WifiCurrentRow::WifiCurrentRow(QQuickItem *container, int rowHeight, QObject *pa
     m_name->setMaximumLineCount(1);
     m_name->setX(rowHeight * 16.0 / 13.0);
     m_name->setHeight(rowHeight);
-    const auto fit = [this, tickSide, rowHeight] {
-        m_name->setWidth(qMax(0.0, m_container->width() - m_name->x() - tickSide - rowHeight / 4));
+    const int gap = rowHeight / 4;
+    const auto fit = [this, tickSide, gap] {
+        m_name->setWidth(qMax(0.0, m_container->width() - m_name->x() - tickSide - gap));
     };
     fit();
     connect(container, &QQuickItem::widthChanged, this, fit);

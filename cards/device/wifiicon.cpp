@@ -28,7 +28,9 @@ QQuickImage *addRowImage(QQuickItem *row, const QUrl &source, int rowHeight, int
     image->setSource(source);
     image->setFillMode(QQuickImage::PreserveAspectFit);
     image->setSize(QSizeF(side, side));
-    image->setY((rowHeight - side) / 2);
+    // On a whole pixel, where an icon is sharp.
+    const int y = (rowHeight - side) / 2;
+    image->setY(y);
     return image;
 }
 
