@@ -4,10 +4,11 @@
 #include <QtCore/QJsonDocument>
 
 #include <cstring>
+#include <utility>
 
 namespace HmiSimulator {
 
-JsonLines::JsonLines(const QByteArray &json) : m_json(json)
+JsonLines::JsonLines(QByteArray json) : m_json(std::move(json))
 {
     value({});
 }

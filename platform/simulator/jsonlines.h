@@ -15,7 +15,7 @@ public:
     using Path = QStringList;
 
     /// @p json must be well formed.
-    explicit JsonLines(const QByteArray &json);
+    explicit JsonLines(QByteArray json);
 
     /// Line of the key (or list element) at @p path, counted from 1; 1 for what is not there.
     int lineOf(const Path &path) const;

@@ -36,8 +36,8 @@ std::optional<QByteArray> bytesFrom(const QString &hex)
 
 } // namespace
 
-ScenarioSection::ScenarioSection(const QJsonObject &object, QStringList path, Problems &problems)
-    : m_object(object), m_path(std::move(path)), m_problems(problems)
+ScenarioSection::ScenarioSection(QJsonObject object, QStringList path, Problems &problems)
+    : m_object(std::move(object)), m_path(std::move(path)), m_problems(problems)
 {}
 
 ScenarioSection::~ScenarioSection()

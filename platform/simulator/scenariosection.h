@@ -25,7 +25,7 @@ using Problems = QVector<Problem>;
 class ScenarioSection
 {
 public:
-    ScenarioSection(const QJsonObject &object, QStringList path, Problems &problems);
+    ScenarioSection(QJsonObject object, QStringList path, Problems &problems);
     ~ScenarioSection();
     ScenarioSection(const ScenarioSection &) = delete;
     ScenarioSection &operator=(const ScenarioSection &) = delete;
