@@ -248,6 +248,8 @@ QQuickItem *AppRootItem::addCard(QQmlComponent *component)
                 [this, item] { item->setWidth(m_cardsParent->width()); });
     }
     component->completeCreate();
+    if (!item)
+        delete object;
     return item;
 }
 
