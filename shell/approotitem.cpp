@@ -18,7 +18,8 @@ namespace QSP {
 
 namespace {
 
-QPointer<AppRootItem> g_root;
+// Cleared by the root itself when it dies.
+AppRootItem *g_root = nullptr;
 
 // Calls visit(std::integral_constant<Cards, card>) for the given kind.
 template <class Visitor> void visitCard(AppRootItem::Cards card, Visitor visit)
@@ -236,21 +237,11 @@ template <AppRootItem::Cards card> void AppRootItem::addCard()
 
 QQuickItem *AppRootItem::addCard(QQmlComponent *component)
 {
-    if (!component)
-        return nullptr;
-    QObject *object = component->beginCreate(component->engine()->rootContext());
-    auto *item = qobject_cast<QQuickItem *>(object);
-    if (item) {
-        item->setParent(m_cardsParent);
-        item->setParentItem(m_cardsParent);
+    return EmbeddedComponent::createItem(component, m_cardsParent, [this](QQuickItem *item) {
         item->setWidth(m_cardsParent->width());
         connect(m_cardsParent, &QQuickItem::widthChanged, item,
                 [this, item] { item->setWidth(m_cardsParent->width()); });
-    }
-    component->completeCreate();
-    if (!item)
-        delete object;
-    return item;
+    });
 }
 
 } // namespace QSP

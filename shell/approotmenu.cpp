@@ -182,18 +182,18 @@ void AppRootItem::adjustMenu()
 QQuickItem *AppRootItem::createMenuButton(QQuickItem *parent)
 {
     static EmbeddedComponent pComp;
-    QQuickItem *button = pComp.create(QUrl(QStringLiteral("qrc:/setting/flatui/MenuButton.qml")), parent);
-    if (!button)
-        return nullptr;
-    QQuickAnchors *anchors = QQuickItemPrivate::get(button)->anchors();
-    anchors->setLeft(QQuickItemPrivate::get(parent)->left());
-    anchors->setRight(QQuickItemPrivate::get(parent)->right());
-    followWidth(parent, button, [button, anchors, parent] {
-        button->setHeight(buttonHeight(parent));
-        anchors->setLeftMargin(buttonMargin(parent));
-        anchors->setRightMargin(buttonMargin(parent));
-    });
-    return button;
+    // Its size before it is completed: a label of another size would load a font for nothing.
+    return pComp.create(QUrl(QStringLiteral("qrc:/setting/flatui/MenuButton.qml")), parent, nullptr,
+                        [parent](QQuickItem *button) {
+                            QQuickAnchors *anchors = QQuickItemPrivate::get(button)->anchors();
+                            anchors->setLeft(QQuickItemPrivate::get(parent)->left());
+                            anchors->setRight(QQuickItemPrivate::get(parent)->right());
+                            followWidth(parent, button, [button, anchors, parent] {
+                                button->setHeight(buttonHeight(parent));
+                                anchors->setLeftMargin(buttonMargin(parent));
+                                anchors->setRightMargin(buttonMargin(parent));
+                            });
+                        });
 }
 
 void AppRootItem::prepareMenuButton(MenuIndex entry, QQuickItem *container)

@@ -21,9 +21,9 @@ QQmlComponent *EmbeddedComponent::get(const QUrl &url, QQmlEngine *engine)
     return m_component->isReady() ? m_component.data() : nullptr;
 }
 
-QQuickItem *EmbeddedComponent::createItem(const QUrl &url, QQuickItem *parent, QQmlEngine *engine)
+QQuickItem *EmbeddedComponent::createItem(QQmlComponent *component, QQuickItem *parent,
+                                          const Prepare &prepare)
 {
-    QQmlComponent *component = get(url, engine);
     if (!component)
         return nullptr;
     QObject *object = component->beginCreate(component->engine()->rootContext());
@@ -31,6 +31,8 @@ QQuickItem *EmbeddedComponent::createItem(const QUrl &url, QQuickItem *parent, Q
     if (item) {
         item->setParent(parent);
         item->setParentItem(parent);
+        if (prepare)
+            prepare(item);
     }
     component->completeCreate();
     if (!item)

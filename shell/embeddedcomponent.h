@@ -4,6 +4,8 @@
 #include <QtQml/QQmlComponent>
 #include <QtQuick/QQuickItem>
 
+#include <functional>
+
 class QQmlEngine;
 
 namespace QSP {
@@ -19,18 +21,22 @@ public:
     /// The component of @p url in @p engine (null engine: the screen's engine), or null when it is not ready.
     QQmlComponent *get(const QUrl &url, QQmlEngine *engine = nullptr);
 
+    /// Gives a new item what its bindings are to see first.
+    using Prepare = std::function<void(QQuickItem *item)>;
+
     /// Creates an object in the engine's root context, gives it both parents
     /// before it is completed, and returns it; null when the document does not
     /// load or its root is no T.
     template <class T = QQuickItem>
-    T *create(const QUrl &url, QQuickItem *parent, QQmlEngine *engine = nullptr)
+    T *create(const QUrl &url, QQuickItem *parent, QQmlEngine *engine = nullptr, const Prepare &prepare = {})
     {
-        return qobject_cast<T *>(createItem(url, parent, engine));
+        return qobject_cast<T *>(createItem(get(url, engine), parent, prepare));
     }
 
-private:
-    QQuickItem *createItem(const QUrl &url, QQuickItem *parent, QQmlEngine *engine);
+    /// The same from a component in hand; null when that is null or makes no item.
+    static QQuickItem *createItem(QQmlComponent *component, QQuickItem *parent, const Prepare &prepare = {});
 
+private:
     QPointer<QQmlComponent> m_component;
 };
 

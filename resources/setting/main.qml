@@ -28,6 +28,8 @@ AppRootItem {
         id: _title
 
         width: parent.width
+        // The root sets it; starting at a likely height spares loading a font for none.
+        height: 72
 
         Rectangle {
             id: titleLeftBg

@@ -17,7 +17,7 @@ Item {
         anchors.verticalCenter: _row.verticalCenter
         width: 0.459 * _row.height
         height: width
-        sourceSize: Qt.size(40, 40)
+        sourceSize: "40x40"
     }
 
     Text {

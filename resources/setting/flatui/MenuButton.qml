@@ -18,7 +18,6 @@ BeepButton {
         x: width / 2 - 4
         width: height
         height: 0.57 * _button.height
-        sourceSize: Qt.size(64, 64)
     }
 
     Text {
