@@ -93,7 +93,8 @@ qint64 BenchHost::untilPainted(const std::function<void()> &action)
 
 void BenchHost::tapText(QQuickItem *below, const QString &text)
 {
-    for (QQuickItem *label : visibleItems(below, "QQuickText")) {
+    const QVector<QQuickItem *> labels = visibleItems(below, "QQuickText");
+    for (QQuickItem *label : labels) {
         if (label->property("text").toString() != text)
             continue;
         const QPointF point = label->mapToScene(QPointF(label->width() / 2, label->height() / 2));

@@ -34,7 +34,8 @@ int main(int argc, char **argv)
 
     bool withinBudget = true;
     QJsonObject first;
-    for (const QString &page : pages.mid(0, 3)) {
+    const QStringList firstPages = pages.mid(0, 3);
+    for (const QString &page : firstPages) {
         first[page] = show(page);
         withinBudget &= first[page].toDouble() <= 3 * frame;
     }

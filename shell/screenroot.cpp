@@ -6,29 +6,37 @@ namespace QSP {
 
 namespace {
 
-QPointer<QQuickItem> g_item;
-QPointer<QQuickItem> g_cardColumn;
+struct Root {
+    QPointer<QQuickItem> item;
+    QPointer<QQuickItem> cardColumn;
+};
+
+Root &root()
+{
+    static Root newest;
+    return newest;
+}
 
 } // namespace
 
 QQuickItem *ScreenRoot::item()
 {
-    return g_item;
+    return root().item;
 }
 
 QQuickItem *ScreenRoot::cardColumn()
 {
-    return g_cardColumn;
+    return root().cardColumn;
 }
 
-void ScreenRoot::setItem(QQuickItem *root)
+void ScreenRoot::setItem(QQuickItem *item)
 {
-    g_item = root;
+    root().item = item;
 }
 
 void ScreenRoot::setCardColumn(QQuickItem *column)
 {
-    g_cardColumn = column;
+    root().cardColumn = column;
 }
 
 } // namespace QSP

@@ -22,7 +22,7 @@ public:
             QObject::connect(root, &QQuickItem::visibleChanged, receiver, slot);
     }
 
-    static void setItem(QQuickItem *root);
+    static void setItem(QQuickItem *item);
     static void setCardColumn(QQuickItem *column);
 };
 

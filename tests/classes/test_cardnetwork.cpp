@@ -168,7 +168,7 @@ void TestCardNetwork::adapterSurvivesAQueuedConnection()
     QVector<int> seen;
     connect(
         m_card, &CardNetwork::currentNICChanged, this,
-        [&seen](NIC now, NIC before) { seen << now << before; }, Qt::QueuedConnection);
+        [seen = &seen](NIC now, NIC before) { *seen << now << before; }, Qt::QueuedConnection);
     m_card->setCurrentNIC(mobile);
     QCoreApplication::processEvents();
     QCOMPARE(seen, QVector<int>({16, 1}));

@@ -132,7 +132,7 @@ void TestCardNic::sizesOfTheDocument()
     QCOMPARE(button->height(), 0.92 * 52);
     QCOMPARE(button->width(), 1.5 * 0.92 * 52);
     QCOMPARE(card->property("testButtonText").value<QQuickItem *>()->property("color").value<QColor>(),
-             QColor("#3269CE"));
+             QColor(0x32, 0x69, 0xCE));
 }
 
 void TestCardNic::resultWithoutARoot()

@@ -7,14 +7,17 @@ using QSP::CardWifi;
 
 namespace {
 
-const QStringList neighbours{QStringLiteral("Works Hall Guests"),
-                             QStringLiteral("Maintenance"),
-                             QStringLiteral("Büro Süd"),
-                             QStringLiteral("装配车间"),
-                             QStringLiteral("装配线"),
-                             QStringLiteral("Pump Room 3"),
-                             QStringLiteral("Forklift Charging Bay, East Gate"),
-                             QStringLiteral("Warehouse")};
+QStringList neighbours()
+{
+    return {QStringLiteral("Works Hall Guests"),
+            QStringLiteral("Maintenance"),
+            QStringLiteral("Büro Süd"),
+            QStringLiteral("装配车间"),
+            QStringLiteral("装配线"),
+            QStringLiteral("Pump Room 3"),
+            QStringLiteral("Forklift Charging Bay, East Gate"),
+            QStringLiteral("Warehouse")};
+}
 
 QQuickFlickable *page()
 {
@@ -121,7 +124,7 @@ void TestCardWifiList::scanFillsTheList()
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
     QCOMPARE(scanning.size(), 2);
     // In the order in which they came.
-    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::listed(), neighbours());
     QCOMPARE(WifiScene::wifi()->networks().size(), 9);
     const QQuickItem *row = scene.row(QStringLiteral("Maintenance"));
     QCOMPARE(row->height(), 48.0);
@@ -152,7 +155,7 @@ void TestCardWifiList::secondScanIsIgnoredWhileHidden()
     QVERIFY(WifiScene::report("scanWifi"));
     WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Wifi);
     Operator::settle();
-    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::listed(), neighbours());
 }
 
 void TestCardWifiList::buttonsWhileScanning()
@@ -203,13 +206,13 @@ void TestCardWifiList::resultAfterResult()
     Operator::tap(WifiScene::scanButton());
     QVERIFY(HmiSimulator::waitIdle());
     Operator::settle();
-    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::listed(), neighbours());
     QCOMPARE(states.size(), 2);
 
     HmiSimulator::setDelivery(HmiSimulator::Operation::Scan, HmiSimulator::Delivery::Synchronous);
     Operator::tap(WifiScene::scanButton());
     Operator::settle();
-    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::listed(), neighbours());
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
 }
 
@@ -384,7 +387,7 @@ void TestCardWifiList::resetWhileScanning()
     QCOMPARE(Journal::calls("resetWifi"), QStringList());
     QCOMPARE(WifiScene::listed(), QStringList());
     QVERIFY(WifiScene::report("scanWifi"));
-    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::listed(), neighbours());
 }
 
 void TestCardWifiList::resetReachesTheNetworkCard()
@@ -498,7 +501,7 @@ void TestCardWifiList::listWaitsForTheFinger()
     QVERIFY(WifiScene::report("scanWifi"));
     emit WifiScene::network()->wifiStatusChanged(true, QStringLiteral("Maintenance"));
     Operator::settle(300);
-    QCOMPARE(WifiScene::listed(), neighbours);
+    QCOMPARE(WifiScene::listed(), neighbours());
     QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, place);
     Operator::settle();
     QCOMPARE(Journal::calls("connectWifi"),

@@ -202,7 +202,7 @@ void TestCIpInput::fieldsHaveTheirShape()
         auto *frame = qobject_cast<QQuickRectangle *>(item);
         QCOMPARE(frame->radius(), 4.0);
         QCOMPARE(frame->border()->width(), 1.0);
-        QCOMPARE(frame->border()->color(), QColor("#E2E2E2"));
+        QCOMPARE(frame->border()->color(), QColor(0xE2, 0xE2, 0xE2));
         QCOMPARE(frame->parentItem()->x() + frame->x(), std::round(frame->parentItem()->x()));
     }
 }

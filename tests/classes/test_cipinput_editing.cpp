@@ -109,9 +109,9 @@ QString TestCIpInputEditing::shown() const
 void TestCIpInputEditing::typedAddressIsReportedOnce()
 {
     QStringList order;
-    connect(m_ip, &CIpInput::ipChanged, this, [&order] { order << QStringLiteral("ipChanged"); });
+    connect(m_ip, &CIpInput::ipChanged, this, [order = &order] { *order << QStringLiteral("ipChanged"); });
     connect(m_ip, &CIpInput::ipChangedByEdit, this,
-            [&order](unsigned int ip) { order << QString::number(ip); });
+            [order = &order](unsigned int ip) { *order << QString::number(ip); });
     enter(0, QStringLiteral("192"));
     QVERIFY(m_ip->editing());
     enter(1, QStringLiteral("168"));
@@ -304,9 +304,9 @@ void TestCIpInputEditing::frameShowsTheFocus()
     auto *frame =
         qobject_cast<QQuickRectangle *>(Operator::byClass(field(1)->parentItem(), "QQuickRectangle"));
     Operator::tap(field(1));
-    QCOMPARE(frame->border()->color(), QColor("#3269CE"));
+    QCOMPARE(frame->border()->color(), QColor(0x32, 0x69, 0xCE));
     Operator::tap(field(0));
-    QCOMPARE(frame->border()->color(), QColor("#E2E2E2"));
+    QCOMPARE(frame->border()->color(), QColor(0xE2, 0xE2, 0xE2));
 }
 
 void TestCIpInputEditing::beepsOncePerField()
@@ -357,8 +357,8 @@ void TestCIpInputEditing::diesWhileFocused()
 {
     CIpInput *other = addInput(90);
     int reports = 0;
-    connect(m_ip, &CIpInput::ipChanged, this, [&reports] { ++reports; });
-    connect(m_ip, &CIpInput::editingChanged, this, [&reports] { ++reports; });
+    connect(m_ip, &CIpInput::ipChanged, this, [reports = &reports] { ++*reports; });
+    connect(m_ip, &CIpInput::editingChanged, this, [reports = &reports] { ++*reports; });
     enter(0, QStringLiteral("99"));
     QCOMPARE(reports, 1);
     HmiSimulator::clearJournal();
@@ -385,8 +385,8 @@ void TestCIpInputEditing::diesWhileDisabledOrHidden()
 {
     CIpInput *other = addInput(90);
     QStringList told;
-    connect(other, &CIpInput::ipChanged, this, [&told] { told << QStringLiteral("ip"); });
-    connect(other, &CIpInput::editingChanged, this, [&told] { told << QStringLiteral("editing"); });
+    connect(other, &CIpInput::ipChanged, this, [told = &told] { *told << QStringLiteral("ip"); });
+    connect(other, &CIpInput::editingChanged, this, [told = &told] { *told << QStringLiteral("editing"); });
     m_scene->page()->setEnabled(false);
     delete other;
     m_scene->page()->setVisible(false);
@@ -477,7 +477,8 @@ void TestCIpInputEditing::keyStorm()
                                 QSP::VkbManager::hideKey};
     QRandomGenerator random(7);
     QString reported = m_ip->ip();
-    connect(m_ip, &CIpInput::ipChangedByEdit, this, [&](unsigned int) { reported = m_ip->ip(); });
+    connect(m_ip, &CIpInput::ipChangedByEdit, this,
+            [this, reported = &reported](unsigned int) { *reported = m_ip->ip(); });
     for (int i = 0; i < 400; ++i) {
         if (i % 7 == 0)
             Operator::tap(field(random.bounded(4)));

@@ -155,7 +155,7 @@ void TestCMacInput::reportTravelsQueued()
 {
     QVector<HMI::MAC> late;
     connect(
-        m_mac, &CMacInput::macChangedByEdit, this, [&late](HMI::MAC mac) { late << mac; },
+        m_mac, &CMacInput::macChangedByEdit, this, [late = &late](HMI::MAC mac) { *late << mac; },
         Qt::QueuedConnection);
     QSignalSpy spy(m_mac, SIGNAL(macChangedByEdit(HMI::MAC)));
     type(QStringLiteral("AABBCCDDEEFF"));
@@ -358,9 +358,9 @@ void TestCMacInput::looks()
     QCOMPARE(m_field->font().letterSpacingType(), QFont::PercentageSpacing);
     auto *frame = qobject_cast<QQuickRectangle *>(Operator::byClass(m_mac, "QQuickRectangle"));
     QCOMPARE(frame->size(), m_mac->size());
-    QCOMPARE(frame->border()->color(), QColor("#E2E2E2"));
+    QCOMPARE(frame->border()->color(), QColor(0xE2, 0xE2, 0xE2));
     Operator::tap(m_field);
-    QCOMPARE(frame->border()->color(), QColor("#3269CE"));
+    QCOMPARE(frame->border()->color(), QColor(0x32, 0x69, 0xCE));
 }
 
 void TestCMacInput::withoutItsDocument()

@@ -180,12 +180,12 @@ void TestComboBoxList::currentRowIsHighlighted()
             ->color();
     };
     openList();
-    QCOMPARE(colour("LAN0"), QColor("#A8CDF1"));
-    QCOMPARE(colour("LAN1"), QColor("#FFFFFF"));
+    QCOMPARE(colour("LAN0"), QColor(0xA8, 0xCD, 0xF1));
+    QCOMPARE(colour("LAN1"), QColor(0xFF, 0xFF, 0xFF));
     Operator::tap(row(QStringLiteral("LAN1")));
     openList();
-    QCOMPARE(colour("LAN0"), QColor("#FFFFFF"));
-    QCOMPARE(colour("LAN1"), QColor("#A8CDF1"));
+    QCOMPARE(colour("LAN0"), QColor(0xFF, 0xFF, 0xFF));
+    QCOMPARE(colour("LAN1"), QColor(0xA8, 0xCD, 0xF1));
 }
 
 void TestComboBoxList::tapElsewhereCloses()

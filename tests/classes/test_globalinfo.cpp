@@ -1,5 +1,6 @@
 #include "shell/globalinfo.h"
 #include "tests/support/journal.h"
+#include "tests/support/locales.h"
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>
@@ -12,9 +13,6 @@
 using QSP::GlobalInfo;
 
 namespace {
-
-const QLocale english(QLocale::English, QLocale::UnitedStates);
-const QLocale chinese(QLocale::Chinese, QLocale::China);
 
 QString translatedGeneral()
 {
@@ -72,7 +70,7 @@ void TestGlobalInfo::startsInEnglishAndSaysSo()
     HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
     HmiSimulator::setGettersRecorded(true);
     const GlobalInfo info;
-    QCOMPARE(info.locale(), english);
+    QCOMPARE(info.locale(), Locales::english());
     QCOMPARE(Journal::calls(), QStringList{QStringLiteral("setLanguage(ENGLISH)")});
     QCOMPARE(info.rootPopupZ(), 20000);
     QCOMPARE(info.screenSize(), QSize(-1, -1));
@@ -84,7 +82,7 @@ void TestGlobalInfo::sameLocaleDoesNothing()
     GlobalInfo info;
     HmiSimulator::clearJournal();
     QSignalSpy changed(&info, &GlobalInfo::localeChanged);
-    info.setLocale(english);
+    info.setLocale(Locales::english());
     QCOMPARE(changed.size(), 0);
     QCOMPARE(Journal::calls(), QStringList());
 }
@@ -94,11 +92,11 @@ void TestGlobalInfo::chineseAndBack()
     GlobalInfo info;
     HmiSimulator::clearJournal();
     QSignalSpy changed(&info, &GlobalInfo::localeChanged);
-    info.setLocale(chinese);
+    info.setLocale(Locales::chinese());
     QCOMPARE(translatedGeneral(), QStringLiteral("通用设置"));
     // Empty on purpose in the catalogue: the source is shown.
     QCOMPARE(QCoreApplication::translate("CardDNS", "DNS 1"), QStringLiteral("DNS 1"));
-    info.setLocale(english);
+    info.setLocale(Locales::english());
     QCOMPARE(translatedGeneral(), QStringLiteral("General"));
     QCOMPARE(changed.size(), 2);
     QCOMPARE(Journal::calls(),
@@ -112,7 +110,7 @@ void TestGlobalInfo::everyOtherLanguageIsEnglishToTheService()
     info.setLocale(QLocale(QLocale::German));
     QCOMPARE(Journal::calls(), QStringList{QStringLiteral("setLanguage(ENGLISH)")});
     QCOMPARE(translatedGeneral(), QStringLiteral("通用设置"));
-    info.setLocale(english);
+    info.setLocale(Locales::english());
 }
 
 void TestGlobalInfo::followsTheLanguageChosenElsewhere_data()
@@ -120,11 +118,11 @@ void TestGlobalInfo::followsTheLanguageChosenElsewhere_data()
     QTest::addColumn<int>("told");
     QTest::addColumn<QLocale>("before");
     QTest::addColumn<QLocale>("after");
-    QTest::newRow("Chinese") << 0 << english << chinese;
-    QTest::newRow("English") << 1 << chinese << english;
-    QTest::newRow("unknown is English") << 7 << chinese << english;
-    QTest::newRow("negative is English") << -1 << chinese << english;
-    QTest::newRow("same language") << 1 << english << english;
+    QTest::newRow("Chinese") << 0 << Locales::english() << Locales::chinese();
+    QTest::newRow("English") << 1 << Locales::chinese() << Locales::english();
+    QTest::newRow("unknown is English") << 7 << Locales::chinese() << Locales::english();
+    QTest::newRow("negative is English") << -1 << Locales::chinese() << Locales::english();
+    QTest::newRow("same language") << 1 << Locales::english() << Locales::english();
 }
 
 void TestGlobalInfo::followsTheLanguageChosenElsewhere()
@@ -141,7 +139,7 @@ void TestGlobalInfo::followsTheLanguageChosenElsewhere()
     QCOMPARE(info.locale(), after);
     QCOMPARE(changed.size(), before == after ? 0 : 1);
     QCOMPARE(Journal::calls(), QStringList());
-    info.setLocale(english);
+    info.setLocale(Locales::english());
 }
 
 void TestGlobalInfo::translationPrecedesOtherReceivers()
@@ -149,23 +147,23 @@ void TestGlobalInfo::translationPrecedesOtherReceivers()
     GlobalInfo info;
     QString seen;
     connect(&info, &GlobalInfo::localeChanged, this, [&seen] { seen = translatedGeneral(); });
-    info.setLocale(chinese);
+    info.setLocale(Locales::chinese());
     QCOMPARE(seen, QStringLiteral("通用设置"));
-    info.setLocale(english);
+    info.setLocale(Locales::english());
     QCOMPARE(seen, QStringLiteral("General"));
 }
 
 void TestGlobalInfo::oneTranslatorForAllSwitches()
 {
     GlobalInfo info;
-    info.setLocale(chinese);
+    info.setLocale(Locales::chinese());
     const int translators = QCoreApplication::instance()->findChildren<QTranslator *>().size();
     for (int i = 0; i < 100; ++i) {
-        info.setLocale(english);
-        info.setLocale(chinese);
+        info.setLocale(Locales::english());
+        info.setLocale(Locales::chinese());
     }
     QCOMPARE(QCoreApplication::instance()->findChildren<QTranslator *>().size(), translators);
-    info.setLocale(english);
+    info.setLocale(Locales::english());
     QCOMPARE(translatedGeneral(), QStringLiteral("General"));
 }
 

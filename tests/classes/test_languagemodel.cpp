@@ -1,6 +1,7 @@
 #include "cards/device/languagemodel.h"
 #include "shell/globalinfo.h"
 #include "simulator/simulator.h"
+#include "tests/support/locales.h"
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>
@@ -8,13 +9,6 @@
 
 using QSP::GlobalInfo;
 using QSP::LanguageModel;
-
-namespace {
-
-const QLocale english(QLocale::English, QLocale::UnitedStates);
-const QLocale chinese(QLocale::Chinese, QLocale::China);
-
-} // namespace
 
 class TestLanguageModel : public PanelTest
 {
@@ -36,7 +30,7 @@ private slots:
 void TestLanguageModel::init()
 {
     beginWatch();
-    GlobalInfo::switchLanguage(english);
+    GlobalInfo::switchLanguage(Locales::english());
     HmiSimulator::reset();
 }
 
@@ -44,7 +38,7 @@ void TestLanguageModel::keepsTheRulesOfModels()
 {
     LanguageModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     model.setCurrentLanguage(0);
     QCOMPARE(model.rowCount(), 1);
 }
@@ -64,7 +58,7 @@ void TestLanguageModel::dataOfTheRow()
     QCOMPARE(model.data(model.index(0), 257), QVariant(QStringLiteral("English")));
     QCOMPARE(model.data(model.index(0), 258), QVariant(31));
     QCOMPARE(model.data(model.index(0), 259), QVariant(true));
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     QCOMPARE(model.data(model.index(0), 257), QVariant(QStringLiteral("English")));
     QCOMPARE(model.data(model.index(0), 258), QVariant(31));
     QCOMPARE(model.data(model.index(0), 259), QVariant(false));
@@ -103,7 +97,7 @@ void TestLanguageModel::rowsHaveNoChildren()
 
 void TestLanguageModel::switchesTheLanguage()
 {
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     LanguageModel model;
     QCOMPARE(model.getCurrentSystemLanguage(), QLocale::Chinese);
     HmiSimulator::clearJournal();
@@ -116,7 +110,7 @@ void TestLanguageModel::switchesTheLanguage()
 
 void TestLanguageModel::ignoresRowsThatDoNotExist()
 {
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     LanguageModel model;
     HmiSimulator::clearJournal();
     for (const int row : {-1, model.rowCount(), 1000000})
@@ -129,7 +123,7 @@ void TestLanguageModel::tellsOfEverySwitch()
 {
     LanguageModel model;
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     QCOMPARE(changed.size(), 1);
     QCOMPARE(changed[0][0].toModelIndex().row(), 0);
     QCOMPARE(changed[0][1].toModelIndex().row(), model.rowCount() - 1);

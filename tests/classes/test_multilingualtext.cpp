@@ -1,6 +1,7 @@
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 #include "tests/support/journal.h"
+#include "tests/support/locales.h"
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>
@@ -10,9 +11,6 @@ using QSP::GlobalInfo;
 using QSP::setMultilingualText;
 
 namespace {
-
-const QLocale english(QLocale::English, QLocale::UnitedStates);
-const QLocale chinese(QLocale::Chinese, QLocale::China);
 
 QString version()
 {
@@ -44,7 +42,7 @@ private slots:
 
 void TestMultilingualText::cleanup()
 {
-    GlobalInfo::switchLanguage(english);
+    GlobalInfo::switchLanguage(Locales::english());
     endWatch();
 }
 
@@ -53,9 +51,9 @@ void TestMultilingualText::followsTheLanguage()
     QQuickText text;
     setMultilingualText(&text, version);
     QCOMPARE(text.text(), QStringLiteral("Version"));
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     QCOMPARE(text.text(), QStringLiteral("版本信息"));
-    GlobalInfo::switchLanguage(english);
+    GlobalInfo::switchLanguage(Locales::english());
     QCOMPARE(text.text(), QStringLiteral("Version"));
 }
 
@@ -71,7 +69,7 @@ void TestMultilingualText::replacingKeepsOneConnection()
     QCOMPARE(Receivers::ofLocaleChanged(), receivers);
     QCOMPARE(text.children().size(), children);
     setMultilingualText(&text, version);
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     QCOMPARE(text.text(), QStringLiteral("版本信息"));
 }
 
@@ -88,7 +86,7 @@ void TestMultilingualText::connectionDiesWithTheItem()
         QCOMPARE(Receivers::ofLocaleChanged(), receivers + 1);
     }
     QCOMPARE(Receivers::ofLocaleChanged(), receivers);
-    GlobalInfo::switchLanguage(chinese);
+    GlobalInfo::switchLanguage(Locales::chinese());
     QCOMPARE(asked, 1);
 }
 

@@ -73,8 +73,8 @@ QQuickItem *NetworkPage::row(const QString &label) const
 QStringList NetworkPage::rowLabels() const
 {
     QStringList labels;
-    const QList<QQuickItem *> rows = alias(network(), "layout")->childItems();
-    for (QQuickItem *row : rows.mid(2)) {
+    const QList<QQuickItem *> rows = alias(network(), "layout")->childItems().mid(2);
+    for (QQuickItem *row : rows) {
         if (row->isVisible())
             labels << Operator::visibleTexts(row).value(0);
     }

@@ -190,7 +190,7 @@ void TestDefaultAdapter::pingResults()
     QTRY_VERIFY(page.isShown(english));
     QVERIFY(page.isShown("Test Result"));
     const QColor color = Operator::byText(page.glass(), english)->property("color").value<QColor>();
-    QCOMPARE(color, QColor("#3269CE"));
+    QCOMPARE(color, QColor(0x32, 0x69, 0xCE));
     page.switchLanguage(HMI::SystemSet::CHINESE);
     QVERIFY(page.isShown(chinese));
     QVERIFY(page.isShown("测试结果"));

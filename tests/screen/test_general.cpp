@@ -7,7 +7,11 @@
 
 namespace {
 
-const QVector<QSize> sizes{{480, 800}, {600, 1024}, {800, 480}, {1024, 600}, {1280, 800}};
+const QVector<QSize> &sizes()
+{
+    static const QVector<QSize> all{{480, 800}, {600, 1024}, {800, 480}, {1024, 600}, {1280, 800}};
+    return all;
+}
 
 QStringList brightCalls()
 {
@@ -118,7 +122,7 @@ void TestGeneral::openEditor() const
 void TestGeneral::texts_data()
 {
     QTest::addColumn<QSize>("size");
-    for (const QSize &size : sizes)
+    for (const QSize &size : sizes())
         QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 
@@ -151,8 +155,8 @@ void TestGeneral::sliderDrawing_data()
     QTest::addColumn<QSize>("size");
     QTest::addColumn<int>("row");
     const QVector<int> rows{43, 54, 42, 54, 68};
-    for (int i = 0; i < sizes.size(); ++i)
-        QTest::addRow("%dx%d", sizes[i].width(), sizes[i].height()) << sizes[i] << rows[i];
+    for (int i = 0; i < sizes().size(); ++i)
+        QTest::addRow("%dx%d", sizes()[i].width(), sizes()[i].height()) << sizes()[i] << rows[i];
 }
 
 void TestGeneral::sliderDrawing()
@@ -180,10 +184,10 @@ void TestGeneral::sliderDrawing()
     auto *groove = slider()->property("background").value<QQuickItem *>();
     QCOMPARE(groove->height(), qreal(round(0.18 * row)));
     QCOMPARE(groove->property("radius").toReal(), groove->height() / 2.0);
-    QCOMPARE(groove->property("color").value<QColor>(), QColor("#C9CDD4"));
+    QCOMPARE(groove->property("color").value<QColor>(), QColor(0xC9, 0xCD, 0xD4));
     const QQuickItem *filled = groove->childItems().value(0);
     QVERIFY(filled);
-    QCOMPARE(filled->property("color").value<QColor>(), QColor("#3482FF"));
+    QCOMPARE(filled->property("color").value<QColor>(), QColor(0x34, 0x82, 0xFF));
     for (const int level : {20, 1, 32}) {
         brightness()->setProperty("brightnessValue", level);
         QCOMPARE(filled->width(), qreal(round(groove->width() * level / 32)));
@@ -282,10 +286,10 @@ void TestGeneral::sliderFollowsTheFinger()
     Operator::drag(m_fixture->window(), sliderPoint(25), sliderPoint(32) + QPoint(60, 0), 60);
     QCOMPARE(HmiSimulator::panel().bright, 32);
     QCOMPARE(brightCalls().size(), 8);
-    QCOMPARE(brightCalls().last(), QStringLiteral("setBright(32, save)"));
+    QCOMPARE(brightCalls().constLast(), QStringLiteral("setBright(32, save)"));
     Operator::drag(m_fixture->window(), sliderPoint(32), sliderPoint(1) - QPoint(300, 0), 100);
     QCOMPARE(HmiSimulator::panel().bright, 1);
-    QCOMPARE(brightCalls().last(), QStringLiteral("setBright(1, save)"));
+    QCOMPARE(brightCalls().constLast(), QStringLiteral("setBright(1, save)"));
 }
 
 void TestGeneral::sliderByTouch()
@@ -306,7 +310,7 @@ void TestGeneral::sliderBeepsIfTheBuzzerIsOn()
     HmiSimulator::setBuzzerOn(true);
     Operator::drag(m_fixture->window(), sliderPoint(20), sliderPoint(22), 20);
     QCOMPARE(Journal::calls("beep"), QStringList{"beep(true)"});
-    QCOMPARE(Journal::calls().first(), QStringLiteral("beep(true)"));
+    QCOMPARE(Journal::calls().constFirst(), QStringLiteral("beep(true)"));
     HmiSimulator::setBuzzerOn(false);
     HmiSimulator::clearJournal();
     Operator::drag(m_fixture->window(), sliderPoint(22), sliderPoint(20), 20);

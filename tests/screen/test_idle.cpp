@@ -16,9 +16,9 @@ Idle watch(QQuickWindow *window, int milliseconds)
 {
     Idle idle;
     QObject context;
-    QObject::connect(window, &QQuickWindow::frameSwapped, &context, [&idle] { ++idle.frames; });
+    QObject::connect(window, &QQuickWindow::frameSwapped, &context, [idle = &idle] { ++idle->frames; });
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &context,
-                     [&idle] { ++idle.wakeUps; });
+                     [idle = &idle] { ++idle->wakeUps; });
     QEventLoop loop;
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();

@@ -165,7 +165,8 @@ void TestMenu::narrowPortraitMarksNoEntry()
     Operator::tap(entries(fixture).at(1));
     QQuickItem *titleBar = alias(fixture.root(), "titleBar");
     Operator::tap(Operator::byClass(titleBar, "QSP::BeepButton"));
-    for (const QQuickItem *button : entries(fixture))
+    const auto buttons = entries(fixture);
+    for (const QQuickItem *button : buttons)
         QCOMPARE(colorOf(alias(button, "background")), QColor(Qt::white));
 }
 
@@ -180,7 +181,8 @@ void TestMenu::narrowLandscapeMarksThePage()
     QCOMPARE(colorOf(alias(entries(fixture).at(1), "background")), highlight);
     fixture.close();
     fixture.open();
-    for (const QQuickItem *button : entries(fixture))
+    const auto buttons = entries(fixture);
+    for (const QQuickItem *button : buttons)
         QCOMPARE(colorOf(alias(button, "background")), QColor(Qt::white));
 }
 
@@ -257,7 +259,7 @@ void TestMenu::barsHaveTheirColours()
                  qRound(titleBar->height() / 3.0));
     if (size.width() >= 800)
         return;
-    Operator::tap(entries(fixture).first());
+    Operator::tap(entries(fixture).constFirst());
     QCOMPARE(left->width(), 0.0);
     QCOMPARE(right->width(), qreal(size.width()));
 }

@@ -178,7 +178,8 @@ void buildEverything(ScreenFixture &fixture)
     showPage(fixture, "Network");
     for (const char *adapter : {"LAN0", "LAN1", "4G", "VPN", "Wi-Fi"}) {
         click(fixture.card("QSP::CardNetwork"), QLatin1String(adapter));
-        for (QQuickItem *box : Operator::allByClass(fixture.root(), "QQuickComboBox")) {
+        const auto boxes = Operator::allByClass(fixture.root(), "QQuickComboBox");
+        for (QQuickItem *box : boxes) {
             auto *list = box->property("popup").value<QObject *>();
             QMetaObject::invokeMethod(list, "open");
             Operator::settle(50);
@@ -191,7 +192,7 @@ void buildEverything(ScreenFixture &fixture)
     QQuickItem *wifi = fixture.card("QSP::CardWifi");
     QMetaObject::invokeMethod(wifi, "onClickScanWifi");
     finishRequests();
-    QMetaObject::invokeMethod(Operator::allByClass(wifi, "QSP::BeepButton").last(), "clicked");
+    QMetaObject::invokeMethod(Operator::allByClass(wifi, "QSP::BeepButton").constLast(), "clicked");
     finishRequests();
 }
 

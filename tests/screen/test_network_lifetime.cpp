@@ -39,7 +39,7 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten()
     QFETCH(QString, field);
     QFETCH(QString, end);
     NetworkPage page;
-    page.edit(field.startsWith("DNS") ? page.dnsInput(field.right(1).toInt()) : page.addressOf(field), 0,
+    page.edit(field.startsWith("DNS") ? page.dnsInput(field.rightRef(1).toInt()) : page.addressOf(field), 0,
               "1");
     HmiSimulator::clearJournal();
     QQuickItem *root = page.screen().root();

@@ -45,11 +45,14 @@ void TestNetworkTicks::ticks()
     QVERIFY(page.isWatching(interval));
     QTimer *timer = page.timer(interval);
     // By hand alone, so that a tick of the clock does not count.
-    for (QTimer *other : page.screen().root()->findChildren<QTimer *>())
-        other->stop();
+    const auto stopAll = [&page] {
+        const auto timers = page.screen().root()->findChildren<QTimer *>();
+        for (QTimer *other : timers)
+            other->stop();
+    };
+    stopAll();
     NetworkPage::expire(timer);
-    for (QTimer *other : page.screen().root()->findChildren<QTimer *>())
-        other->stop();
+    stopAll();
     QTest::qWait(300);
 
     const int objects = page.screen().root()->findChildren<QObject *>().size();

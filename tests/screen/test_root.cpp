@@ -286,7 +286,8 @@ void TestRoot::resizeKeepsProportions()
     QCOMPARE(part(fixture, "menuBar")->width(), 262.5);
     QCOMPARE(part(fixture, "titleBar")->height(), 89.6);
     QCOMPARE(part(fixture, "cardPool")->width(), 1280 - 262.5 - 40);
-    for (const QQuickItem *card : part(fixture, "cardsParent")->childItems())
+    const QList<QQuickItem *> cards = part(fixture, "cardsParent")->childItems();
+    for (const QQuickItem *card : cards)
         QCOMPARE(card->width(), 1280 - 262.5 - 40);
 }
 

@@ -12,25 +12,34 @@ struct Expectation {
     int left;
 };
 
-QMutex g_mutex;
-QVector<Expectation> g_expected;
-QStringList g_unexpected;
-QtMessageHandler g_previous = nullptr;
+struct Watch {
+    QMutex mutex;
+    QVector<Expectation> expected;
+    QStringList unexpected;
+    QtMessageHandler previous = nullptr;
+};
+
+// Messages may still come while the program ends, so the watch outlives everything.
+Watch &watch()
+{
+    static auto *const theWatch = new Watch;
+    return *theWatch;
+}
 
 void watchMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (type != QtDebugMsg && type != QtInfoMsg) {
-        const QMutexLocker lock(&g_mutex);
-        for (Expectation &expectation : g_expected) {
+        const QMutexLocker lock(&watch().mutex);
+        for (Expectation &expectation : watch().expected) {
             if (expectation.left > 0 && expectation.pattern.match(message).hasMatch()) {
                 --expectation.left;
                 return;
             }
         }
-        g_unexpected << message;
+        watch().unexpected << message;
     }
-    if (g_previous)
-        g_previous(type, context, message);
+    if (watch().previous)
+        watch().previous(type, context, message);
 }
 
 } // namespace
@@ -40,8 +49,8 @@ PanelTest::~PanelTest() = default;
 
 void PanelTest::expectMessage(const QString &pattern, int count)
 {
-    const QMutexLocker lock(&g_mutex);
-    g_expected.append({QRegularExpression(pattern), count});
+    const QMutexLocker lock(&watch().mutex);
+    watch().expected.append({QRegularExpression(pattern), count});
 }
 
 void PanelTest::prepareEnvironment()
@@ -64,13 +73,13 @@ void PanelTest::prepareApplication()
 
 void PanelTest::beginWatch()
 {
-    const QMutexLocker lock(&g_mutex);
-    g_expected.clear();
-    g_unexpected.clear();
+    const QMutexLocker lock(&watch().mutex);
+    watch().expected.clear();
+    watch().unexpected.clear();
     // The test library puts its own handler in place for each run; ours goes in front of it.
     const QtMessageHandler current = qInstallMessageHandler(watchMessage);
     if (current != watchMessage)
-        g_previous = current;
+        watch().previous = current;
 }
 
 void PanelTest::endWatch()
@@ -78,16 +87,16 @@ void PanelTest::endWatch()
     QStringList unexpected;
     QStringList missing;
     {
-        const QMutexLocker lock(&g_mutex);
-        unexpected = g_unexpected;
-        for (const Expectation &expectation : qAsConst(g_expected)) {
+        const QMutexLocker lock(&watch().mutex);
+        unexpected = watch().unexpected;
+        for (const Expectation &expectation : qAsConst(watch().expected)) {
             if (expectation.left > 0)
                 missing << expectation.pattern.pattern();
         }
-        g_unexpected.clear();
-        g_expected.clear();
+        watch().unexpected.clear();
+        watch().expected.clear();
     }
-    qInstallMessageHandler(g_previous);
+    qInstallMessageHandler(watch().previous);
     if (!unexpected.isEmpty())
         QTest::qFail(qPrintable("unannounced message: " + unexpected.join(QLatin1String(" | "))), __FILE__,
                      __LINE__);
