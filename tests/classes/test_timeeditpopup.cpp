@@ -1,66 +1,13 @@
-#include "controls/timeeditpopup.h"
-
-#include "tests/classes/cardscene.h"
+#include "tests/classes/timeeditor.h"
 #include "tests/support/journal.h"
 
-#include <QtCore/QRandomGenerator>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QValidator>
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/private/qquicktext_p.h>
-#include <QtQuick/private/qquicktextinput_p.h>
 
 using QSP::TimeEditPopup;
 using QSP::VkbManager;
-
-namespace {
-
-const QStringList fieldNames{"Year", "Month", "Day", "Hour", "Minute", "Second"};
-const QDateTime someTime(QDate(2024, 3, 9), QTime(14, 5, 7));
-
-/// An editor as the card has it, over a screen.
-struct Editor {
-    explicit Editor(const QSize &size = {1024, 600})
-        : scene(size)
-        , popup(new TimeEditPopup(scene.root()))
-        , confirmed(popup, &TimeEditPopup::dateTimeConfirmed)
-    {
-        popup->setX((scene.root()->width() - popup->width()) * 0.5);
-        popup->setY((scene.root()->height() - popup->height()) * 0.5);
-        popup->setCurrentDateTime(someTime);
-        popup->open();
-        QCoreApplication::processEvents();
-    }
-
-    QQuickTextInput *field(const QString &name) const
-    {
-        const auto isField = [&name](QQuickItem *item) { return item->objectName() == name; };
-        return qobject_cast<QQuickTextInput *>(Operator::items(popup->contentItem(), isField).value(0));
-    }
-    QString text(const QString &name) const { return field(name)->text(); }
-    QStringList texts() const
-    {
-        QStringList all;
-        for (const QString &name : fieldNames)
-            all << text(name);
-        return all;
-    }
-    /// Puts the finger on a field and types over what it held.
-    void fill(const QString &name, const QString &text) const
-    {
-        Operator::tap(field(name));
-        QVERIFY(field(name)->hasActiveFocus());
-        Operator::key(scene.window(), Qt::Key_Delete);
-        Operator::type(scene.window(), text);
-    }
-    QQuickItem *button() const { return Operator::byClass(popup->contentItem(), "QSP::BeepButton"); }
-
-    CardScene scene;
-    TimeEditPopup *popup;
-    QSignalSpy confirmed;
-};
-
-} // namespace
 
 class TestTimeEditPopup : public PanelTest
 {
@@ -86,19 +33,7 @@ private slots:
     void impossibleIsNotConfirmed();
     void oneKeyEmptiesAField_data();
     void oneKeyEmptiesAField();
-    void focusBeepsAndSelects();
-    void keyboardKeysType();
-    void fieldToFieldKeepsTheKeyboard();
-    void doneKeysEndTheEditing_data();
-    void doneKeysEndTheEditing();
-    void staysClearOfTheKeyboard_data();
-    void staysClearOfTheKeyboard();
-    void pressOutsideCloses();
-    void pressOnTheKeyboardClosesNot();
-    void closesWithTheScreen();
-    void diesWhileEdited();
     void followsTheLanguage();
-    void keyStorm();
     void validatorOfNoField();
 };
 
@@ -110,7 +45,7 @@ void TestTimeEditPopup::init()
 
 void TestTimeEditPopup::showsWhatItIsGiven()
 {
-    const Editor editor;
+    const TimeEditor editor;
     QCOMPARE(editor.texts(), (QStringList{"2024", "03", "09", "14", "05", "07"}));
     QSignalSpy changed(editor.popup, &TimeEditPopup::currentDateTimeChanged);
     const QDateTime other(QDate(1999, 12, 31), QTime(23, 59, 59));
@@ -124,9 +59,9 @@ void TestTimeEditPopup::showsWhatItIsGiven()
 
 void TestTimeEditPopup::settingTheSameTellsNothing()
 {
-    const Editor editor;
+    const TimeEditor editor;
     QSignalSpy changed(editor.popup, &TimeEditPopup::currentDateTimeChanged);
-    editor.popup->setCurrentDateTime(someTime);
+    editor.popup->setCurrentDateTime(TimeEditor::someTime());
     QCOMPARE(changed.count(), 0);
     editor.popup->setCurrentDateTime(QDateTime());
     QCOMPARE(editor.texts(), (QStringList{"", "", "", "", "", ""}));
@@ -136,7 +71,7 @@ void TestTimeEditPopup::settingTheSameTellsNothing()
 void TestTimeEditPopup::everyDayOfTheYearsEndIsShownWhole()
 {
     // From a 31st to a short month and back: nothing in between takes the day.
-    const Editor editor;
+    const TimeEditor editor;
     for (const QDate &date : {QDate(2024, 1, 31), QDate(2024, 2, 29), QDate(2023, 1, 31), QDate(2023, 4, 30),
                               QDate(2024, 2, 29), QDate(2038, 12, 31)}) {
         editor.popup->setCurrentDateTime(QDateTime(date, QTime(0, 0)));
@@ -163,15 +98,15 @@ void TestTimeEditPopup::sizes()
     QFETCH(QSize, screen);
     QFETCH(qreal, base);
     QFETCH(qreal, scale);
-    const Editor editor(screen);
+    const TimeEditor editor(screen);
     QCOMPARE(editor.popup->width(), 672.0 * scale);
     QCOMPARE(editor.popup->height(), 76.0 * scale);
     QVERIFY(editor.popup->width() <= screen.width());
     QCOMPARE(editor.popup->z(), 1000.0);
 
     const QVector<qreal> places{0, 113, 201, 296, 384, 472};
-    for (int i = 0; i < fieldNames.size(); ++i) {
-        const QQuickTextInput *field = editor.field(fieldNames[i]);
+    for (int i = 0; i < TimeEditor::fieldNames().size(); ++i) {
+        const QQuickTextInput *field = editor.field(TimeEditor::fieldNames()[i]);
         const QQuickItem *box = field->parentItem();
         QCOMPARE(box->x(), (20.0 + places[i]) * scale);
         QCOMPARE(box->y(), 20.0 * scale);
@@ -210,14 +145,14 @@ void TestTimeEditPopup::sizes()
                 return QRectF(box->position(), box->size())
                     .intersects(QRectF(separator->position(), separator->size()));
             };
-            QVERIFY(std::none_of(fieldNames.begin(), fieldNames.end(), covered));
+            QVERIFY(std::none_of(TimeEditor::fieldNames().begin(), TimeEditor::fieldNames().end(), covered));
         }
     }
 }
 
 void TestTimeEditPopup::looks()
 {
-    const Editor editor;
+    const TimeEditor editor;
     const QQuickTextInput *year = editor.field("Year");
     QCOMPARE(year->color(), QColor(0x1D, 0x21, 0x29));
     QCOMPARE(year->hAlign(), QQuickTextInput::AlignHCenter);
@@ -267,7 +202,7 @@ void TestTimeEditPopup::whatCanBeTyped()
 {
     QFETCH(QString, name);
     QFETCH(QString, typed);
-    const Editor editor;
+    const TimeEditor editor;
     editor.fill(name, typed);
     QTEST(editor.text(name), "text");
 }
@@ -309,9 +244,9 @@ void TestTimeEditPopup::dayGoesWithTheMonth()
     QFETCH(QStringList, start);
     QFETCH(QString, changed);
     QFETCH(QString, to);
-    const Editor editor;
+    const TimeEditor editor;
     for (int i = 0; i < start.size(); ++i)
-        editor.fill(fieldNames[i], start[i]);
+        editor.fill(TimeEditor::fieldNames()[i], start[i]);
     QCOMPARE(editor.text("Day"), start[2]);
     editor.fill(changed, to);
     QTEST(editor.text("Day"), "day");
@@ -321,7 +256,7 @@ void TestTimeEditPopup::returnConfirms_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("key");
-    for (const QString &name : fieldNames)
+    for (const QString &name : TimeEditor::fieldNames())
         QTest::newRow(qPrintable("Return in " + name)) << name << int(Qt::Key_Return);
     QTest::newRow("Enter in Day") << "Day" << int(Qt::Key_Enter);
 }
@@ -330,13 +265,13 @@ void TestTimeEditPopup::returnConfirms()
 {
     QFETCH(QString, name);
     QFETCH(int, key);
-    Editor editor;
+    TimeEditor editor;
     QSignalSpy changed(editor.popup, &TimeEditPopup::currentDateTimeChanged);
     editor.fill("Second", "42");
     Operator::tap(editor.field(name));
     Operator::key(editor.scene.window(), key);
     QCOMPARE(editor.confirmed.count(), 1);
-    const QDateTime expected(someTime.date(), QTime(14, 5, 42));
+    const QDateTime expected(TimeEditor::someTime().date(), QTime(14, 5, 42));
     QCOMPARE(editor.confirmed.first().first().toDateTime(), expected);
     QCOMPARE(editor.popup->currentDateTime(), expected);
     QCOMPARE(changed.count(), 0);
@@ -346,14 +281,15 @@ void TestTimeEditPopup::returnConfirms()
 
 void TestTimeEditPopup::buttonConfirms()
 {
-    Editor editor;
+    TimeEditor editor;
     editor.fill("Hour", "6");
     QVERIFY(VkbManager::instance().isVisible());
     HmiSimulator::setBuzzerOn(true);
     HmiSimulator::clearJournal();
     Operator::tap(editor.button());
     QCOMPARE(editor.confirmed.count(), 1);
-    QCOMPARE(editor.confirmed.first().first().toDateTime(), QDateTime(someTime.date(), QTime(6, 5, 7)));
+    QCOMPARE(editor.confirmed.first().first().toDateTime(),
+             QDateTime(TimeEditor::someTime().date(), QTime(6, 5, 7)));
     QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
     QVERIFY(!editor.popup->isVisible());
     QVERIFY(!VkbManager::instance().isVisible());
@@ -362,7 +298,7 @@ void TestTimeEditPopup::buttonConfirms()
 void TestTimeEditPopup::monthWithAndWithoutZero()
 {
     for (const char *month : {"9", "09"}) {
-        Editor editor;
+        TimeEditor editor;
         editor.fill("Month", QLatin1String(month));
         Operator::tap(editor.button());
         QCOMPARE(editor.confirmed.count(), 1);
@@ -374,7 +310,7 @@ void TestTimeEditPopup::impossibleIsNotConfirmed_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("typed");
-    for (const QString &name : fieldNames)
+    for (const QString &name : TimeEditor::fieldNames())
         QTest::newRow(qPrintable(name + " empty")) << name << QString();
     for (const char *year : {"1", "2", "19", "20", "197", "203"})
         QTest::addRow("year %s", year) << "Year" << QString::fromLatin1(year);
@@ -390,14 +326,14 @@ void TestTimeEditPopup::impossibleIsNotConfirmed()
 {
     QFETCH(QString, name);
     QFETCH(QString, typed);
-    Editor editor;
+    TimeEditor editor;
     editor.fill("Month", "2");
     editor.fill(name, typed);
     QCOMPARE(editor.text(name), typed);
     Operator::tap(editor.button());
     QCOMPARE(editor.confirmed.count(), 0);
     QVERIFY(editor.popup->isVisible());
-    QCOMPARE(editor.popup->currentDateTime(), someTime);
+    QCOMPARE(editor.popup->currentDateTime(), TimeEditor::someTime());
     // The other way to confirm does no more.
     Operator::tap(editor.field(name));
     Operator::key(editor.scene.window(), Qt::Key_Return);
@@ -405,7 +341,7 @@ void TestTimeEditPopup::impossibleIsNotConfirmed()
     QVERIFY(editor.popup->isVisible());
     QVERIFY(!VkbManager::instance().isVisible());
     // Corrected, it is confirmed.
-    editor.popup->setCurrentDateTime(someTime.addSecs(1));
+    editor.popup->setCurrentDateTime(TimeEditor::someTime().addSecs(1));
     Operator::tap(editor.button());
     QCOMPARE(editor.confirmed.count(), 1);
 }
@@ -420,7 +356,7 @@ void TestTimeEditPopup::oneKeyEmptiesAField_data()
 void TestTimeEditPopup::oneKeyEmptiesAField()
 {
     QFETCH(int, key);
-    const Editor editor;
+    const TimeEditor editor;
     Operator::tap(editor.field("Year"));
     Operator::key(editor.scene.window(), Qt::Key_End);
     Operator::key(editor.scene.window(), key);
@@ -428,170 +364,9 @@ void TestTimeEditPopup::oneKeyEmptiesAField()
     QVERIFY(editor.field("Year")->hasActiveFocus());
 }
 
-void TestTimeEditPopup::focusBeepsAndSelects()
-{
-    const Editor editor;
-    HmiSimulator::setBuzzerOn(true);
-    HmiSimulator::clearJournal();
-    Operator::touch(editor.field("Minute"));
-    QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
-    QVERIFY(editor.field("Minute")->hasActiveFocus());
-    QCOMPARE(editor.field("Minute")->selectedText(), QStringLiteral("05"));
-    // What is typed takes the place of what was there.
-    Operator::type(editor.scene.window(), QStringLiteral("8"));
-    QCOMPARE(editor.text("Minute"), QStringLiteral("8"));
-}
-
-void TestTimeEditPopup::keyboardKeysType()
-{
-    Editor editor;
-    Operator::tap(editor.field("Year"));
-    QVERIFY(VkbManager::instance().isVisible());
-    // Digits only.
-    QVERIFY(!editor.scene.keyboardKey("."));
-    QVERIFY(!editor.scene.keyboardKey("q"));
-    for (const char *digit : {"1", "9", "8", "7"})
-        Operator::tap(editor.scene.keyboardKey(QLatin1String(digit)));
-    QCOMPARE(editor.text("Year"), QStringLiteral("1987"));
-    Operator::touch(editor.scene.keyboardKey("backspace"));
-    Operator::touch(editor.scene.keyboardKey("8"));
-    QCOMPARE(editor.text("Year"), QStringLiteral("1988"));
-    Operator::tap(editor.scene.keyboardKey("clear"));
-    QCOMPARE(editor.text("Year"), QString());
-    for (const char *digit : {"2", "0", "3", "9", "8"})
-        Operator::tap(editor.scene.keyboardKey(QLatin1String(digit)));
-    QCOMPARE(editor.text("Year"), QStringLiteral("2038"));
-    Operator::tap(editor.scene.keyboardKey("enter"));
-    QCOMPARE(editor.confirmed.count(), 1);
-    QCOMPARE(editor.confirmed.first().first().toDateTime(), QDateTime(QDate(2038, 3, 9), QTime(14, 5, 7)));
-    QVERIFY(!editor.popup->isVisible());
-    QVERIFY(!VkbManager::instance().isVisible());
-}
-
-void TestTimeEditPopup::fieldToFieldKeepsTheKeyboard()
-{
-    const Editor editor;
-    QSignalSpy keyboard(&VkbManager::instance(), &VkbManager::visibleChanged);
-    qreal y = 0.0;
-    for (const QString &name : fieldNames) {
-        Operator::tap(editor.field(name));
-        if (name == fieldNames.first())
-            y = editor.popup->y();
-        QVERIFY2(editor.field(name)->hasActiveFocus(), qPrintable(name));
-        QVERIFY2(VkbManager::instance().isVisible(), qPrintable(name));
-        Operator::tap(editor.scene.keyboardKey("1"));
-    }
-    QCOMPARE(keyboard.count(), 1);
-    QCOMPARE(editor.popup->y(), y);
-    QCOMPARE(editor.texts(), (QStringList{"1", "1", "1", "1", "1", "1"}));
-}
-
-void TestTimeEditPopup::doneKeysEndTheEditing_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::newRow("Escape") << int(Qt::Key_Escape);
-    QTest::newRow("hide") << VkbManager::hideKey;
-}
-
-void TestTimeEditPopup::doneKeysEndTheEditing()
-{
-    QFETCH(int, key);
-    const Editor editor;
-    editor.fill("Day", "12");
-    Operator::key(editor.scene.window(), key);
-    QVERIFY(!editor.field("Day")->hasActiveFocus());
-    QVERIFY(!VkbManager::instance().isVisible());
-    QVERIFY(editor.popup->isVisible());
-    QCOMPARE(editor.confirmed.count(), 0);
-    QCOMPARE(editor.text("Day"), QStringLiteral("12"));
-}
-
-void TestTimeEditPopup::staysClearOfTheKeyboard_data()
-{
-    QTest::addColumn<QSize>("screen");
-    for (const QSize &size :
-         {QSize(480, 800), QSize(600, 1024), QSize(800, 480), QSize(1024, 600), QSize(1280, 800)})
-        QTest::addRow("%dx%d", size.width(), size.height()) << size;
-}
-
-void TestTimeEditPopup::staysClearOfTheKeyboard()
-{
-    QFETCH(QSize, screen);
-    const Editor editor(screen);
-    const qreal rest = editor.popup->y();
-    const qreal keyboardHeight = [&editor] {
-        Operator::tap(editor.field("Second"));
-        return VkbManager::instance().getHeight();
-    }();
-    QVERIFY(keyboardHeight > 0.0);
-    const qreal top = screen.height() - keyboardHeight;
-    const qreal bottom = editor.popup->y() + editor.popup->height();
-    QVERIFY2(bottom <= top, qPrintable(QStringLiteral("%1 > %2").arg(bottom).arg(top)));
-    QVERIFY(editor.popup->y() >= 0.0);
-    // Up just enough: not at all where there was room, else to right above the keyboard.
-    if (rest + editor.popup->height() + 8.0 <= top)
-        QCOMPARE(editor.popup->y(), rest);
-    else
-        QVERIFY(top - bottom <= 8.0);
-    Operator::tap(editor.scene.keyboardKey("hide"));
-    QVERIFY(!VkbManager::instance().isVisible());
-    QCOMPARE(editor.popup->y(), rest);
-    QVERIFY(editor.popup->isVisible());
-    // And once more, from where it went back to.
-    Operator::tap(editor.field("Year"));
-    QCOMPARE(editor.popup->y() + editor.popup->height(), bottom);
-}
-
-void TestTimeEditPopup::pressOutsideCloses()
-{
-    Editor editor;
-    editor.fill("Day", "12");
-    Operator::tap(editor.scene.window(), {5, 5});
-    QTRY_VERIFY(!editor.popup->isVisible());
-    QVERIFY(!VkbManager::instance().isVisible());
-    QCOMPARE(editor.confirmed.count(), 0);
-    QCOMPARE(editor.popup->currentDateTime(), someTime);
-}
-
-void TestTimeEditPopup::pressOnTheKeyboardClosesNot()
-{
-    const Editor editor;
-    Operator::tap(editor.field("Day"));
-    QVERIFY(VkbManager::instance().isVisible());
-    // Beside the keys, and between them.
-    for (const QPoint &point : {QPoint(2, 598), QPoint(1022, 330), QPoint(512, 598)}) {
-        Operator::tap(editor.scene.window(), point);
-        QVERIFY(editor.popup->isVisible());
-        QVERIFY(editor.field("Day")->hasActiveFocus());
-    }
-}
-
-void TestTimeEditPopup::closesWithTheScreen()
-{
-    Editor editor;
-    Operator::tap(editor.field("Day"));
-    QVERIFY(VkbManager::instance().isVisible());
-    editor.scene.close();
-    QTRY_VERIFY(!editor.popup->isVisible());
-    QVERIFY(!VkbManager::instance().isVisible());
-    QCOMPARE(editor.confirmed.count(), 0);
-    editor.scene.open();
-    QVERIFY(!editor.popup->isVisible());
-}
-
-void TestTimeEditPopup::diesWhileEdited()
-{
-    const Editor editor;
-    Operator::tap(editor.field("Day"));
-    QVERIFY(VkbManager::instance().isVisible());
-    delete editor.popup;
-    QVERIFY(!VkbManager::instance().isVisible());
-    Operator::type(editor.scene.window(), QStringLiteral("12"));
-}
-
 void TestTimeEditPopup::followsTheLanguage()
 {
-    const Editor editor;
+    const TimeEditor editor;
     const auto labels = Operator::visibleTexts(editor.button());
     QCOMPARE(labels, QStringList{"OK"});
     QSP::GlobalInfo::switchLanguage(QLocale(QLocale::Chinese, QLocale::China));
@@ -600,33 +375,9 @@ void TestTimeEditPopup::followsTheLanguage()
     QCOMPARE(Operator::visibleTexts(editor.button()), QStringList{"OK"});
 }
 
-void TestTimeEditPopup::keyStorm()
-{
-    Editor editor;
-    QRandomGenerator random(20240309);
-    const QVector<int> keys{Qt::Key_0,    Qt::Key_1,     Qt::Key_2,          Qt::Key_3,
-                            Qt::Key_9,    Qt::Key_Minus, Qt::Key_Backspace,  Qt::Key_Delete,
-                            Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape,     Qt::Key_Tab,
-                            Qt::Key_Home, Qt::Key_A,     VkbManager::hideKey};
-    for (int i = 0; i < 500; ++i) {
-        QVERIFY(editor.popup->isVisible());
-        if (i % 10 == 0)
-            Operator::tap(editor.field(fieldNames[random.bounded(fieldNames.size())]));
-        Operator::key(editor.scene.window(), keys[random.bounded(keys.size())]);
-    }
-    QVERIFY(editor.popup->isVisible());
-    QCOMPARE(editor.confirmed.count(), 0);
-    for (const QString &name : fieldNames) {
-        QString text = editor.text(name);
-        int position = 0;
-        QVERIFY2(editor.field(name)->validator()->validate(text, position) != QValidator::Invalid,
-                 qPrintable(name + ": " + text));
-    }
-}
-
 void TestTimeEditPopup::validatorOfNoField()
 {
-    const Editor editor;
+    const TimeEditor editor;
     QCOMPARE(editor.popup->createValidator(static_cast<TimeEditPopup::InputType>(6)), nullptr);
     const QValidator *validator = editor.popup->createValidator(TimeEditPopup::InputType::Year);
     QVERIFY(validator);

@@ -41,6 +41,18 @@ public:
         return Operator::ancestorOf(Operator::byText(wifi(), QStringLiteral("Reset")), "QSP::BeepButton");
     }
 
+    /// The names that a scan of the simulated panel lists, from top to bottom.
+    static QStringList neighbours()
+    {
+        return {QStringLiteral("Works Hall Guests"),
+                QStringLiteral("Maintenance"),
+                QStringLiteral("Büro Süd"),
+                QStringLiteral("装配车间"),
+                QStringLiteral("装配线"),
+                QStringLiteral("Pump Room 3"),
+                QStringLiteral("Forklift Charging Bay, East Gate"),
+                QStringLiteral("Warehouse")};
+    }
     /// The names in the list, from top to bottom.
     static QStringList listed() { return Operator::visibleTexts(part("list")); }
     /// The name of the joined network as shown on top; null when the row is hidden.
