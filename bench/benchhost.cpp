@@ -7,6 +7,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
+#include <QtGui/QFont>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QMouseEvent>
@@ -28,6 +29,7 @@ void BenchHost::prepareFont()
 {
     const QFont font(QStringLiteral("WenQuanYi Micro Hei"));
     QGuiApplication::setFont(font);
+    QFont::insertSubstitution(QStringLiteral("1"), font.family());
     static_cast<void>(QFontMetrics(font).horizontalAdvance(QStringLiteral("Settings")));
 }
 

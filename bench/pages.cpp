@@ -80,6 +80,7 @@ int main(int argc, char **argv)
 
     // Every page is built now. The language is switched elsewhere; opening the screen follows it.
     std::vector<double> switches;
+    switches.reserve(warmRounds);
     for (int round = 0; round < warmRounds; ++round) {
         switches.push_back(double(host.untilPainted([&] {
                                HmiSimulator::setLanguage(round % 2);

@@ -68,7 +68,10 @@ int main(int argc, char **argv)
     int noArguments = 1;
     QGuiApplication application(noArguments, argv);
     QCoreApplication::setApplicationName(options->applicationName);
-    QGuiApplication::setFont(QFont(QStringLiteral("WenQuanYi Micro Hei")));
+    const QString family = QStringLiteral("WenQuanYi Micro Hei");
+    QGuiApplication::setFont(QFont(family));
+    // The titles of the settings screen ask for this family.
+    QFont::insertSubstitution(QStringLiteral("1"), family);
 
     if (!options->scenario.isEmpty() && !PanelService::loadScenario(options->scenario, &error))
         return complain(error, wronglyCalled);

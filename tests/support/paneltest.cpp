@@ -69,6 +69,7 @@ void PanelTest::prepareApplication()
     QFont font(QStringLiteral("WenQuanYi Micro Hei"));
     font.setPixelSize(16);
     QGuiApplication::setFont(font);
+    QFont::insertSubstitution(QStringLiteral("1"), font.family());
 }
 
 void PanelTest::beginWatch()
