@@ -7,6 +7,25 @@
 
 using QSP::BeepButton;
 
+namespace {
+
+/// A button alone in a window.
+struct ButtonScene {
+    ButtonScene() : button(window.contentItem()), clicked(&button, &QQuickAbstractButton::clicked)
+    {
+        window.resize(200, 100);
+        button.setSize({100, 50});
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+    }
+
+    QQuickWindow window;
+    BeepButton button;
+    QSignalSpy clicked;
+};
+
+} // namespace
+
 class TestBeepButton : public PanelTest
 {
     Q_OBJECT
@@ -78,60 +97,41 @@ void TestBeepButton::beepAsksTheService()
 
 void TestBeepButton::clickBeeps()
 {
-    QQuickWindow window;
-    window.resize(200, 100);
-    BeepButton button(window.contentItem());
-    button.setSize({100, 50});
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QSignalSpy clicked(&button, &QQuickAbstractButton::clicked);
-
+    ButtonScene scene;
     HmiSimulator::setBuzzerOn(true);
-    Operator::tap(&button);
-    QCOMPARE(clicked.count(), 1);
+    Operator::tap(&scene.button);
+    QCOMPARE(scene.clicked.count(), 1);
     QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
     // Switched off elsewhere: the very next click is silent.
     HmiSimulator::setBuzzerOn(false);
-    Operator::tap(&button);
-    QCOMPARE(clicked.count(), 2);
+    Operator::tap(&scene.button);
+    QCOMPARE(scene.clicked.count(), 2);
     QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
 }
 
 void TestBeepButton::quickTapsCountEach()
 {
-    QQuickWindow window;
-    window.resize(200, 100);
-    BeepButton button(window.contentItem());
-    button.setSize({100, 50});
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QSignalSpy clicked(&button, &QQuickAbstractButton::clicked);
+    ButtonScene scene;
     // As the window system delivers them: every second press within the double-click time is a double click.
     for (int tap = 0; tap < 6; ++tap) {
         const auto kind = tap % 2 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
-        const QPointF point = Operator::centerOf(&button);
+        const QPointF point = Operator::centerOf(&scene.button);
         QMouseEvent press(kind, point, Qt::LeftButton, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&window, &press);
-        QVERIFY(button.isPressed());
+        QCoreApplication::sendEvent(&scene.window, &press);
+        QVERIFY(scene.button.isPressed());
         QMouseEvent release(QEvent::MouseButtonRelease, point, Qt::LeftButton, Qt::NoButton, {});
-        QCoreApplication::sendEvent(&window, &release);
-        QVERIFY(!button.isPressed());
-        QCOMPARE(clicked.count(), tap + 1);
+        QCoreApplication::sendEvent(&scene.window, &release);
+        QVERIFY(!scene.button.isPressed());
+        QCOMPARE(scene.clicked.count(), tap + 1);
     }
 }
 
 void TestBeepButton::touchBeeps()
 {
-    QQuickWindow window;
-    window.resize(200, 100);
-    BeepButton button(window.contentItem());
-    button.setSize({100, 50});
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QSignalSpy clicked(&button, &QQuickAbstractButton::clicked);
+    ButtonScene scene;
     HmiSimulator::setBuzzerOn(true);
-    Operator::touch(&button);
-    QCOMPARE(clicked.count(), 1);
+    Operator::touch(&scene.button);
+    QCOMPARE(scene.clicked.count(), 1);
     QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
 }
 
@@ -145,15 +145,10 @@ void TestBeepButton::holdBeepsNotByItself()
 
 void TestBeepButton::disabledOneIsSilent()
 {
-    QQuickWindow window;
-    window.resize(200, 100);
-    BeepButton button(window.contentItem());
-    button.setSize({100, 50});
-    button.setEnabled(false);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    ButtonScene scene;
+    scene.button.setEnabled(false);
     HmiSimulator::setBuzzerOn(true);
-    Operator::tap(&button);
+    Operator::tap(&scene.button);
     QCOMPARE(Journal::calls(), QStringList());
 }
 
