@@ -96,7 +96,8 @@ void TestCardNic::dialogSizes()
     auto *card = NetworkScene::networkCard<CardNIC>(Cards::NIC);
     card->onPingTestResult(true);
     auto *dialog = card->findChild<QSP::Dialog *>();
-    QVERIFY(dialog && dialog->isVisible());
+    QVERIFY(dialog);
+    QVERIFY(dialog->isVisible());
     QVERIFY(qAbs(dialog->width() - expected.width()) < 0.01);
     QVERIFY(qAbs(dialog->height() - expected.height()) < 0.01);
     QVERIFY(qAbs(dialog->x() + dialog->width() / 2 - size.width() / 2.0) <= 0.5);

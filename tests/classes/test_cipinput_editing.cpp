@@ -137,7 +137,7 @@ void TestCIpInputEditing::typedOnTheScreen()
     Operator::touch(m_scene->keyboardKey(QStringLiteral("enter")));
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(m_edited->count(), 1);
-    QCOMPARE(m_edited->first().first().toUInt(), 0x0A141EFEu);
+    QCOMPARE(m_edited->first().first().toUInt(), 0x0A141EFEU);
 }
 
 void TestCIpInputEditing::theSameAgainIsNoEdit()
@@ -162,7 +162,7 @@ void TestCIpInputEditing::zerosAfterClearAreNoEdit()
     key(Qt::Key_Return);
     QCOMPARE(m_ip->ip(), QStringLiteral("0.7.0.0"));
     QCOMPARE(m_edited->count(), 1);
-    QCOMPARE(m_edited->first().first().toUInt(), 0x00070000u);
+    QCOMPARE(m_edited->first().first().toUInt(), 0x00070000U);
 }
 
 void TestCIpInputEditing::leadingZerosAreDropped()
@@ -276,7 +276,7 @@ void TestCIpInputEditing::fieldToFieldKeepsKeyboardAndEdit()
     key(Qt::Key_Return);
     QCOMPARE(editing.count(), 2);
     QCOMPARE(m_edited->count(), 1);
-    QCOMPARE(m_edited->first().first().toUInt(), 0x01020304u);
+    QCOMPARE(m_edited->first().first().toUInt(), 0x01020304U);
 }
 
 void TestCIpInputEditing::focusJumpsBetweenTwoInputs()
@@ -364,7 +364,7 @@ void TestCIpInputEditing::diesWhileFocused()
     HmiSimulator::clearJournal();
     delete m_ip;
     QCOMPARE(reports, 1);
-    QCOMPARE(HmiSimulator::calls().size(), 0u);
+    QCOMPARE(HmiSimulator::calls().size(), 0U);
     // The next field works as if nothing had been.
     Operator::tap(field(other, 0));
     Operator::type(m_scene->window(), QStringLiteral("5"));
@@ -378,7 +378,7 @@ void TestCIpInputEditing::screenDiesWhileFocused()
     enter(0, QStringLiteral("99"));
     HmiSimulator::clearJournal();
     m_scene->end();
-    QCOMPARE(HmiSimulator::calls().size(), 0u);
+    QCOMPARE(HmiSimulator::calls().size(), 0U);
 }
 
 void TestCIpInputEditing::diesWhileDisabledOrHidden()

@@ -335,7 +335,7 @@ void TestCMacInput::diesWhileFocused()
     HmiSimulator::clearJournal();
     delete m_mac;
     QVERIFY(m_reported.isEmpty());
-    QCOMPARE(HmiSimulator::calls().size(), 0u);
+    QCOMPARE(HmiSimulator::calls().size(), 0U);
 }
 
 void TestCMacInput::screenDeletedWhileEditing()

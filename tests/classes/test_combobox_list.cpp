@@ -322,7 +322,7 @@ void TestComboBoxList::disabledStaysClosed()
 
 void TestComboBoxList::disabledLooksIt()
 {
-    const QColor text = m_combo->contentItem()->property("color").value<QColor>();
+    const auto text = m_combo->contentItem()->property("color").value<QColor>();
     m_box->setEnabled(false);
     QVERIFY(m_combo->contentItem()->property("color").value<QColor>() != text);
     QVERIFY(m_combo->indicator()->opacity() < 1.0);

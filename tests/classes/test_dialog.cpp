@@ -84,6 +84,7 @@ TestDialog::Parts TestDialog::parts() const
         else if (!bar)
             bar = child;
     }
+    Q_ASSERT(bar && line);
     return {bar, bar->findChild<QQuickText *>(), line,
             qobject_cast<QQuickRectangle *>(m_dialog->background())};
 }

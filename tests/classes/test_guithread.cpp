@@ -112,6 +112,7 @@ void TestGuiThread::objectsComeAndGoUnderFire()
         auto object = std::make_unique<QObject>();
         const std::function<void()> callback = onGuiThread(object.get(), [&calls](QObject *) { ++calls; });
         std::vector<std::thread> threads;
+        threads.reserve(4);
         for (int i = 0; i < 4; ++i)
             threads.emplace_back([&callback] {
                 for (int shot = 0; shot < 25; ++shot)

@@ -12,6 +12,7 @@
 #include <QtQuick/QQuickWindow>
 
 #include <memory>
+#include <utility>
 
 using QSP::AppRootItem;
 using QSP::GlobalInfo;
@@ -22,7 +23,7 @@ namespace {
 class Missing : public QQmlAbstractUrlInterceptor
 {
 public:
-    explicit Missing(const QString &document) : m_document(document) {}
+    explicit Missing(QString document) : m_document(std::move(document)) {}
     QUrl intercept(const QUrl &url, DataType) override
     {
         return url.path() == m_document ? QUrl(QStringLiteral("qrc:/missing.qml")) : url;

@@ -123,13 +123,13 @@ void TestSimulatorJournal::namesAreReadable_data()
     QTest::addColumn<QString>("shown");
     QTest::newRow("plain") << QByteArray("Hall 4") << "Hall 4";
     QTest::newRow("utf-8") << QByteArray("装配 é 🏭") << "装配 é 🏭";
-    QTest::newRow("gb2312") << QByteArray("\xC5\xE4\xCF") << "\\xC5\\xE4\\xCF";
-    QTest::newRow("overlong") << QByteArray("\xC0\xAF\xE0\x80\xAF") << "\\xC0\\xAF\\xE0\\x80\\xAF";
-    QTest::newRow("surrogate") << QByteArray("\xED\xA0\x80") << "\\xED\\xA0\\x80";
-    QTest::newRow("beyond") << QByteArray("\xF4\x90\x80\x80") << "\\xF4\\x90\\x80\\x80";
+    QTest::newRow("gb2312") << QByteArray("\xC5\xE4\xCF") << R"(\xC5\xE4\xCF)";
+    QTest::newRow("overlong") << QByteArray("\xC0\xAF\xE0\x80\xAF") << R"(\xC0\xAF\xE0\x80\xAF)";
+    QTest::newRow("surrogate") << QByteArray("\xED\xA0\x80") << R"(\xED\xA0\x80)";
+    QTest::newRow("beyond") << QByteArray("\xF4\x90\x80\x80") << R"(\xF4\x90\x80\x80)";
     QTest::newRow("cut short") << QByteArray("a\xE8\xA3") << "a\\xE8\\xA3";
     QTest::newRow("control") << QByteArray("a\tb\x7F") << "a\\x09b\\x7F";
-    QTest::newRow("quotes") << QByteArray("\"a\\b\"") << "\\\"a\\\\b\\\"";
+    QTest::newRow("quotes") << QByteArray(R"("a\b")") << R"(\"a\\b\")";
     QTest::newRow("33 bytes") << QByteArray(33, 'X') << QString(33, 'X');
 }
 

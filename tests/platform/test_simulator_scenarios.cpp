@@ -246,42 +246,41 @@ void TestSimulatorScenarios::refused_data()
     row("unknown adapter", "{\"adapters\": {\n\"LAN2\": {}}}", "s:2: unknown key \"LAN2\"");
     row("unknown fault", "{\"faults\": {\n\n\"reboot\": {}}}", "s:3: unknown key \"reboot\"");
     row("escaped key", "{\n\"a\\u0062\": 1}", "s:2: unknown key \"ab\"");
-    row("key with quote", "{\n\"a\\\"\": 1,\n\"buzzer\": 0}", "s:2: unknown key \"a\"\"");
+    row("key with quote", "{\n\"a\\\"\": 1,\n\"buzzer\": 0}", R"(s:2: unknown key "a"")");
     row("twice", "{\"buzzer\": true,\n\"buzzer\": false}", "s:2: key \"buzzer\" stands twice");
     row("too bright", "{\n\"brightness\": 33}", "s:2: \"brightness\" must be a whole number from 1 to 32");
     row("too dark", "{\"brightness\": 0}", "s:1: \"brightness\" must be a whole number from 1 to 32");
     row("a fraction", "{\"brightness\": 1.5}", "s:1: \"brightness\" must be a whole number from 1 to 32");
-    row("text for number", "{\"brightness\": \"5\"}",
+    row("text for number", R"({"brightness": "5"})",
         "s:1: \"brightness\" must be a whole number from 1 to 32");
     row("huge number", "{\"clockOffset\": 1e300}",
         "s:1: \"clockOffset\" must be a whole number from -2147483647 to 2147483647");
     row("number for truth", "{\"buzzer\": 1}", "s:1: \"buzzer\" must be true or false");
-    row("language", "{\"language\": \"de\"}", "s:1: \"language\" must be one of \"zh\", \"en\"");
-    row("null", "{\"language\": null}", "s:1: \"language\" must be one of \"zh\", \"en\"");
+    row("language", R"({"language": "de"})", R"(s:1: "language" must be one of "zh", "en")");
+    row("null", "{\"language\": null}", R"(s:1: "language" must be one of "zh", "en")");
     row("address", "{\"adapters\": {\"LAN0\": {\"stored\": {\n\"ip\": \"1.2.3.256\"}}}}",
-        "s:2: \"ip\" must be an address like \"192.168.1.10\"");
-    row("short address", "{\"adapters\": {\"LAN0\": {\"dns\": {\"preferred\": \"1.2.3\"}}}}",
-        "s:1: \"preferred\" must be an address like \"192.168.1.10\"");
-    row("hardware address", "{\"adapters\": {\"LAN0\": {\"mac\": \"02:00:00:00:00:0G\"}}}",
-        "s:1: \"mac\" must be a hardware address like \"02:1B:44:11:3A:B7\"");
-    row("adapter is no object", "{\"adapters\": {\"LAN0\": true}}", "s:1: \"LAN0\" must be an object");
+        R"(s:2: "ip" must be an address like "192.168.1.10")");
+    row("short address", R"({"adapters": {"LAN0": {"dns": {"preferred": "1.2.3"}}}})",
+        R"(s:1: "preferred" must be an address like "192.168.1.10")");
+    row("hardware address", R"({"adapters": {"LAN0": {"mac": "02:00:00:00:00:0G"}}})",
+        R"(s:1: "mac" must be a hardware address like "02:1B:44:11:3A:B7")");
+    row("adapter is no object", R"({"adapters": {"LAN0": true}})", "s:1: \"LAN0\" must be an object");
     row("wifi is no object", "{\"wifi\": []}", "s:1: \"wifi\" must be an object");
     row("network is no object", "{\"wifi\": {\"networks\": [\n1]}}", "s:2: \"0\" must be an object");
-    row("networks is no list", "{\"wifi\": {\"networks\": {}}}",
+    row("networks is no list", R"({"wifi": {"networks": {}}})",
         "s:1: \"networks\" must be a list of 0 to 10000");
-    row("long name", "{\"wifi\": {\"networks\": [{\"name\": \"0123456789012345678901234567890123\"}]}}",
+    row("long name", R"({"wifi": {"networks": [{"name": "0123456789012345678901234567890123"}]}})",
         "s:1: \"name\" has 34 bytes, may have 33");
     row("odd hex", "{\"serialNumber\": {\n\"hex\": \"abc\"}}",
         "s:2: \"hex\" must be pairs of hexadecimal digits");
     row("neither form", "{\"serialNumber\": {}}",
-        "s:1: \"serialNumber\" needs \"hex\" or \"text\", each a text");
+        R"(s:1: "serialNumber" needs "hex" or "text", each a text)");
     row("no text", "{\"serialNumber\": 5}",
-        "s:1: \"serialNumber\" must be a text, or an object with \"hex\" or \"text\"");
-    row("delay", "{\"delays\": {\"dhcp\": -1}}", "s:1: \"dhcp\" must be a whole number from 0 to 600000");
-    row("delivery", "{\"faults\": {\"setDHCP\": {\"delivery\": \"sometimes\"}}}",
-        "s:1: \"delivery\" must be one of \"normal\", \"late\", \"never\", \"twice\", \"synchronous\", "
-        "\"held\"");
-    row("reports", "{\"faults\": {\"connectWifi\": {\"reports\": [1, \"2\"]}}}",
+        R"(s:1: "serialNumber" must be a text, or an object with "hex" or "text")");
+    row("delay", R"({"delays": {"dhcp": -1}})", "s:1: \"dhcp\" must be a whole number from 0 to 600000");
+    row("delivery", R"({"faults": {"setDHCP": {"delivery": "sometimes"}}})",
+        R"(s:1: "delivery" must be one of "normal", "late", "never", "twice", "synchronous", "held")");
+    row("reports", R"({"faults": {"connectWifi": {"reports": [1, "2"]}}})",
         "s:1: \"reports\" must be a list of numbers from 0 to 255");
     row("first of several", "{\n\"zzz\": 1,\n\"brightness\": 99,\n\"aaa\": 2}", "s:2: unknown key \"zzz\"");
     row("comment", "{\"comment\": 1}", "s:1: \"comment\" must be a text");
@@ -325,7 +324,7 @@ void TestSimulatorScenarios::filesThatCannotBeRead()
     const QString large = directory.filePath("large.json");
     QFile file(large);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize(5 * 1024 * 1024));
+    QVERIFY(file.resize(qint64(5) * 1024 * 1024));
     file.close();
     QCOMPARE(reasonFor(large), large + ":1: is larger than 4 MiB");
 }

@@ -189,7 +189,7 @@ void TestDefaultAdapter::pingResults()
     QVERIFY(HmiSimulator::fireNext("pingTest"));
     QTRY_VERIFY(page.isShown(english));
     QVERIFY(page.isShown("Test Result"));
-    const QColor color = Operator::byText(page.glass(), english)->property("color").value<QColor>();
+    const auto color = Operator::byText(page.glass(), english)->property("color").value<QColor>();
     QCOMPARE(color, QColor(0x32, 0x69, 0xCE));
     page.switchLanguage(HMI::SystemSet::CHINESE);
     QVERIFY(page.isShown(chinese));

@@ -229,9 +229,9 @@ void TestMonkey::leavesEverythingAsItWas_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<quint32>("seed");
-    QTest::newRow("wide") << QSize(1024, 600) << 20u;
-    QTest::newRow("small") << QSize(800, 480) << 3u;
-    QTest::newRow("narrow") << QSize(480, 800) << 7u;
+    QTest::newRow("wide") << QSize(1024, 600) << 20U;
+    QTest::newRow("small") << QSize(800, 480) << 3U;
+    QTest::newRow("narrow") << QSize(480, 800) << 7U;
 }
 
 void TestMonkey::leavesEverythingAsItWas()

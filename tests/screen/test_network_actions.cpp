@@ -292,7 +292,8 @@ void TestNetworkActions::wifiOnAndOff()
     page.select("Wi-Fi");
     QVERIFY(page.isWatching(2000));
     QQuickItem *tile = page.row("Online");
-    QVERIFY(tile && tile->isEnabled());
+    QVERIFY(tile);
+    QVERIFY(tile->isEnabled());
     QSignalSpy enabled(page.network(), SIGNAL(wifiEnableChanged(bool)));
     HmiSimulator::clearJournal();
     page.tapToggle("Disable Network");

@@ -232,7 +232,8 @@ void TestNetworkSelection::sizes()
     QCOMPARE(page.addressOf("IP Address")->width(), 7.1 * 0.581 * rowHeight);
     QCOMPARE(page.adapterButton("LAN1")->height(), 0.5 * rowHeight);
     const QQuickItem *field = page.addressOf("IP Address");
-    QCOMPARE(page.network()->width() - field->x() - field->width(), qreal(rowHeight / 2));
+    const int rightMargin = rowHeight / 2;
+    QCOMPARE(page.network()->width() - field->x() - field->width(), qreal(rightMargin));
     page.select("4G");
     QCOMPARE(page.row("Signal")->height(), rowHeight * 32.0 / 31.0);
     page.select("Wi-Fi");
