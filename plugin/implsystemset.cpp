@@ -1,12 +1,25 @@
 #include "plugin/implsystemset.h"
 
 #include "shell/approotitem.h"
+#include "shell/embeddedcomponent.h"
 #include "shell/globalinfo.h"
 
-#include <QtCore/QPointer>
-#include <QtQml/QQmlComponent>
-#include <QtQml/QQmlContext>
+#include <QtGui/QFontMetrics>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImageReader>
 #include <QtQml/QQmlEngine>
+
+namespace {
+
+// Has loaded what the first page needs of fonts and image formats, while the engine reads the documents in its
+// own thread: the font that every text begins with, and the plug-ins that the first image looks through.
+void warmUp()
+{
+    static_cast<void>(QFontMetrics(QGuiApplication::font()).height());
+    static_cast<void>(QImageReader::supportedImageFormats());
+}
+
+} // namespace
 
 QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int rootPopupZ)
 {
@@ -18,29 +31,20 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
 
     QSP::GlobalInfo &info = QSP::GlobalInfo::instance();
 
-    // Owned by its engine, which may end before the process does.
-    static QPointer<QQmlComponent> s_component;
-    if (!s_component || s_component->engine() != engine) {
-        static const int rootType = qmlRegisterType<QSP::AppRootItem>("QQuickSystemSet", 1, 0, "AppRootItem");
-        Q_UNUSED(rootType)
-        s_component = new QQmlComponent(engine, QUrl(QStringLiteral("qrc:/setting/main.qml")), engine);
-        if (!s_component->isReady())
-            qWarning("%s", qUtf8Printable(s_component->errorString()));
-    }
-    if (!s_component->isReady())
+    static const int rootType = qmlRegisterType<QSP::AppRootItem>("QQuickSystemSet", 1, 0, "AppRootItem");
+    Q_UNUSED(rootType)
+    static QSP::EmbeddedComponent s_component;
+    const QUrl document(QStringLiteral("qrc:/setting/main.qml"));
+    if (s_component.prefetch(document, engine))
+        warmUp();
+    // Its size before it is completed: the bindings of the document are to see the host's first.
+    auto *root =
+        s_component.create<QSP::AppRootItem>(document, nullptr, engine, [width, height](QQuickItem *item) {
+            item->setWidth(width);
+            item->setHeight(height);
+        });
+    if (!root)
         return nullptr;
-
-    QObject *object = s_component->beginCreate(engine->rootContext());
-    auto *root = qobject_cast<QSP::AppRootItem *>(object);
-    if (!root) {
-        s_component->completeCreate();
-        delete object;
-        return nullptr;
-    }
-    // Before completion, so that the bindings of the document first see the host's size.
-    root->setWidth(width);
-    root->setHeight(height);
-    s_component->completeCreate();
 
     info.setScreenHeight(height);
     info.setRootPopupZ(rootPopupZ);

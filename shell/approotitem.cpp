@@ -47,6 +47,18 @@ template <class Visitor> void visitCard(AppRootItem::Cards card, Visitor visit)
     }
 }
 
+template <AppRootItem::Cards card> void registerCardTypes()
+{
+    static const bool registered = (CardInfo<card>::registerTypes(), true);
+    Q_UNUSED(registered)
+}
+
+template <AppRootItem::Cards card> void prefetchCard()
+{
+    registerCardTypes<card>();
+    CardInfo<card>::pComp.prefetch(CardInfo<card>::document());
+}
+
 } // namespace
 
 AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
@@ -115,6 +127,12 @@ void AppRootItem::init(QQmlEngine *engine)
     else
         connect(this, &QQuickItem::windowChanged, this, &AppRootItem::onWindowAvailable);
 
+    if (!shouldMenuFill()) {
+        // Read while the menu is built.
+        prefetchCard<Cards::Brightness>();
+        prefetchCard<Cards::Time>();
+        prefetchCard<Cards::Buzzer>();
+    }
     adjustTitle();
     adjustMenu();
     if (!shouldMenuFill()) {
@@ -227,8 +245,7 @@ void AppRootItem::showCard(Cards card, bool show)
 template <AppRootItem::Cards card> void AppRootItem::addCard()
 {
     using Info = CardInfo<card>;
-    static const bool registered = (Info::registerTypes(), true);
-    Q_UNUSED(registered)
+    registerCardTypes<card>();
     QQuickItem *item = addCard(Info::pComp.get(Info::document()));
     m_cards[index(card)] = item;
     if (item)
