@@ -70,7 +70,7 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(options->applicationName);
     const QString family = QStringLiteral("WenQuanYi Micro Hei");
     QGuiApplication::setFont(QFont(family));
-    // The titles of the settings screen ask for this family.
+    // The titles of the settings screen ask for a family named "1".
     QFont::insertSubstitution(QStringLiteral("1"), family);
 
     if (!options->scenario.isEmpty() && !PanelService::loadScenario(options->scenario, &error))

@@ -11,8 +11,9 @@
 
 namespace {
 
-// Has loaded what the first page needs of fonts and image formats, while the engine reads the documents in its
-// own thread: the font that every text begins with, and the plug-ins that the first image looks through.
+// Loads what the first page needs of fonts and image formats while the engine reads the document
+// in its own thread: the font that every text begins with, and the plug-ins that the first image
+// looks through.
 void warmUp()
 {
     static_cast<void>(QFontMetrics(QGuiApplication::font()).height());
@@ -37,7 +38,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
     const QUrl document(QStringLiteral("qrc:/setting/main.qml"));
     if (s_component.prefetch(document, engine))
         warmUp();
-    // Its size before it is completed: the bindings of the document are to see the host's first.
+    // Its size before it is completed, so that the bindings of the document first see the host's.
     auto *root =
         s_component.create<QSP::AppRootItem>(document, nullptr, engine, [width, height](QQuickItem *item) {
             item->setWidth(width);

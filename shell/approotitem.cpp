@@ -127,12 +127,6 @@ void AppRootItem::init(QQmlEngine *engine)
     else
         connect(this, &QQuickItem::windowChanged, this, &AppRootItem::onWindowAvailable);
 
-    if (!shouldMenuFill()) {
-        // Read while the menu is built.
-        prefetchCard<Cards::Brightness>();
-        prefetchCard<Cards::Time>();
-        prefetchCard<Cards::Buzzer>();
-    }
     adjustTitle();
     adjustMenu();
     if (!shouldMenuFill()) {
@@ -240,6 +234,13 @@ void AppRootItem::showCard(Cards card, bool show)
     }
     if (QQuickItem *item = getCardItem(card))
         item->setVisible(show);
+}
+
+void AppRootItem::prefetchFirstPage()
+{
+    prefetchCard<Cards::Brightness>();
+    prefetchCard<Cards::Time>();
+    prefetchCard<Cards::Buzzer>();
 }
 
 template <AppRootItem::Cards card> void AppRootItem::addCard()

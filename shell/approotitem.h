@@ -94,6 +94,7 @@ private:
     void updateTitleText();
     void updateTitlePosition();
     void prepareMenuButton(MenuIndex entry, QQuickItem *container);
+    void prefetchFirstPage();
 
     QQuickItem *m_titleBar = nullptr;
     QQuickText *m_titleText = nullptr;

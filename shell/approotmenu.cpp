@@ -161,6 +161,9 @@ void AppRootItem::adjustMenu()
     followWidth(this, this, [this, factor] { m_menuBar->setWidth(factor * width()); });
 
     addMenuButton<MenuIndex::General>();
+    // The buttons have their document now; those of the cards are read while the rest of the menu is built.
+    if (!shouldMenuFill())
+        prefetchFirstPage();
     addMenuButton<MenuIndex::Network>();
     addMenuButton<MenuIndex::Language>();
     addMenuButton<MenuIndex::Version>();

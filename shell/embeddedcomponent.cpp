@@ -4,39 +4,56 @@
 
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
+#include <QtQml/QQmlFileSelector>
 
 namespace QSP {
 
+namespace {
+
+// File selectors choose among embedded documents; any other interceptor may lead to a network.
+bool keepsDocumentsLocal(QQmlEngine *engine)
+{
+    return !engine->urlInterceptor() || QQmlFileSelector::get(engine);
+}
+
+} // namespace
+
 bool EmbeddedComponent::prefetch(const QUrl &url, QQmlEngine *engine)
 {
-    load(url, engine, QQmlComponent::Asynchronous);
+    if (!engine)
+        engine = GlobalInfo::instance().qmlEngine();
+    if (!engine || !keepsDocumentsLocal(engine))
+        return false;
+    if (load(url, engine, QQmlComponent::Asynchronous))
+        m_isPrefetched = true;
     return m_component && m_component->isLoading();
 }
 
 QQmlComponent *EmbeddedComponent::get(const QUrl &url, QQmlEngine *engine)
 {
-    load(url, engine, QQmlComponent::PreferSynchronous);
+    load(url, engine ? engine : GlobalInfo::instance().qmlEngine(), QQmlComponent::PreferSynchronous);
     if (!m_component)
         return nullptr;
-    // What was begun in the background is waited for here.
-    if (m_component->isLoading())
+    if (m_isPrefetched && m_component->isLoading())
         m_component->loadUrl(url);
+    m_isPrefetched = false;
     if (m_component->isReady())
         return m_component;
     if (!m_isReported)
-        qWarning("%s", qUtf8Printable(m_component->errorString()));
+        qWarning("%s", qUtf8Printable(m_component->isLoading() ? url.toString() + ": cannot be read at once"
+                                                               : m_component->errorString()));
     m_isReported = true;
     return nullptr;
 }
 
-void EmbeddedComponent::load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode)
+bool EmbeddedComponent::load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode)
 {
-    if (!engine)
-        engine = GlobalInfo::instance().qmlEngine();
     if (m_component && m_component->engine() == engine)
-        return;
+        return false;
     m_component = engine && !url.isEmpty() ? new QQmlComponent(engine, url, mode, engine) : nullptr;
+    m_isPrefetched = false;
     m_isReported = false;
+    return !m_component.isNull();
 }
 
 QQuickItem *EmbeddedComponent::createItem(QQmlComponent *component, QQuickItem *parent,

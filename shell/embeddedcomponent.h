@@ -21,11 +21,15 @@ public:
     /// Gives a new item what its bindings are to see first.
     using Prepare = std::function<void(QQuickItem *item)>;
 
-    /// Begins to read @p url in the engine's own thread, so that get() has less to wait for. The types that the
-    /// document needs must be registered. @return whether there is something to wait for.
+    /// Begins to read @p url in the engine's own thread, so that get() has less to wait for.
+    /// The types that the document needs must be registered. Reading any other document in
+    /// the meantime waits for this one. Does nothing in an engine that may put documents
+    /// elsewhere (see QQmlEngine::setUrlInterceptor()), where waiting could take for ever.
+    /// @return whether there is something to wait for.
     bool prefetch(const QUrl &url, QQmlEngine *engine = nullptr);
 
-    /// The component of @p url in @p engine (null engine: the screen's engine), or null when it is not ready.
+    /// The component of @p url in @p engine (null engine: the screen's engine), or null when it
+    /// does not load. Waits for what prefetch() began.
     QQmlComponent *get(const QUrl &url, QQmlEngine *engine = nullptr);
 
     /// Creates an object in the engine's root context, gives it both parents
@@ -45,9 +49,11 @@ public:
     static QQuickItem *createItem(QQmlComponent *component, QQuickItem *parent, const Prepare &prepare = {});
 
 private:
-    void load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode);
+    /// Makes the component unless it is there. @return whether it made one.
+    bool load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode);
 
     QPointer<QQmlComponent> m_component;
+    bool m_isPrefetched = false;
     bool m_isReported = false;
 };
 

@@ -28,7 +28,7 @@ AppRootItem {
         id: _title
 
         width: parent.width
-        // The root sets it; starting at a likely height spares loading a font for none.
+        // The root sets it; starting at a likely height spares loading a font for nothing.
         height: 72
 
         Rectangle {

@@ -4,16 +4,6 @@
 
 using QSP::CardWifi;
 
-namespace {
-
-// One report of an attempt, by script; the values need not be any that a panel should send.
-void scriptReports(const std::vector<int> &reports)
-{
-    HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
-}
-
-} // namespace
-
 /// Reports that come late, twice, in another order or not at all.
 class TestCardWifiAttempts : public PanelTest
 {
@@ -42,7 +32,7 @@ void TestCardWifiAttempts::reportsOutOfOrder()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({3, 1, 4, 1, 2, 1});
+    WifiScene::scriptReports({3, 1, 4, 1, 2, 1});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
     QVERIFY(scene.dialogTexts().contains(QStringLiteral("Time out")));
@@ -63,7 +53,7 @@ void TestCardWifiAttempts::reportsAfterTheDialogWasClosed()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({1, 4});
+    WifiScene::scriptReports({1, 4});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
     scene.closeDialog();
@@ -143,7 +133,7 @@ void TestCardWifiAttempts::synchronousReports()
     scene.scan();
     HmiSimulator::setManual(false);
     HmiSimulator::setDelivery(HmiSimulator::Operation::Connect, HmiSimulator::Delivery::Synchronous);
-    scriptReports({1, 4});
+    WifiScene::scriptReports({1, 4});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     Operator::settle();
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
@@ -154,7 +144,7 @@ void TestCardWifiAttempts::tapWhileConnecting()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({1, 4});
+    WifiScene::scriptReports({1, 4});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     scene.closeDialog();
     Operator::tap(scene.row(QStringLiteral("Maintenance")));

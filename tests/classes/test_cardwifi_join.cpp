@@ -6,12 +6,6 @@ using QSP::CardWifi;
 
 namespace {
 
-// One report of an attempt, by script; the values need not be any that a panel should send.
-void scriptReports(const std::vector<int> &reports)
-{
-    HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
-}
-
 bool isRed(const QQuickItem *text)
 {
     return text->property("color").value<QColor>() == QColor(Qt::red);
@@ -152,7 +146,7 @@ void TestCardWifiJoin::failures()
     QFETCH(QString, text);
     const WifiScene scene;
     scene.scan();
-    scriptReports({1, report});
+    WifiScene::scriptReports({1, report});
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     scene.typePassword(QStringLiteral("abc"));
     scene.tapInDialog(QStringLiteral("Connect"));
@@ -175,7 +169,7 @@ void TestCardWifiJoin::unknownReportsAreIgnored()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({1, 7, 5, -1, 255});
+    WifiScene::scriptReports({1, 7, 5, -1, 255});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     for (int i = 0; i < 5; ++i) {
         QVERIFY(WifiScene::report("connectWifi"));
@@ -188,7 +182,7 @@ void TestCardWifiJoin::offlineScansAgain()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({0});
+    WifiScene::scriptReports({0});
     HmiSimulator::clearJournal();
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
@@ -302,7 +296,7 @@ void TestCardWifiJoin::refusedPasswordIsForgottenOverAScan()
     HmiSimulator::setNetworks({{"stubborn", "right", 80, 0, "wrong"}});
     const WifiScene scene;
     scene.scan();
-    scriptReports({4});
+    WifiScene::scriptReports({4});
     Operator::tap(scene.row(QStringLiteral("stubborn")));
     QVERIFY(WifiScene::report("connectWifi"));
     scene.closeDialog();
@@ -311,7 +305,7 @@ void TestCardWifiJoin::refusedPasswordIsForgottenOverAScan()
     Operator::tap(scene.row(QStringLiteral("stubborn")));
     QCOMPARE(Journal::calls("connectWifi"), QStringList());
     // Joined with the right one, it is known again.
-    scriptReports({});
+    WifiScene::scriptReports({});
     scene.typePassword(QStringLiteral("right"));
     scene.tapInDialog(QStringLiteral("Connect"));
     QVERIFY(WifiScene::report("connectWifi"));
@@ -380,7 +374,7 @@ void TestCardWifiJoin::networkCardIsTold()
     QCOMPARE(status[0][1].toString(), QStringLiteral("Works Hall Guests"));
 
     for (const int report : {0, 3, 4}) {
-        scriptReports({report});
+        WifiScene::scriptReports({report});
         status.clear();
         WifiScene::wifi()->connectWifi(WifiScene::wifi()->networks()[1].ssid, QString());
         QVERIFY(WifiScene::report("connectWifi"));

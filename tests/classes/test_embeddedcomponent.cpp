@@ -2,9 +2,12 @@
 
 #include "tests/support/paneltest.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QGuiApplication>
+#include <QtQml/QQmlAbstractUrlInterceptor>
 #include <QtQml/QQmlEngine>
+#include <QtQml/QQmlFileSelector>
 #include <QtQuick/private/qquickrectangle_p.h>
 
 #include <memory>
@@ -27,6 +30,8 @@ private slots:
     void itemIsPreparedBeforeItIsComplete();
     void anotherRootLeavesNothing();
     void engineMayDieWhileItReads();
+    void interceptedIsReadAtOnce();
+    void fileSelectorsMayChoose();
 
 private:
     QUrl document(const char *name, const char *text) const;
@@ -160,6 +165,42 @@ void TestEmbeddedComponent::engineMayDieWhileItReads()
     const QUrl url = document("Plain.qml", "import QtQuick 2.15\nItem {}");
     component.prefetch(url, m_engine.get());
     m_engine = std::make_unique<QQmlEngine>();
+    QVERIFY(component.get(url, m_engine.get()));
+}
+
+// An interceptor may lead a document to a network, whose answer nobody may wait for.
+void TestEmbeddedComponent::interceptedIsReadAtOnce()
+{
+    struct Silent : QQmlAbstractUrlInterceptor {
+        QUrl intercept(const QUrl &url, DataType) override
+        {
+            return url.fileName() == QLatin1String("Far.qml") ? QUrl(QStringLiteral("http://127.0.0.1:1/"))
+                                                              : url;
+        }
+    } silent;
+    m_engine->setUrlInterceptor(&silent);
+    const QUrl near = document("Plain.qml", "import QtQuick 2.15\nItem {}");
+    EmbeddedComponent component;
+    QVERIFY(!component.prefetch(near, m_engine.get()));
+    QVERIFY(component.get(near, m_engine.get()));
+
+    EmbeddedComponent other;
+    const QUrl far = document("Far.qml", "import QtQuick 2.15\nItem {}");
+    QVERIFY(!other.prefetch(far, m_engine.get()));
+    expectMessage(QStringLiteral("Far\\.qml: cannot be read at once$"));
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!other.get(far, m_engine.get()));
+    QVERIFY(timer.elapsed() < 1000);
+    m_engine.reset();
+}
+
+void TestEmbeddedComponent::fileSelectorsMayChoose()
+{
+    const QQmlFileSelector selector(m_engine.get());
+    EmbeddedComponent component;
+    const QUrl url = document("Plain.qml", "import QtQuick 2.15\nItem {}");
+    QVERIFY(component.prefetch(url, m_engine.get()));
     QVERIFY(component.get(url, m_engine.get()));
 }
 

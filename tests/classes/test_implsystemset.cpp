@@ -54,6 +54,7 @@ private slots:
     void secondScreenReplacesTheFirst();
     void withoutItsDocumentThereIsNoScreen();
     void withoutItsDocumentACardStaysAway();
+    void withoutItsDocumentACardOfTheFirstPageStaysAway();
     void withoutTheirDocumentThereAreNoEntries();
     void engineMayDieFirst();
     void titleHeightIsWhole();
@@ -170,6 +171,23 @@ void TestImplSystemSet::withoutItsDocumentACardStaysAway()
         screen->setCurrentPage(AppRootItem::MenuIndex::General);
     }
     m_screen.close();
+}
+
+void TestImplSystemSet::withoutItsDocumentACardOfTheFirstPageStaysAway()
+{
+    Missing missing(QStringLiteral("/setting/card/Brightness.qml"));
+    m_engine->setUrlInterceptor(&missing);
+    expectMessage(QStringLiteral("missing.qml"));
+    for (int screens = 0; screens < 2; ++screens) {
+        const std::unique_ptr<QQuickItem> root(build());
+        m_screen.open();
+        m_screen.close();
+        m_screen.open();
+        const AppRootItem *screen = AppRootItem::instance();
+        QVERIFY(!screen->getCardItem(AppRootItem::Cards::Brightness));
+        QVERIFY(screen->getCardItem(AppRootItem::Cards::Time));
+        QVERIFY(screen->getCardItem(AppRootItem::Cards::Buzzer));
+    }
 }
 
 void TestImplSystemSet::withoutTheirDocumentThereAreNoEntries()

@@ -5,7 +5,6 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QValidator>
 
-using QSP::TimeEditPopup;
 using QSP::VkbManager;
 
 /// The editor and the keyboard, and how it ends.

@@ -62,6 +62,11 @@ public:
         return Operator::ancestorOf(Operator::byText(part("list"), name), "QSP::WifiRow");
     }
 
+    /// The reports of each attempt to join, by script; the values need not be any that a panel should send.
+    static void scriptReports(const std::vector<int> &reports)
+    {
+        HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
+    }
     /// Lets the oldest waiting report of that kind come, on the panel's own thread.
     static bool report(const char *operation)
     {

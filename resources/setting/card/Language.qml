@@ -77,7 +77,7 @@ CardLanguage {
                         height: width
                         visible: _row.marked
                         source: "qrc:/setting/icons/newtickgreen.png"
-                        sourceSize: Qt.size(40, 40)
+                        sourceSize: "40x40"
                         fillMode: Image.PreserveAspectFit
                         smooth: true
                     }

@@ -29,7 +29,7 @@ CardNetwork {
                 width: height
                 height: 0.4 * _card.rowHeight
                 source: "qrc:/setting/icons/newnetwork1.png"
-                sourceSize: Qt.size(40, 40)
+                sourceSize: "40x40"
             }
 
             Text {

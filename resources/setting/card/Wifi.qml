@@ -95,7 +95,7 @@ CardWifi {
                     height: _card.iconSize
                     visible: false
                     source: "qrc:/setting/icons/loading@2x.png"
-                    sourceSize: Qt.size(40, 40)
+                    sourceSize: "40x40"
                     fillMode: Image.PreserveAspectFit
 
                     NumberAnimation on rotation {
@@ -116,7 +116,7 @@ CardWifi {
                 width: _card.iconSize
                 height: _card.iconSize
                 source: "qrc:/setting/icons/newrefresh.png"
-                sourceSize: Qt.size(40, 40)
+                sourceSize: "40x40"
                 fillMode: Image.PreserveAspectFit
             }
 
