@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/handover.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 
@@ -25,9 +27,13 @@ template <class Object, class Work> auto onGuiThread(Object *object, Work work)
         // Shared, because a report may carry what cannot be copied, such as a unique_ptr.
         auto kept = std::make_shared<std::tuple<std::decay_t<decltype(arguments)>...>>(
             std::forward<decltype(arguments)>(arguments)...);
+        const HandOver queued;
         QMetaObject::invokeMethod(
             application,
             [guard, work, kept] {
+                {
+                    const HandOver taken;
+                }
                 if (!guard)
                     return;
                 std::apply([&](auto &...values) { work(guard.data(), std::move(values)...); }, *kept);

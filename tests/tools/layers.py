@@ -18,7 +18,7 @@ import sys
 import tempfile
 
 GROUND_FLOOR = {
-    "documentalias", "embeddedcomponent", "globalinfo", "guithread", "multilingualtext", "screenroot", "vkbmanager"
+    "documentalias", "embeddedcomponent", "globalinfo", "guithread", "handover", "multilingualtext", "screenroot", "vkbmanager"
 }
 UPPER_FLOOR = {"approotitem", "approotmenu", "cardinfo"}
 FLOORS = ["contracts", "ground", "controls", "upper", "cards", "plugin"]
