@@ -10,7 +10,8 @@ namespace QSP {
 
 namespace {
 
-// File selectors choose among embedded documents; any other interceptor may lead to a network.
+// Whether reading a document ends soon: file selectors choose among embedded documents, any other
+// interceptor may lead to a network.
 bool keepsDocumentsLocal(QQmlEngine *engine)
 {
     return !engine->urlInterceptor() || QQmlFileSelector::get(engine);
@@ -24,8 +25,7 @@ bool EmbeddedComponent::prefetch(const QUrl &url, QQmlEngine *engine)
         engine = GlobalInfo::instance().qmlEngine();
     if (!engine || !keepsDocumentsLocal(engine))
         return false;
-    if (load(url, engine, QQmlComponent::Asynchronous))
-        m_isPrefetched = true;
+    load(url, engine, QQmlComponent::Asynchronous);
     return m_component && m_component->isLoading();
 }
 
@@ -34,9 +34,8 @@ QQmlComponent *EmbeddedComponent::get(const QUrl &url, QQmlEngine *engine)
     load(url, engine ? engine : GlobalInfo::instance().qmlEngine(), QQmlComponent::PreferSynchronous);
     if (!m_component)
         return nullptr;
-    if (m_isPrefetched && m_component->isLoading())
+    if (m_component->isLoading() && keepsDocumentsLocal(m_component->engine()))
         m_component->loadUrl(url);
-    m_isPrefetched = false;
     if (m_component->isReady())
         return m_component;
     if (!m_isReported)
@@ -46,14 +45,12 @@ QQmlComponent *EmbeddedComponent::get(const QUrl &url, QQmlEngine *engine)
     return nullptr;
 }
 
-bool EmbeddedComponent::load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode)
+void EmbeddedComponent::load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode)
 {
     if (m_component && m_component->engine() == engine)
-        return false;
+        return;
     m_component = engine && !url.isEmpty() ? new QQmlComponent(engine, url, mode, engine) : nullptr;
-    m_isPrefetched = false;
     m_isReported = false;
-    return !m_component.isNull();
 }
 
 QQuickItem *EmbeddedComponent::createItem(QQmlComponent *component, QQuickItem *parent,

@@ -49,11 +49,9 @@ public:
     static QQuickItem *createItem(QQmlComponent *component, QQuickItem *parent, const Prepare &prepare = {});
 
 private:
-    /// Makes the component unless it is there. @return whether it made one.
-    bool load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode);
+    void load(const QUrl &url, QQmlEngine *engine, QQmlComponent::CompilationMode mode);
 
     QPointer<QQmlComponent> m_component;
-    bool m_isPrefetched = false;
     bool m_isReported = false;
 };
 

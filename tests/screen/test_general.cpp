@@ -1,17 +1,10 @@
-#include "tests/screen/screenfixture.h"
-#include "tests/support/journal.h"
+#include "tests/screen/generalpagetest.h"
 
 #include <QtGui/QGuiApplication>
 
 #include <cmath>
 
 namespace {
-
-const QVector<QSize> &sizes()
-{
-    static const QVector<QSize> all{{480, 800}, {600, 1024}, {800, 480}, {1024, 600}, {1280, 800}};
-    return all;
-}
 
 QStringList brightCalls()
 {
@@ -20,14 +13,12 @@ QStringList brightCalls()
 
 } // namespace
 
-/// The General page as an operator works it: brightness, date and time, buzzer.
-class TestGeneral : public PanelTest
+/// The General page as an operator works it: texts, brightness, buzzer.
+class TestGeneral : public GeneralPageTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
     void texts_data();
     void texts();
     void sliderDrawing_data();
@@ -43,18 +34,9 @@ private slots:
     void brightnessBeyondItsRange();
     void buzzerSwitch();
     void buzzerChangedElsewhere();
-    void setTheClock_data();
-    void setTheClock();
-    void clockRefused();
-    void editorLeftAlone();
-    void editorTextsFollowTheLanguage();
-    void hostClosesWhileEditing();
-    void hostDeletesWhileEditing();
     void hostDeletesUnderTheFinger();
 
 private:
-    void build(const QSize &size);
-    QQuickItem *card(const char *name) const { return m_fixture->card(name); }
     QQuickItem *brightness() const { return card("QSP::CardBrightness"); }
     QQuickItem *slider() const
     {
@@ -66,44 +48,7 @@ private:
     QQuickItem *plus() const { return Operator::allByClass(brightness(), "QSP::BrightButton").value(1); }
     QQuickItem *turn() const { return Operator::byClass(card("QSP::CardBuzzer"), "QSP::BeepSwitch"); }
     QPoint sliderPoint(int level) const;
-    void openEditor() const;
-    QQuickItem *field(const QString &name) const { return named(name); }
-    QQuickItem *keyboardKey(const QString &name) const { return named("vkbKey_" + name); }
-    QQuickItem *named(const QString &name) const;
-    bool isKeyboardShown() const { return named(QStringLiteral("vkbKeyboard")) != nullptr; }
-
-    std::unique_ptr<ScreenFixture> m_fixture;
 };
-
-void TestGeneral::init()
-{
-    beginWatch();
-    HmiSimulator::reset();
-}
-
-void TestGeneral::cleanup()
-{
-    m_fixture.reset();
-    endWatch();
-}
-
-void TestGeneral::build(const QSize &size)
-{
-    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size);
-    QVERIFY(m_fixture->isBuilt());
-    HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
-    m_fixture->open();
-    if (size.width() < 800)
-        m_fixture->tapMenu(QStringLiteral("General"));
-    QVERIFY(brightness());
-    HmiSimulator::clearJournal();
-}
-
-QQuickItem *TestGeneral::named(const QString &name) const
-{
-    const auto wanted = [&name](QQuickItem *item) { return item->isVisible() && item->objectName() == name; };
-    return Operator::items(m_fixture->glass(), wanted).value(0);
-}
 
 // Where the middle of the handle is at that level.
 QPoint TestGeneral::sliderPoint(int level) const
@@ -113,17 +58,9 @@ QPoint TestGeneral::sliderPoint(int level) const
     return slider()->mapToScene({x, slider()->height() / 2.0}).toPoint();
 }
 
-void TestGeneral::openEditor() const
-{
-    Operator::tap(Operator::byClass(card("QSP::CardTime"), "QSP::BeepButton"));
-    QVERIFY(field(QStringLiteral("Year")));
-}
-
 void TestGeneral::texts_data()
 {
-    QTest::addColumn<QSize>("size");
-    for (const QSize &size : sizes())
-        QTest::addRow("%dx%d", size.width(), size.height()) << size;
+    addSizes();
 }
 
 void TestGeneral::texts()
@@ -373,119 +310,6 @@ void TestGeneral::buzzerChangedElsewhere()
     m_fixture->open();
     QVERIFY(!turn()->property("on").toBool());
     QCOMPARE(Journal::calls(), QStringList());
-}
-
-void TestGeneral::setTheClock_data()
-{
-    texts_data();
-}
-
-void TestGeneral::setTheClock()
-{
-    QFETCH(QSize, size);
-    build(size);
-    openEditor();
-    const QVector<QPair<QString, QString>> entries{{"Year", "2031"}, {"Month", "2"},   {"Day", "28"},
-                                                   {"Hour", "23"},   {"Minute", "59"}, {"Second", "58"}};
-    for (const auto &entry : entries) {
-        Operator::tap(field(entry.first));
-        QVERIFY2(isKeyboardShown(), qPrintable(entry.first));
-        Operator::tap(keyboardKey(QStringLiteral("clear")));
-        for (const QChar digit : entry.second)
-            Operator::tap(keyboardKey(digit));
-        QCOMPARE(field(entry.first)->property("text").toString(), entry.second);
-        // Never covered while it is typed into.
-        const QQuickItem *keyboard = named(QStringLiteral("vkbKeyboard"));
-        const QQuickItem *box = field(entry.first);
-        QVERIFY(box->mapToScene({0, box->height()}).y() <= keyboard->mapToScene(QPointF()).y());
-    }
-    Operator::tap(keyboardKey(QStringLiteral("enter")));
-    QVERIFY(!isKeyboardShown());
-    QVERIFY(!field(QStringLiteral("Year")));
-    const qint64 seconds = QDateTime(QDate(2031, 2, 28), QTime(23, 59, 58)).toSecsSinceEpoch();
-    QCOMPARE(Journal::callsButBeeps(),
-             (QStringList{QStringLiteral("setSystemTime(%1)").arg(seconds), "syncHwclock()"}));
-}
-
-void TestGeneral::clockRefused()
-{
-    build({1024, 600});
-    HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.clockRefused = true; });
-    openEditor();
-    m_fixture->tapText(QStringLiteral("OK"));
-    QVERIFY(!field(QStringLiteral("Year")));
-    const QStringList calls = Journal::callsButBeeps();
-    QCOMPARE(calls.size(), 1);
-    QVERIFY2(calls.first().startsWith(QLatin1String("setSystemTime(")), qPrintable(calls.first()));
-}
-
-void TestGeneral::editorLeftAlone()
-{
-    build({1024, 600});
-    openEditor();
-    Operator::tap(field(QStringLiteral("Year")));
-    Operator::tap(keyboardKey(QStringLiteral("clear")));
-    Operator::tap(keyboardKey(QStringLiteral("hide")));
-    QVERIFY(!isKeyboardShown());
-    m_fixture->tapText(QStringLiteral("OK"));
-    QVERIFY2(field(QStringLiteral("Year")), "an empty year was confirmed");
-    // A tap outside puts it away, and does nothing else: there is the menu underneath.
-    Operator::tap(m_fixture->window(),
-                  Operator::centerOf(Operator::byText(m_fixture->root(), QStringLiteral("Language"))));
-    QTRY_VERIFY(!field(QStringLiteral("Year")));
-    QCOMPARE(m_fixture->title(), QStringLiteral("General"));
-    QCOMPARE(Journal::callsButBeeps(), QStringList());
-    // Opened again, it is whole again.
-    openEditor();
-    QCOMPARE(field(QStringLiteral("Year"))->property("text").toString().size(), 4);
-}
-
-void TestGeneral::editorTextsFollowTheLanguage()
-{
-    build({1024, 600});
-    openEditor();
-    QVERIFY(Operator::byText(m_fixture->glass(), QStringLiteral("OK")));
-    HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
-    // Asked for again while it is open, as a host may.
-    m_fixture->open();
-    QVERIFY(Operator::byText(m_fixture->glass(), QString::fromUtf8("确定")));
-    QVERIFY(!Operator::byText(m_fixture->glass(), QStringLiteral("OK")));
-    QVERIFY(field(QStringLiteral("Year")));
-}
-
-void TestGeneral::hostClosesWhileEditing()
-{
-    build({480, 800});
-    for (int i = 0; i < 3; ++i) {
-        openEditor();
-        Operator::tap(field(QStringLiteral("Month")));
-        Operator::tap(keyboardKey(QStringLiteral("1")));
-        QVERIFY(isKeyboardShown());
-        m_fixture->close();
-        QVERIFY(!isKeyboardShown());
-        QVERIFY(!field(QStringLiteral("Year")));
-        // Keys that were under way reach nothing.
-        Operator::type(m_fixture->window(), QStringLiteral("12"));
-        Operator::key(m_fixture->window(), Qt::Key_Return);
-        m_fixture->open();
-        QVERIFY(!field(QStringLiteral("Year")));
-        m_fixture->tapMenu(QStringLiteral("General"));
-    }
-    QCOMPARE(Journal::callsButBeeps(), QStringList());
-}
-
-void TestGeneral::hostDeletesWhileEditing()
-{
-    build({1024, 600});
-    openEditor();
-    Operator::tap(field(QStringLiteral("Month")));
-    QVERIFY(isKeyboardShown());
-    delete m_fixture->root();
-    QVERIFY(!isKeyboardShown());
-    QVERIFY(!field(QStringLiteral("Year")));
-    Operator::type(m_fixture->window(), QStringLiteral("12"));
-    Operator::settle(50);
-    QCOMPARE(Journal::callsButBeeps(), QStringList());
 }
 
 void TestGeneral::hostDeletesUnderTheFinger()

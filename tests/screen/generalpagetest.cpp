@@ -1,0 +1,50 @@
+#include "tests/screen/generalpagetest.h"
+
+const QVector<QSize> &GeneralPageTest::sizes()
+{
+    static const QVector<QSize> all{{480, 800}, {600, 1024}, {800, 480}, {1024, 600}, {1280, 800}};
+    return all;
+}
+
+void GeneralPageTest::addSizes()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize &size : sizes())
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
+}
+
+void GeneralPageTest::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+void GeneralPageTest::cleanup()
+{
+    m_fixture.reset();
+    endWatch();
+}
+
+void GeneralPageTest::build(const QSize &size)
+{
+    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size);
+    QVERIFY(m_fixture->isBuilt());
+    HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
+    m_fixture->open();
+    if (size.width() < 800)
+        m_fixture->tapMenu(QStringLiteral("General"));
+    QVERIFY(card("QSP::CardBrightness"));
+    HmiSimulator::clearJournal();
+}
+
+QQuickItem *GeneralPageTest::named(const QString &name) const
+{
+    const auto wanted = [&name](QQuickItem *item) { return item->isVisible() && item->objectName() == name; };
+    return Operator::items(m_fixture->glass(), wanted).value(0);
+}
+
+void GeneralPageTest::openEditor() const
+{
+    Operator::tap(Operator::byClass(card("QSP::CardTime"), "QSP::BeepButton"));
+    QVERIFY(field(QStringLiteral("Year")));
+}
