@@ -5,6 +5,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QGuiApplication>
+#include <QtNetwork/QTcpServer>
 #include <QtQml/QQmlAbstractUrlInterceptor>
 #include <QtQml/QQmlEngine>
 #include <QtQml/QQmlFileSelector>
@@ -171,14 +172,17 @@ void TestEmbeddedComponent::engineMayDieWhileItReads()
 // An interceptor may lead a document to a network, whose answer nobody may wait for.
 void TestEmbeddedComponent::interceptedIsReadAtOnce()
 {
-    struct Silent : QQmlAbstractUrlInterceptor {
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    struct LeadAway : QQmlAbstractUrlInterceptor {
         QUrl intercept(const QUrl &url, DataType) override
         {
-            return url.fileName() == QLatin1String("Far.qml") ? QUrl(QStringLiteral("http://127.0.0.1:1/"))
-                                                              : url;
+            return url.fileName() == QLatin1String("Far.qml") ? far : url;
         }
-    } silent;
-    m_engine->setUrlInterceptor(&silent);
+        QUrl far;
+    } leadAway;
+    leadAway.far = QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(silent.serverPort()));
+    m_engine->setUrlInterceptor(&leadAway);
     const QUrl near = document("Plain.qml", "import QtQuick 2.15\nItem {}");
     EmbeddedComponent component;
     QVERIFY(!component.prefetch(near, m_engine.get()));
