@@ -65,7 +65,7 @@ def names_in_anonymous_namespaces(lines):
             inside = True
         elif line == "} // namespace":
             inside = False
-        elif (inside and line[:1].strip()) or line.startswith("static "):
+        elif (inside and line[:1].strip()) or line.startswith(("static ", "int main(")):
             match = LOCAL_NAME.match(line)
             if match:
                 names.add(match["type"] or match["name"])
