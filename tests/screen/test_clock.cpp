@@ -10,6 +10,7 @@ class TestClock : public GeneralPageTest
 private slots:
     void setTheClock_data();
     void setTheClock();
+    void clockRunsOnFromWhatWasSet();
     void clockRefused();
     void editorLeftAlone();
     void editorTextsFollowTheLanguage();
@@ -47,6 +48,31 @@ void TestClock::setTheClock()
     const qint64 seconds = QDateTime(QDate(2031, 2, 28), QTime(23, 59, 58)).toSecsSinceEpoch();
     QCOMPARE(Journal::callsButBeeps(),
              (QStringList{QStringLiteral("setSystemTime(%1)").arg(seconds), "syncHwclock()"}));
+}
+
+void TestClock::clockRunsOnFromWhatWasSet()
+{
+    build({1024, 600});
+    const auto shown = [this] { return card("QSP::CardTime")->property("currentDateTime").toString(); };
+    const QString today = shown();
+    openEditor();
+    Operator::tap(field(QStringLiteral("Year")));
+    Operator::tap(keyboardKey(QStringLiteral("clear")));
+    for (const QChar digit : QStringLiteral("2032"))
+        Operator::tap(keyboardKey(digit));
+    m_fixture->tapText(QStringLiteral("OK"));
+    QVERIFY(!field(QStringLiteral("Year")));
+    const QString first = shown();
+    QVERIFY2(first.startsWith(QStringLiteral("2032") + today.mid(4, 6)), qPrintable(first));
+    QVERIFY(Operator::byText(m_fixture->root(), first));
+    QTRY_VERIFY(shown() != first);
+    QVERIFY2(shown().startsWith(first.left(10)), qPrintable(shown()));
+    // The editor too begins at the panel's time.
+    openEditor();
+    QCOMPARE(field(QStringLiteral("Year"))->property("text").toString(), QStringLiteral("2032"));
+    // Another panel has another clock.
+    HmiSimulator::reset();
+    QTRY_VERIFY(shown().startsWith(today.left(4)));
 }
 
 void TestClock::clockRefused()
