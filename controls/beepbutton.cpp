@@ -38,7 +38,10 @@ void BeepButton::beepIfOn()
 
 void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    mousePressEvent(event);
+    // Windows tell the second press of two quick ones as a press and then, on top of it, as a double
+    // click. Whoever forwards events by hand may leave out the former.
+    if (!isPressed())
+        mousePressEvent(event);
 }
 
 void BeepButton::onClickEvent()

@@ -28,8 +28,7 @@ public slots:
     void onClickEvent();
 
 protected:
-    /// Two quick taps are two taps: the toolkit's button would take the second for a double click and
-    /// say nothing of it.
+    /// Two quick taps are two taps, and each is one, however the second press is delivered.
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
