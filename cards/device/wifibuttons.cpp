@@ -1,5 +1,6 @@
 #include "cards/device/wifibuttons.h"
 
+#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
 #include "shell/multilingualtext.h"
@@ -54,7 +55,7 @@ BeepButton *addWifiResetButton(QQuickItem *row, int rowHeight, int fontPixelSize
 
 BeepButton *addWifiReturnButton(QQuickItem *card)
 {
-    AppRootItem *root = AppRootItem::instance();
+    AppRootItem *root = rootOf(card);
     QQuickItem *titleBar = root ? root->titleBar() : nullptr;
     if (!titleBar)
         return nullptr;
