@@ -2,9 +2,9 @@
 
 #include "cards/device/ssid.h"
 #include "cards/device/wifipasswordbody.h"
-#include "cards/modalshade.h"
 #include "cards/rootof.h"
 #include "controls/dialog.h"
+#include "controls/modalshade.h"
 #include "shell/approotitem.h"
 #include "shell/globalinfo.h"
 #include "shell/vkbmanager.h"

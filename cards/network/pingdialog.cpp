@@ -1,7 +1,7 @@
 #include "cards/network/pingdialog.h"
 
-#include "cards/modalshade.h"
 #include "controls/dialog.h"
+#include "controls/modalshade.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 
