@@ -8,11 +8,23 @@
 
 namespace QSP {
 
+namespace {
+
+constexpr qreal pressedOpacity = 0.6;
+
+} // namespace
+
 bool BeepButton::_isBuzzerOn = false;
 
 BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
 {
     connect(this, &QQuickAbstractButton::clicked, this, &BeepButton::onClickEvent);
+}
+
+void BeepButton::fadeWhilePressed(QQuickItem *look)
+{
+    connect(this, &QQuickAbstractButton::pressedChanged, look,
+            [this, look] { look->setOpacity(isPressed() ? pressedOpacity : 1.0); });
 }
 
 bool BeepButton::isBuzzerOn()

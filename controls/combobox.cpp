@@ -50,6 +50,7 @@ ItemDelegate {
     height: _com.height
     Rectangle {
         anchors.fill: parent
+        opacity: parent.down ? 0.6 : 1.0
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
             x: 10
@@ -202,6 +203,7 @@ void ComboBox::connectBox()
         emit activated(index);
     });
     connect(m_combo, &QQuickComboBox::pressedChanged, this, [this] {
+        m_combo->setOpacity(m_combo->isPressed() ? 0.6 : 1.0);
         if (m_combo->isPressed())
             BeepButton::beepIfOn();
     });

@@ -183,8 +183,7 @@ void TimeEditPopup::createButtons(const QRectF &place, qreal baseFontSize)
     face->setSize(place.size());
     face->setRadius(5.0);
     face->setColor(accentColor);
-    connect(button, &QQuickAbstractButton::pressedChanged, face,
-            [button, face] { face->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+    button->fadeWhilePressed(face);
 
     auto *text = new QQuickText(face);
     text->setColor(Qt::white);

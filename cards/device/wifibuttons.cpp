@@ -61,8 +61,7 @@ BeepButton *addWifiReturnButton(QQuickItem *card)
         return nullptr;
     auto *button = new BeepButton(titleBar);
     button->setParent(card);
-    QObject::connect(button, &QQuickAbstractButton::pressedChanged, button,
-                     [button] { button->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+    button->fadeWhilePressed(button);
 
     const auto place = [root, titleBar, button] {
         button->setSize(QSizeF(titleBar->height(), titleBar->height()));
