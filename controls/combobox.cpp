@@ -2,7 +2,6 @@
 
 #include "controls/beepbutton.h"
 #include "shell/globalinfo.h"
-#include "shell/screenroot.h"
 
 #include <QtCore/QPointer>
 #include <QtQml/QQmlComponent>
@@ -215,9 +214,9 @@ void ComboBox::connectBox()
             [this] { m_indicator->setOpacity(m_combo->isEnabled() ? 1.0 : 0.4); });
     connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
-    ScreenRoot::onVisibleChanged(this, [popup] {
-        const QQuickItem *root = ScreenRoot::item();
-        if (!root || !root->isVisible())
+    // Also when the whole screen is hidden, whichever it is.
+    connect(m_combo, &QQuickItem::visibleChanged, this, [this, popup] {
+        if (!m_combo->isVisible())
             popup->close();
     });
 }

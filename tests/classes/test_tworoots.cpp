@@ -67,6 +67,7 @@ private slots:
     void cardsFollowTheirNetworkCard();
     void openingRereads();
     void popupsStandOnTheirScreen();
+    void popupsCloseWithTheirScreen();
     void wifiPageStandsOnItsScreen();
     void joiningTellsItsNetworkCard();
     void editEndsOnItsScreen();
@@ -145,6 +146,37 @@ void TestTwoRoots::popupsStandOnTheirScreen()
     auto *result = adapters->findChild<QSP::Dialog *>();
     QVERIFY(result);
     QCOMPARE(result->parentItem(), screens.older);
+}
+
+void TestTwoRoots::popupsCloseWithTheirScreen()
+{
+    TwoScreens screens;
+    auto *clock = TwoScreens::cardOf<QSP::CardTime>(screens.older, Cards::Time);
+    clock->openDialog();
+    auto *editor = clock->findChild<QSP::TimeEditPopup *>();
+    QTRY_VERIFY(editor->isOpened());
+    screens.older->close();
+    QTRY_VERIFY(!editor->isVisible());
+
+    screens.older->open();
+    screens.older->setCurrentPage(Page::Network);
+    auto *adapters = TwoScreens::cardOf<QSP::CardNIC>(screens.older, Cards::NIC);
+    adapters->onPingTestResult(true);
+    auto *result = adapters->findChild<QSP::Dialog *>();
+    QTRY_VERIFY(result->isOpened());
+    screens.older->close();
+    QTRY_VERIFY(!result->isVisible());
+
+    screens.older->open();
+    screens.older->setCurrentPage(Page::Network);
+    Operator::settle();
+    Operator::tap(adapters->property("combobox").value<QQuickItem *>());
+    const auto isListShown = [&screens] {
+        return Operator::byClass(screens.window()->contentItem(), "QQuickItemDelegate") != nullptr;
+    };
+    QTRY_VERIFY(isListShown());
+    screens.older->close();
+    QTRY_VERIFY(!isListShown());
 }
 
 void TestTwoRoots::wifiPageStandsOnItsScreen()
