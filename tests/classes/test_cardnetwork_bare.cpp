@@ -8,34 +8,15 @@
 using QSP::CardNetwork;
 using QSP::NIC;
 
-/// The network card while its document is not complete: there are no rows, and nothing happens to them.
-class TestCardNetworkBare : public PanelTest
+namespace {
+
+using Operation = std::function<void(CardNetwork *)>;
+
+constexpr NIC lan0 = HMI::SystemSet::LAN0;
+
+const QVector<QPair<const char *, Operation>> &operations()
 {
-    Q_OBJECT
-
-private slots:
-    void init();
-    void operationsBeforeCompletion_data();
-    void operationsBeforeCompletion();
-    void choiceBeforeCompletion();
-};
-
-Q_DECLARE_METATYPE(std::function<void(CardNetwork *)>)
-
-void TestCardNetworkBare::init()
-{
-    beginWatch();
-    HmiSimulator::reset();
-    HmiSimulator::setManual(true);
-}
-
-void TestCardNetworkBare::operationsBeforeCompletion_data()
-{
-    using Operation = std::function<void(CardNetwork *)>;
-    constexpr NIC lan0 = HMI::SystemSet::LAN0;
-    constexpr NIC wifi = HMI::SystemSet::WIFI;
-    QTest::addColumn<Operation>("operation");
-    const QVector<QPair<const char *, Operation>> operations{
+    static const QVector<QPair<const char *, Operation>> all{
         {"showItems", [](CardNetwork *card) { card->showItems(lan0, true); }},
         {"isEnable_FromSwitch", [](CardNetwork *card) { QVERIFY(!card->isEnable_FromSwitch(lan0)); }},
         {"isStatic_FromSwitch", [](CardNetwork *card) { QVERIFY(!card->isStatic_FromSwitch(lan0)); }},
@@ -59,25 +40,59 @@ void TestCardNetworkBare::operationsBeforeCompletion_data()
         {"setWifiConnecting", [](CardNetwork *card) { card->setWifiConnecting(false); }},
         {"wifiReset", [](CardNetwork *card) { emit card->wifiReset(); }},
         {"setFontPixelSize", [](CardNetwork *card) { card->setFontPixelSize(7); }},
-        {"changeNIC", [](CardNetwork *card) { card->changeNIC(wifi, lan0); }},
+        {"changeNIC", [](CardNetwork *card) { card->changeNIC(HMI::SystemSet::WIFI, lan0); }},
     };
-    for (const auto &operation : operations)
+    return all;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Operation)
+
+/// The network card while its document is not complete: there are no rows, and nothing happens to them.
+class TestCardNetworkBare : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void operationsBeforeCompletion_data();
+    void operationsBeforeCompletion();
+    void cardsOfAScreenAreLeftAlone();
+    void choiceBeforeCompletion();
+};
+
+void TestCardNetworkBare::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+    HmiSimulator::setManual(true);
+}
+
+void TestCardNetworkBare::operationsBeforeCompletion_data()
+{
+    QTest::addColumn<Operation>("operation");
+    for (const auto &operation : operations())
         QTest::newRow(operation.first) << operation.second;
 }
 
 void TestCardNetworkBare::operationsBeforeCompletion()
 {
-    QFETCH(std::function<void(CardNetwork *)>, operation);
-    {
-        CardNetwork card;
-        operation(&card);
-    }
-    // And on a screen, whose own cards are none of its business.
+    QFETCH(Operation, operation);
+    CardNetwork card;
+    HmiSimulator::clearJournal();
+    operation(&card);
+    QCOMPARE(Journal::calls(), QStringList());
+}
+
+void TestCardNetworkBare::cardsOfAScreenAreLeftAlone()
+{
     const NetworkScene screen;
     NetworkScene::appRoot()->setCurrentPage(QSP::AppRootItem::MenuIndex::Network);
     HmiSimulator::clearJournal();
     CardNetwork card;
-    operation(&card);
+    for (const auto &operation : operations())
+        operation.second(&card);
     QCOMPARE(Journal::calls(), QStringList());
 }
 
