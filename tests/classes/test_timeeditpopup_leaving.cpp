@@ -41,6 +41,7 @@ struct HalfTyped : CardScene {
         return qobject_cast<QQuickTextInput *>(Operator::items(popup->contentItem(), isYear).value(0));
     }
 
+    QQuickWindow elsewhere;
     QPointer<QQuickItem> around;
     QPointer<QSP::CardTime> clock;
     QPointer<TimeEditPopup> popup;
@@ -78,6 +79,8 @@ void TestTimeEditPopupLeaving::takesTheEditBack_data()
         {"hidden with what is around", [](HalfTyped *scene) { scene->around->setVisible(false); }},
         {"taken out", [](HalfTyped *scene) { scene->root()->setParentItem(nullptr); }},
         {"taken out with what is around", [](HalfTyped *scene) { scene->around->setParentItem(nullptr); }},
+        {"taken to another window",
+         [](HalfTyped *scene) { scene->root()->setParentItem(scene->elsewhere.contentItem()); }},
         {"deleted", [](HalfTyped *scene) { delete scene->root(); }},
         {"deleted with what is around", [](HalfTyped *scene) { delete scene->around; }},
         {"taken out, then deleted",
