@@ -8,11 +8,23 @@
 
 namespace QSP {
 
+namespace {
+
+constexpr qreal pressedOpacity = 0.6;
+
+} // namespace
+
 bool BeepButton::_isBuzzerOn = false;
 
 BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
 {
     connect(this, &QQuickAbstractButton::clicked, this, &BeepButton::onClickEvent);
+}
+
+void BeepButton::fadeWhilePressed(QQuickItem *look)
+{
+    connect(this, &QQuickAbstractButton::pressedChanged, look,
+            [this, look] { look->setOpacity(isPressed() ? pressedOpacity : 1.0); });
 }
 
 bool BeepButton::isBuzzerOn()
@@ -38,7 +50,10 @@ void BeepButton::beepIfOn()
 
 void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    mousePressEvent(event);
+    // Windows tell the second press of two quick ones as a press and then, on top of it, as a double
+    // click. Whoever forwards events by hand may leave out the former.
+    if (!isPressed())
+        mousePressEvent(event);
 }
 
 void BeepButton::onClickEvent()

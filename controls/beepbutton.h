@@ -16,6 +16,9 @@ public:
     /// Whether a click hides the keyboard; true at first.
     void setAutoCloseVkb(bool autoClose) { m_autoCloseVkb = autoClose; }
 
+    /// Shows that the button is pressed by fading @p look, which may be the button itself.
+    void fadeWhilePressed(QQuickItem *look);
+
     /// Asks the service, and remembers the answer for setBuzzerOn().
     static bool isBuzzerOn();
     /// Writes the buzzer setting, unless it is what was last read or written.
@@ -28,8 +31,7 @@ public slots:
     void onClickEvent();
 
 protected:
-    /// Two quick taps are two taps: the toolkit's button would take the second for a double click and
-    /// say nothing of it.
+    /// Two quick taps are two taps, and each is one, however the second press is delivered.
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:

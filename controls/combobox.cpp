@@ -2,7 +2,6 @@
 
 #include "controls/beepbutton.h"
 #include "shell/globalinfo.h"
-#include "shell/screenroot.h"
 
 #include <QtCore/QPointer>
 #include <QtQml/QQmlComponent>
@@ -50,6 +49,7 @@ ItemDelegate {
     height: _com.height
     Rectangle {
         anchors.fill: parent
+        opacity: parent.down ? 0.6 : 1.0
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
             x: 10
@@ -202,6 +202,7 @@ void ComboBox::connectBox()
         emit activated(index);
     });
     connect(m_combo, &QQuickComboBox::pressedChanged, this, [this] {
+        m_combo->setOpacity(m_combo->isPressed() ? 0.6 : 1.0);
         if (m_combo->isPressed())
             BeepButton::beepIfOn();
     });
@@ -213,9 +214,9 @@ void ComboBox::connectBox()
             [this] { m_indicator->setOpacity(m_combo->isEnabled() ? 1.0 : 0.4); });
     connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
-    ScreenRoot::onVisibleChanged(this, [popup] {
-        const QQuickItem *root = ScreenRoot::item();
-        if (!root || !root->isVisible())
+    // Also when the whole screen is hidden, whichever it is.
+    connect(m_combo, &QQuickItem::visibleChanged, this, [this, popup] {
+        if (!m_combo->isVisible())
             popup->close();
     });
 }

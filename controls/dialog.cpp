@@ -172,6 +172,7 @@ void Dialog::createCloseButton()
     const int side = static_cast<int>(size * 0.551);
     image->setSourceSize(QSize(side, side));
     anchorsOf(image)->setCenterIn(m_closeButton);
+    m_closeButton->fadeWhilePressed(image);
 
     connect(m_closeButton, &QQuickAbstractButton::clicked, this, &QQuickPopup::close);
 }

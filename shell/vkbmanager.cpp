@@ -25,7 +25,7 @@ void VkbManager::showVkb(bool show)
     static bool _loadTried = false;
 
     QQuickItem *root = ScreenRoot::item();
-    if (!isLoaded() || (root && root->window() != m_window)) {
+    if (!isLoaded() || (show && root && root->window() != m_window)) {
         // A keyboard goes with its window; a screen built anew in another one needs it once more.
         const bool anotherWindow = m_keyboard != nullptr;
         if ((_loadTried && !anotherWindow) || !show)
@@ -37,7 +37,8 @@ void VkbManager::showVkb(bool show)
             return;
     }
     if (!show) {
-        if (root)
+        // The keyboard stays behind in its window when the screen is taken out.
+        if (root && root->window() == m_window)
             root->forceActiveFocus();
         m_keyboard->show(false);
         return;

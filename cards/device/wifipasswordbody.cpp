@@ -32,8 +32,7 @@ BeepButton *addQuietButton(QQuickItem *parent)
     auto *button = new BeepButton(parent);
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoCloseVkb(false);
-    QObject::connect(button, &QQuickAbstractButton::pressedChanged, button,
-                     [button] { button->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+    button->fadeWhilePressed(button);
     return button;
 }
 

@@ -17,7 +17,6 @@ Item {
     // The finger asks for another step; value is the user's to change.
     signal moved(int step)
     signal grabbed
-    signal released
 
     function moveTo(x) {
         var position = (x - handleSize / 2) / Math.max(1, width - handleSize);
@@ -78,13 +77,6 @@ Item {
             if (dragging)
                 _slider.moveTo(mouse.x - offset);
         }
-        onReleased: {
-            _slider.moveTo(mouse.x - offset);
-            _slider.released();
-        }
-        onCanceled: {
-            if (_slider)
-                _slider.released();
-        }
+        onReleased: _slider.moveTo(mouse.x - offset)
     }
 }
