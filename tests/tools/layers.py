@@ -18,7 +18,7 @@ import sys
 import tempfile
 
 GROUND_FLOOR = {
-    "documentalias", "embeddedcomponent", "globalinfo", "guigate", "guithread", "handover",
+    "documentalias", "documentend", "embeddedcomponent", "focusloan", "globalinfo", "guigate", "guithread", "handover",
     "multilingualtext", "screenroot", "vkbmanager"
 }
 UPPER_FLOOR = {"approotitem", "approotmenu", "cardinfo"}
