@@ -18,6 +18,9 @@ bool BeepButton::_isBuzzerOn = false;
 
 BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
 {
+    // Neither by a press, which would end an edit and move things under the finger before there is a click,
+    // nor by the tab key, for which a button that can only be pressed is no place to stop.
+    setFocusPolicy(Qt::NoFocus);
     connect(this, &QQuickAbstractButton::clicked, this, &BeepButton::onClickEvent);
 }
 
@@ -60,7 +63,7 @@ void BeepButton::onClickEvent()
 {
     beepIfOn();
     if (m_autoCloseVkb)
-        VkbManager::instance().showVkb(false);
+        VkbManager::instance().endEdit();
 }
 
 } // namespace QSP

@@ -4,8 +4,10 @@
 
 namespace QSP {
 
-/// The base of everything that can be tapped: beeps, if the panel's keys beep,
-/// and puts the on-screen keyboard away.
+/// The base of everything that can be tapped: a click beeps, if the panel's keys
+/// beep, ends the edit of a field and puts the on-screen keyboard away.
+///
+/// Never takes the focus: until the click the field that is edited keeps it.
 class BeepButton : public QQuickAbstractButton
 {
     Q_OBJECT
@@ -13,7 +15,7 @@ class BeepButton : public QQuickAbstractButton
 public:
     explicit BeepButton(QQuickItem *parent = nullptr);
 
-    /// Whether a click hides the keyboard; true at first.
+    /// Whether a click ends an edit and hides the keyboard; true at first.
     void setAutoCloseVkb(bool autoClose) { m_autoCloseVkb = autoClose; }
 
     /// Shows that the button is pressed by fading @p look, which may be the button itself.

@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "shell/globalinfo.h"
+#include "shell/vkbmanager.h"
 
 #include <QtCore/QPointer>
 #include <QtQml/QQmlComponent>
@@ -139,6 +140,8 @@ ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
     if (!m_combo)
         return;
     m_combo->setDelegate(components.row);
+    // Like a button: a press changes nothing yet.
+    m_combo->setFocusPolicy(Qt::NoFocus);
     m_combo->setParent(this);
     m_combo->setParentItem(this);
     anchorsOf(m_combo)->setFill(this);
@@ -212,7 +215,10 @@ void ComboBox::connectBox()
     connect(m_combo, &QQuickItem::heightChanged, this, &ComboBox::adjustToHeight);
     connect(m_combo, &QQuickItem::enabledChanged, this,
             [this] { m_indicator->setOpacity(m_combo->isEnabled() ? 1.0 : 0.4); });
+    connect(popup, &QQuickPopup::aboutToShow, this, [] { VkbManager::instance().endEdit(); });
     connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
+    // A list that has lost its place would stay on the glass without it.
+    connect(popup, &QQuickPopup::windowChanged, popup, &QQuickPopup::close);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
     // Also when the whole screen is hidden, whichever it is.
     connect(m_combo, &QQuickItem::visibleChanged, this, [this, popup] {

@@ -69,6 +69,8 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
 
     connect(content, &QQuickItem::widthChanged, this, &Dialog::relayout);
     ScreenRoot::onVisibleChanged(this, [this] { close(); });
+    // One that has lost its place would stay on the glass without it.
+    connect(this, &QQuickPopup::windowChanged, this, &QQuickPopup::close);
 }
 
 void Dialog::registerType()

@@ -19,11 +19,6 @@ AppRootItem {
 
     visible: false
 
-    // Taps that hit nothing here must not reach the host's items underneath.
-    MouseArea {
-        anchors.fill: parent
-    }
-
     Item {
         id: _title
 
