@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "controls/fieldcolor.h"
+#include "controls/focusloss.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
 #include "shell/vkbmanager.h"
@@ -27,11 +28,14 @@ CIpInput::CIpInput(QQuickItem *parent) : QQuickItem(parent) {}
 CIpInput::~CIpInput()
 {
     // Leaving the scene changes the input and takes the focus from its fields, all of
-    // which would be told to what is no longer an input.
+    // which would be told to what is no longer an input. The keyboard alone has to know.
     disconnect(this, nullptr, this, nullptr);
     for (QQuickTextInput *field : m_fields) {
-        if (field)
-            field->disconnect(this);
+        if (!field)
+            continue;
+        field->disconnect(this);
+        if (m_editing && field->hasActiveFocus())
+            VkbManager::instance().fieldFocusChanged(field, false);
     }
 }
 
@@ -67,6 +71,13 @@ void CIpInput::componentComplete()
     onEnableChanged();
 }
 
+void CIpInput::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickItem::itemChange(change, data);
+    if (change == ItemSceneChange && !data.window)
+        abandonEdit();
+}
+
 void CIpInput::onClick()
 {
     BeepButton::beepIfOn();
@@ -80,9 +91,11 @@ void CIpInput::onFocusChanged(bool focused)
     bool anyFocused = false;
     for (const QQuickTextInput *field : m_fields)
         anyFocused = anyFocused || (field && field->hasActiveFocus());
+    auto *field = qobject_cast<QQuickTextInput *>(sender());
+    if (field && !focused && losesFocusByRemoval(field))
+        showOctets(storedAddress());
     setEditing(anyFocused);
 
-    auto *field = qobject_cast<QQuickTextInput *>(sender());
     VkbManager::instance().fieldFocusChanged(field, focused);
     if (field && field->hasActiveFocus())
         field->selectAll();
@@ -101,15 +114,12 @@ void CIpInput::onEditingChanged()
     if (m_editing)
         return;
     // An input that was disabled under the operator's finger: nobody confirmed what stands in it.
-    if (!isEnabled()) {
+    if (!isEnabled())
         abandonEdit();
-        return;
-    }
     const quint32 address = shownAddress();
-    const QString edited = dotted(address);
-    if (edited == (m_ip.isEmpty() ? dotted(0) : m_ip))
+    if (address == storedAddress())
         return;
-    internalSetIp(edited);
+    internalSetIp(dotted(address));
     emit ipChangedByEdit(address);
 }
 
@@ -174,13 +184,21 @@ quint32 CIpInput::shownAddress() const
     return address;
 }
 
+quint32 CIpInput::storedAddress() const
+{
+    return QHostAddress(m_ip).toIPv4Address();
+}
+
 void CIpInput::abandonEdit()
 {
-    showOctets(QHostAddress(m_ip).toIPv4Address());
+    showOctets(storedAddress());
+    // Else the toolkit would hand the focus back, and with it the keyboard, as soon as it can be had again.
     for (QQuickTextInput *field : m_fields) {
         if (field)
             field->setFocus(false);
     }
+    // A window that dies takes the focus from nobody.
+    setEditing(false);
 }
 
 } // namespace QSP

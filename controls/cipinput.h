@@ -13,7 +13,8 @@ namespace QSP {
 ///
 /// An edit begins when one of the fields gains the focus and ends when none of
 /// them has it; only then is the address taken from the fields. Disabling or
-/// hiding the input in the middle of an edit takes the edit back.
+/// hiding the input in the middle of an edit takes the edit back, and so does
+/// whatever takes it out of its window.
 /// Addresses as numbers carry the first octet in the most significant byte.
 class CIpInput : public QQuickItem
 {
@@ -63,10 +64,12 @@ public slots:
 
 protected:
     void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
     void showOctets(quint32 address);
     quint32 shownAddress() const;
+    quint32 storedAddress() const;
     void abandonEdit();
 
     QString m_ip;

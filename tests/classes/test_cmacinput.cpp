@@ -42,8 +42,6 @@ private slots:
     void disabledWhileEditing();
     void hiddenWhileEditing();
     void screenClosedWhileEditing();
-    void diesWhileFocused();
-    void screenDeletedWhileEditing();
     void looks();
     void withoutItsDocument();
     void keyStorm();
@@ -327,27 +325,6 @@ void TestCMacInput::screenClosedWhileEditing()
     QVERIFY(!m_field->hasActiveFocus());
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(m_mac->mac(), someMac);
-}
-
-void TestCMacInput::diesWhileFocused()
-{
-    type(QStringLiteral("AABB"));
-    HmiSimulator::clearJournal();
-    delete m_mac;
-    QVERIFY(m_reported.isEmpty());
-    QCOMPARE(HmiSimulator::calls().size(), 0U);
-}
-
-void TestCMacInput::screenDeletedWhileEditing()
-{
-    m_mac->setMac(someMac);
-    type(QStringLiteral("AABB"));
-    key(Qt::Key_End);
-    key(Qt::Key_Backspace);
-    QVERIFY(!m_field->hasAcceptableInput());
-    delete m_scene->root();
-    QVERIFY(m_reported.isEmpty());
-    QVERIFY2(!ControlScene::isKeyboardShown(), "the keyboard stays over the host's page");
 }
 
 void TestCMacInput::looks()
