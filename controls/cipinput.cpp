@@ -10,6 +10,8 @@
 #include <QtNetwork/QHostAddress>
 #include <QtQuick/private/qquicktextinput_p.h>
 
+#include <utility>
+
 namespace QSP {
 
 namespace {
@@ -19,6 +21,14 @@ constexpr quint32 fieldMaximum = 255;
 QString dotted(quint32 address)
 {
     return QHostAddress(address).toString();
+}
+
+std::optional<quint32> addressIn(const QString &text)
+{
+    const QHostAddress address(text);
+    if (address.protocol() != QAbstractSocket::IPv4Protocol)
+        return std::nullopt;
+    return address.toIPv4Address();
 }
 
 } // namespace
@@ -69,6 +79,8 @@ void CIpInput::componentComplete()
             abandonEdit();
     });
     onEnableChanged();
+    // What the document gave the input before it had fields to show it in.
+    showOctets(storedAddress());
 }
 
 void CIpInput::itemChange(ItemChange change, const ItemChangeData &data)
@@ -116,11 +128,14 @@ void CIpInput::onEditingChanged()
     // An input that was disabled under the operator's finger: nobody confirmed what stands in it.
     if (!isEnabled())
         abandonEdit();
+    const std::optional<quint32> owed = std::exchange(m_owed, std::nullopt);
     const quint32 address = shownAddress();
-    if (address == storedAddress())
-        return;
-    internalSetIp(dotted(address));
-    emit ipChangedByEdit(address);
+    if (address != storedAddress()) {
+        internalSetIp(dotted(address));
+        emit ipChangedByEdit(address);
+    } else if (owed) {
+        show(*owed);
+    }
 }
 
 void CIpInput::onEnableChanged()
@@ -147,15 +162,24 @@ void CIpInput::internalSetIp(const QString &ip)
 
 void CIpInput::setIp(const QString &ip)
 {
-    const QHostAddress address(ip);
-    if (address.protocol() != QAbstractSocket::IPv4Protocol)
+    if (const std::optional<quint32> address = addressIn(ip))
+        show(*address);
+}
+
+void CIpInput::refreshIp(const QString &ip)
+{
+    const std::optional<quint32> address = addressIn(ip);
+    if (!address)
         return;
-    showOctets(address.toIPv4Address());
-    internalSetIp(dotted(address.toIPv4Address()));
+    if (m_editing)
+        m_owed = address;
+    else
+        show(*address);
 }
 
 void CIpInput::clear()
 {
+    m_owed.reset();
     showOctets(0);
     internalSetIp(QString());
 }
@@ -168,11 +192,23 @@ void CIpInput::setFontPixelSize(int size)
     emit fontPixelSizeChanged();
 }
 
+void CIpInput::show(quint32 address)
+{
+    m_owed.reset();
+    showOctets(address);
+    internalSetIp(dotted(address));
+}
+
 void CIpInput::showOctets(quint32 address)
 {
     for (size_t i = 0; i < m_fields.size(); ++i) {
-        if (m_fields[i])
-            m_fields[i]->setText(QString::number((address >> (24 - 8 * i)) & fieldMaximum));
+        if (!m_fields[i])
+            continue;
+        const QString octet = QString::number((address >> (24 - 8 * i)) & fieldMaximum);
+        m_fields[i]->setText(octet);
+        // What Escape goes back to is no longer what stood there when the field was entered.
+        if (m_editing)
+            m_fields[i]->setProperty("oldInputText", octet);
     }
 }
 
@@ -186,7 +222,7 @@ quint32 CIpInput::shownAddress() const
 
 quint32 CIpInput::storedAddress() const
 {
-    return QHostAddress(m_ip).toIPv4Address();
+    return addressIn(m_ip).value_or(0);
 }
 
 void CIpInput::abandonEdit()

@@ -3,6 +3,7 @@
 #include <QtQuick/QQuickItem>
 
 #include <array>
+#include <optional>
 
 class QQmlEngine;
 class QQuickTextInput;
@@ -36,6 +37,10 @@ public:
     QString ip() const { return m_ip; }
     /// Shows an address without reporting an edit. Anything but an IPv4 address changes nothing.
     void setIp(const QString &ip);
+    /// Shows what is in force now, as setIp() does, but never under the operator's finger: in the middle of
+    /// an edit it waits, and is made up for when the edit ends without a change. After a change, the
+    /// operator's address is the newer one.
+    void refreshIp(const QString &ip);
     void internalSetIp(const QString &ip);
     /// Shows 0.0.0.0 and forgets the address, without reporting an edit.
     void clear();
@@ -67,12 +72,14 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
+    void show(quint32 address);
     void showOctets(quint32 address);
     quint32 shownAddress() const;
     quint32 storedAddress() const;
     void abandonEdit();
 
     QString m_ip;
+    std::optional<quint32> m_owed; ///< a refresh that found the address being edited
     std::array<QQuickTextInput *, 4> m_fields{};
     int m_fontPixelSize = 20;
     bool m_editing = false;

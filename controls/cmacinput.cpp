@@ -90,6 +90,9 @@ void CMacInput::setMac(const HMI::MAC &mac)
     for (const unsigned char byte : mac)
         pairs << QStringLiteral("%1").arg(byte, 2, 16, QLatin1Char('0')).toUpper();
     m_field->setText(pairs.join(QLatin1Char(':')));
+    // What Escape goes back to is no longer what stood there when the field was entered.
+    if (m_field->hasActiveFocus())
+        m_field->setProperty("oldInputText", m_field->text());
 }
 
 HMI::MAC CMacInput::mac() const

@@ -23,6 +23,7 @@ private slots:
     void addressIsTakenBack();
     void hardwareAddressIsTakenBack_data() { ways(); }
     void hardwareAddressIsTakenBack();
+    void owedRefreshIsShown();
     void anotherScopeEndsTheEditAsAnyField();
     void deletedFieldTakesTheKeyboardAlong();
     void deletedFieldLeavesTheKeyboardToAnother();
@@ -185,6 +186,18 @@ void TestAddressLeaving::hardwareAddressIsTakenBack()
     m_scene->enter(m_mac, QStringLiteral("AA"));
     m_scene->key(Qt::Key_Return);
     QCOMPARE(edited.count(), 1);
+}
+
+void TestAddressLeaving::owedRefreshIsShown()
+{
+    build(false);
+    QSignalSpy edited(m_ip, &CIpInput::ipChangedByEdit);
+    m_scene->enter(m_ip, 0, QStringLiteral("98"));
+    m_ip->refreshIp(QStringLiteral("8.8.8.8"));
+    m_around->setParentItem(nullptr);
+    QCOMPARE(m_ip->ip(), QStringLiteral("8.8.8.8"));
+    QCOMPARE(AddressScene::shown(m_ip), QStringLiteral("8.8.8.8"));
+    QCOMPARE(edited.count(), 0);
 }
 
 // A loss like that of a removal, but the operator's own doing: the field keeps its focus inside its scope.

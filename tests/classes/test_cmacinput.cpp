@@ -32,6 +32,7 @@ private slots:
     void reportTravelsQueued();
     void escapeRestores();
     void hideKeyRestores();
+    void settingMovesWhatEscapeGoesBackTo();
     void halfAnAddressIsNotAccepted();
     void halfAnAddressIsNotLeftBehind();
     void digitsInTheMiddleAreTypedOver();
@@ -184,6 +185,16 @@ void TestCMacInput::hideKeyRestores()
     QCOMPARE(m_mac->mac(), someMac);
     QVERIFY(!m_field->hasFocus());
     QVERIFY(!ControlScene::isKeyboardShown());
+    QVERIFY(m_reported.isEmpty());
+}
+
+void TestCMacInput::settingMovesWhatEscapeGoesBackTo()
+{
+    type(QStringLiteral("AABB"));
+    m_mac->setMac(someMac);
+    type(QStringLiteral("CC"));
+    key(Qt::Key_Escape);
+    QCOMPARE(m_mac->mac(), someMac);
     QVERIFY(m_reported.isEmpty());
 }
 
