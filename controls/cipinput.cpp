@@ -1,5 +1,6 @@
 #include "controls/cipinput.h"
 
+#include "controls/addresstyping.h"
 #include "controls/beepbutton.h"
 #include "controls/fieldcolor.h"
 #include "controls/focusloss.h"
@@ -10,6 +11,7 @@
 #include <QtNetwork/QHostAddress>
 #include <QtQuick/private/qquicktextinput_p.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace QSP {
@@ -72,6 +74,8 @@ void CIpInput::componentComplete()
         if (field)
             connect(field, &QQuickItem::activeFocusChanged, this, &CIpInput::onFocusChanged);
     }
+    if (std::count(m_fields.cbegin(), m_fields.cend(), nullptr) == 0)
+        m_typing = new AddressTyping(m_fields, this);
     connect(this, &CIpInput::editingChanged, this, &CIpInput::onEditingChanged);
     connect(this, &QQuickItem::enabledChanged, this, &CIpInput::onEnableChanged);
     connect(this, &QQuickItem::visibleChanged, this, [this] {
@@ -92,7 +96,9 @@ void CIpInput::itemChange(ItemChange change, const ItemChangeData &data)
 
 void CIpInput::onClick()
 {
-    BeepButton::beepIfOn();
+    // Who types on from box to box has tapped nothing.
+    if (!m_typing || !m_typing->isMoving())
+        BeepButton::beepIfOn();
     VkbManager &keyboard = VkbManager::instance();
     keyboard.showVkb(true);
     keyboard.setLayoutType(VkbAddressDigits);

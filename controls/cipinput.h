@@ -10,6 +10,8 @@ class QQuickTextInput;
 
 namespace QSP {
 
+class AddressTyping;
+
 /// A dotted IPv4 address in four small fields, edited with the on-screen keyboard.
 ///
 /// An edit begins when one of the fields gains the focus and ends when none of
@@ -81,6 +83,7 @@ private:
     QString m_ip;
     std::optional<quint32> m_owed; ///< a refresh that found the address being edited
     std::array<QQuickTextInput *, 4> m_fields{};
+    AddressTyping *m_typing = nullptr;
     int m_fontPixelSize = 20;
     bool m_editing = false;
 };
