@@ -17,8 +17,8 @@ namespace {
 
 void showAddress(CIpInput *input, HMI::IP address)
 {
-    if (input && !input->editing())
-        input->setIp(dotted(address));
+    if (input)
+        input->refreshIp(dotted(address));
 }
 
 quint32 addressOf(const QString &text)
