@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/toucharea.h"
+
 #include <QtQuickTemplates2/private/qquickabstractbutton_p.h>
 
 namespace QSP {
@@ -29,6 +31,8 @@ public:
     /// One key beep, if the service says that keys beep.
     static void beepIfOn();
 
+    bool contains(const QPointF &point) const override { return m_touchArea.contains(point); }
+
 public slots:
     void onClickEvent();
 
@@ -37,6 +41,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
+    TouchArea m_touchArea{this};
     bool m_autoCloseVkb = true;
     static bool _isBuzzerOn;
 };

@@ -1,6 +1,7 @@
 #include "controls/combobox.h"
 
 #include "controls/beepbutton.h"
+#include "controls/touchmask.h"
 #include "shell/globalinfo.h"
 #include "shell/vkbmanager.h"
 
@@ -145,6 +146,7 @@ ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
     m_combo->setParent(this);
     m_combo->setParentItem(this);
     anchorsOf(m_combo)->setFill(this);
+    TouchMask::cover(m_combo);
     dressBox();
     dressPopup();
     connectBox();

@@ -4,6 +4,7 @@
 
 #include "controls/beepbutton.h"
 #include "controls/timekeypressfilter.h"
+#include "controls/touchmask.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 #include "shell/screenroot.h"
@@ -154,6 +155,7 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     input->setObjectName(
         QString::fromLatin1(QMetaEnum::fromType<InputType>().valueToKey(static_cast<int>(type))));
     input->installEventFilter(m_keyFilter.get());
+    TouchMask::cover(input);
     connect(input, &QQuickItem::activeFocusChanged, this, [this, input, frame](bool focused) {
         frame->border()->setColor(focused ? ringColor : boxBorderColor);
         onInputFocusChanged(input, focused);

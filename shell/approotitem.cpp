@@ -1,6 +1,7 @@
 #include "shell/approotitem.h"
 
 #include "controls/beepbutton.h"
+#include "controls/touchmask.h"
 #include "shell/cardinfo.h"
 #include "shell/documentalias.h"
 #include "shell/documentend.h"
@@ -21,6 +22,9 @@
 namespace QSP {
 
 namespace {
+
+// No wider than a finger needs at the least: what it takes of the page cannot be used to flick it.
+constexpr QSizeF scrollBarTouchSize(48.0, 0.0);
 
 // Cleared by the root itself when it dies.
 AppRootItem *g_root = nullptr;
@@ -183,6 +187,7 @@ void AppRootItem::init(QQmlEngine *engine)
     m_bottomContainer = aliasOf<QQuickItem>(m_menuBar, "bottomContainer");
     ScreenRoot::setCardColumn(m_cardsParent);
 
+    TouchMask::cover(aliasOf<QQuickItem>(this, "scrollBarTouchItem"), scrollBarTouchSize);
     // Long enough to tell a scroll from a tap with a glove.
     m_cardPool->setPressDelay(200);
     setMultilingualText(m_settingsText,

@@ -3,8 +3,10 @@
 #include "cards/device/titlerow.h"
 #include "cards/documenttext.h"
 #include "controls/beepbutton.h"
+#include "controls/touchmask.h"
 #include "hmi/systemset.h"
 #include "meyersingleton.h"
+#include "shell/documentalias.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -37,6 +39,7 @@ void CardBrightness::componentComplete()
     BaseCard::componentComplete();
     setDocumentText(this, "titleText",
                     [] { return QCoreApplication::translate("CardBrightness", "Brightness"); });
+    TouchMask::cover(aliasOf<QQuickItem>(this, "sliderTouchItem"));
 }
 
 void CardBrightness::setBrightnessValue(int value)

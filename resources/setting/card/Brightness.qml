@@ -7,6 +7,7 @@ CardBrightness {
 
     readonly property int rowHeight: brightnessTitleRowHeight
     property alias titleText: _title.label
+    property alias sliderTouchItem: _slider.touchItem
 
     height: Math.round(_content.y + _content.height)
     held: _minus.pressed || _slider.pressed || _plus.pressed

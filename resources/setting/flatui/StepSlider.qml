@@ -11,6 +11,7 @@ Item {
     property real handleSize: 0
     property alias background: _groove
     property alias handle: _handle
+    property alias touchItem: _area
     readonly property bool pressed: _area.pressed
     readonly property real visualPosition: (Math.max(from, Math.min(to, value)) - from) / (to - from)
 
