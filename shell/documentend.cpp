@@ -1,5 +1,6 @@
 #include "shell/documentend.h"
 
+#include <QtQml/private/qqmlcontext_p.h>
 #include <QtQml/private/qqmldata_p.h>
 
 namespace QSP {

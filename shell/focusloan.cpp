@@ -2,8 +2,6 @@
 
 #include <QtQuick/QQuickWindow>
 
-#include <utility>
-
 namespace QSP {
 
 namespace {
@@ -34,20 +32,19 @@ void FocusLoan::begin()
 
 void FocusLoan::end()
 {
-    const QPointer<QQuickItem> lender = m_lender;
     drop();
     const QQuickItem *focused = focusedBeside(m_root);
-    if (!lender || lender->window() != m_root->window() || !lender->isVisible() || !lender->isEnabled())
-        return;
-    if (!focused || focused->isAncestorOf(m_root))
+    QQuickItem *lender = m_lender;
+    const bool isReady =
+        lender && lender->window() == m_root->window() && lender->isVisible() && lender->isEnabled();
+    if (isReady && (!focused || focused->isAncestorOf(m_root)))
         lender->forceActiveFocus();
 }
 
 void FocusLoan::drop()
 {
-    m_lender = nullptr;
     // The scope may not be active itself: what has the focus in it would get the active focus one day.
-    QQuickItem *scope = m_root->parentItem();
+    const QQuickItem *scope = m_root->parentItem();
     while (scope && !scope->isFocusScope())
         scope = scope->parentItem();
     QQuickItem *focused = scope ? scope->scopedFocusItem() : nullptr;

@@ -20,7 +20,7 @@ public:
     /// The screen was hidden: takes the focus from whatever of it has it. The item of the host gets it back
     /// if it can be seen and operated, unless the host has given the focus to another one in the meantime.
     void end();
-    /// Takes the focus away and forgets whom it came from.
+    /// Takes the focus away and gives it to nobody.
     void drop();
 
 private:
