@@ -4,6 +4,7 @@
 #include "controls/beepbutton.h"
 #include "controls/fieldcolor.h"
 #include "controls/focusloss.h"
+#include "controls/touchmask.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
 #include "shell/vkbmanager.h"
@@ -71,6 +72,7 @@ void CIpInput::componentComplete()
     m_fields = {aliasOf<QQuickTextInput>(this, "ipi0"), aliasOf<QQuickTextInput>(this, "ipi1"),
                 aliasOf<QQuickTextInput>(this, "ipi2"), aliasOf<QQuickTextInput>(this, "ipi3")};
     for (QQuickTextInput *field : m_fields) {
+        TouchMask::cover(field, TouchArea::fingerHeight);
         if (field)
             connect(field, &QQuickItem::activeFocusChanged, this, &CIpInput::onFocusChanged);
     }

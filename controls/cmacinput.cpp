@@ -3,6 +3,7 @@
 #include "controls/beepbutton.h"
 #include "controls/fieldcolor.h"
 #include "controls/focusloss.h"
+#include "controls/touchmask.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
 #include "shell/vkbmanager.h"
@@ -51,6 +52,7 @@ void CMacInput::componentComplete()
     QFont font = m_field->font();
     font.setLetterSpacing(QFont::PercentageSpacing, 130.0);
     m_field->setFont(font);
+    TouchMask::cover(m_field);
     connect(m_field, &QQuickTextInput::accepted, this, &CMacInput::onAccepted);
     connect(m_field, &QQuickItem::activeFocusChanged, this, &CMacInput::onFocusChanged);
     // The toolkit leaves the focus, and with it the keyboard, to a field that nobody sees any more.

@@ -1,9 +1,26 @@
 #include "host/glass.h"
 
 #include <qpa/qwindowsysteminterface.h>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 #include <QtGui/QScreen>
 
 namespace Glass {
+
+namespace {
+
+constexpr int longestFrame = 10000;
+
+} // namespace
+
+bool awaitFrame(QQuickWindow *window)
+{
+    QEventLoop loop;
+    QObject::connect(window, &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
+    QTimer::singleShot(longestFrame, &loop, [&loop] { loop.exit(1); });
+    window->update();
+    return loop.exec() == 0;
+}
 
 QImage picture(QQuickWindow *window)
 {

@@ -9,7 +9,10 @@
 /// What is sent here takes the way that a real device's events take.
 namespace Glass {
 
-/// What the window shows.
+/// Waits for a frame that shows everything done to the scene so far. False when none comes.
+bool awaitFrame(QQuickWindow *window);
+
+/// What the window shows: what was painted last.
 QImage picture(QQuickWindow *window);
 
 /// The pointer is at @p position with @p buttons down; @p changed is the one that made the difference, if any.

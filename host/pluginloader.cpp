@@ -17,7 +17,7 @@ QString PluginLoader::ownLibrary()
 {
     QString name = QStringLiteral(PANEL_PLUGIN_NAME);
     const QDir here(QCoreApplication::applicationDirPath());
-    for (const char *place : {PANEL_PLUGIN_IN_BUILD_TREE, PANEL_PLUGIN_INSTALLED, "."}) {
+    for (const char *place : {PANEL_PLUGIN_DIRECTORY, "."}) {
         const QFileInfo file(here.filePath(QString::fromLatin1(place)), name);
         if (file.exists())
             return file.absoluteFilePath();
@@ -27,7 +27,8 @@ QString PluginLoader::ownLibrary()
 
 std::shared_ptr<ISystemSet> PluginLoader::load(const QString &file)
 {
-    const bool isPath = file.contains(QLatin1Char('/')) || QFileInfo::exists(file);
+    // A mere name never means the current directory, where anybody may have put something.
+    const bool isPath = file.contains(QLatin1Char('/'));
     if (isPath && !QFileInfo(file).isFile()) {
         m_error = QStringLiteral("there is no file %1").arg(file);
         return {};
@@ -35,6 +36,8 @@ std::shared_ptr<ISystemSet> PluginLoader::load(const QString &file)
     m_library.setFileName(isPath ? QFileInfo(file).absoluteFilePath() : file);
     if (!m_library.load()) {
         m_error = m_library.errorString();
+        if (!isPath)
+            m_error += QStringLiteral("; for a file of the current directory write ./%1").arg(file);
         return {};
     }
 

@@ -21,7 +21,8 @@ public:
     static QString ownLibrary();
 
     /// The settings screen, still without a single item; null when @p file
-    /// offers none, which errorString() then explains.
+    /// offers none, which errorString() then explains. A name without a slash
+    /// is left to the system, which searches its own directories for it.
     std::shared_ptr<ISystemSet> load(const QString &file);
     QString errorString() const { return m_error; }
 

@@ -50,7 +50,7 @@ void AddressRules::updateNetInfo(NIC nic) const
     if (!systemSet().isNicEnabled(nic))
         return;
     updateDisplay(nic);
-    CardLinks::reloadDns();
+    CardLinks::reloadDns(m_card);
 }
 
 } // namespace QSP

@@ -13,7 +13,7 @@ namespace {
 constexpr int narrowBelow = 800;
 // With so many, what comes after them is only their consequence.
 constexpr int mostProblems = 5;
-// Time for what was last done to be painted before the picture is taken.
+// Time for what was last done to move to its place before the picture is taken.
 constexpr int settling = 50;
 
 class Album
@@ -78,6 +78,8 @@ bool walkTour(QQuickWindow *window, const QString &directory)
         for (const auto &action : stop.actions)
             action(visitor);
         Visitor::pause(settling);
+        if (!Glass::awaitFrame(window))
+            report(name, QStringLiteral("the panel is not painted"));
         if (!album.save(Glass::picture(window), name))
             report(name, QStringLiteral("the picture cannot be saved"));
         const QStringList problems = visitor.takeProblems();

@@ -4,6 +4,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStyleHints>
@@ -188,6 +189,11 @@ void Visitor::tap(QQuickItem *item, const QString &name)
         return complain(QStringLiteral("there is no \"%1\" to tap").arg(name));
     if (!item->isEnabled())
         return complain(QStringLiteral("\"%1\" is disabled").arg(name));
+    // Items find their places while they are painted.
+    const QPointer<QQuickItem> found(item);
+    Glass::awaitFrame(m_window);
+    if (!found)
+        return complain(QStringLiteral("\"%1\" went before it was tapped").arg(name));
     bringIntoView(item);
     const QPoint point = centerOf(item);
     if (!QRect(QPoint(), m_window->size()).contains(point))

@@ -3,6 +3,7 @@
 #include "simulator/callbackthread.h"
 #include "simulator/journal.h"
 #include "simulator/panel.h"
+#include "simulator/panelclock.h"
 
 #include <mutex>
 #include <random>
@@ -25,6 +26,7 @@ public:
     template <class Edit> auto write(Edit edit)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
+        const PanelClock::Follower clock(m_panel);
         return edit(m_panel);
     }
     /// Another panel: everything under way is forgotten first.

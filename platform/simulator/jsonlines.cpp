@@ -8,14 +8,17 @@
 
 namespace HmiSimulator {
 
+namespace {
+
+const char ByteOrderMark[] = "\xEF\xBB\xBF";
+
+} // namespace
+
 JsonLines::JsonLines(QByteArray json) : m_json(std::move(json))
 {
-    value({});
-}
-
-int JsonLines::lineOf(const Path &path) const
-{
-    return m_lines.value(path, 1);
+    if (m_json.startsWith(ByteOrderMark))
+        m_at = static_cast<int>(std::strlen(ByteOrderMark));
+    value(m_root);
 }
 
 int JsonLines::lineAt(const QByteArray &json, int offset)
@@ -23,18 +26,18 @@ int JsonLines::lineAt(const QByteArray &json, int offset)
     return 1 + json.left(offset).count('\n');
 }
 
-void JsonLines::value(const Path &path)
+void JsonLines::value(Place &place)
 {
     skipBlanks();
     switch (peek()) {
     case '{':
-        object(path);
+        object(place);
         break;
     case '[':
-        list(path);
+        list(place);
         break;
     case '"':
-        string();
+        skipString();
         break;
     default:
         while (m_at < m_json.size() && std::strchr(",]} \t\r\n", peek()) == nullptr)
@@ -43,16 +46,17 @@ void JsonLines::value(const Path &path)
     skipBlanks();
 }
 
-void JsonLines::object(const Path &path)
+void JsonLines::object(Place &place)
 {
     ++m_at;
     skipBlanks();
     while (peek() == '"') {
         const int line = m_line;
-        const Path member = path + QStringList(string());
-        if (m_lines.contains(member))
-            m_repeated.append(member);
-        m_lines.insert(member, line);
+        const QString key = takeString();
+        if (!m_repeated && place.members.contains(key))
+            m_repeated = Repeated{key, line};
+        Place &member = place.members[key];
+        member = {line, {}, {}};
         skipBlanks();
         ++m_at; // the colon
         value(member);
@@ -63,14 +67,13 @@ void JsonLines::object(const Path &path)
     ++m_at;
 }
 
-void JsonLines::list(const Path &path)
+void JsonLines::list(Place &place)
 {
     ++m_at;
     skipBlanks();
-    for (int index = 0; m_at < m_json.size() && peek() != ']'; ++index) {
-        const Path element = path + QStringList(QString::number(index));
-        m_lines.insert(element, m_line);
-        value(element);
+    while (m_at < m_json.size() && peek() != ']') {
+        place.elements.append({m_line, {}, {}});
+        value(place.elements.last());
         if (peek() == ',')
             ++m_at;
         skipBlanks();
@@ -78,15 +81,23 @@ void JsonLines::list(const Path &path)
     ++m_at;
 }
 
-QString JsonLines::string()
+QString JsonLines::takeString()
 {
-    const int begin = m_at++;
+    const int begin = m_at;
+    skipString();
+    const QByteArray text = QByteArray::fromRawData(m_json.constData() + begin, m_at - begin);
+    if (!text.contains('\\'))
+        return QString::fromUtf8(text.constData() + 1, text.size() - 2);
+    // The document's own reader knows all escapes.
+    return QJsonDocument::fromJson('[' + text + ']').array().at(0).toString();
+}
+
+void JsonLines::skipString()
+{
+    ++m_at;
     while (m_at < m_json.size() && peek() != '"')
         m_at += peek() == '\\' ? 2 : 1;
     ++m_at;
-    // Keys may be written with escapes; the document's own reader knows them all.
-    const QByteArray list = '[' + m_json.mid(begin, m_at - begin) + ']';
-    return QJsonDocument::fromJson(list).array().at(0).toString();
 }
 
 void JsonLines::skipBlanks()

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QtCore/QByteArray>
-#include <QtCore/QHash>
-#include <QtCore/QStringList>
+#include <QtCore/QMap>
+#include <QtCore/QString>
 #include <QtCore/QVector>
+
+#include <optional>
 
 namespace HmiSimulator {
 
@@ -11,32 +13,45 @@ namespace HmiSimulator {
 class JsonLines
 {
 public:
-    /// The way to a value: keys and list indexes ("wifi", "networks", "3").
-    using Path = QStringList;
+    /// A value: the line of its key (or of the list element), counted from 1, and what stands in it.
+    struct Place {
+        int line = 1;
+        QMap<QString, Place> members; ///< of an object
+        QVector<Place> elements;      ///< of a list
 
-    /// @p json must be well formed.
+        /// Where @p key or an element stands; for what is not there a place in the same line.
+        Place at(const QString &key) const { return members.value(key, {line, {}, {}}); }
+        Place at(int index) const { return elements.value(index, {line, {}, {}}); }
+    };
+    /// A key that stands in its object for a second time: QJsonDocument silently takes the last one.
+    struct Repeated {
+        QString key;
+        int line;
+    };
+
+    /// @p json must be well formed, and not nested deeper than the stack can follow.
     explicit JsonLines(QByteArray json);
 
-    /// Line of the key (or list element) at @p path, counted from 1; 1 for what is not there.
-    int lineOf(const Path &path) const;
-    /// Keys that stand twice in one object: QJsonDocument silently takes the last one.
-    const QVector<Path> &repeated() const { return m_repeated; }
+    const Place &root() const { return m_root; }
+    /// The first in the text, if there is one.
+    const std::optional<Repeated> &repeated() const { return m_repeated; }
 
     static int lineAt(const QByteArray &json, int offset);
 
 private:
-    void value(const Path &path);
-    void object(const Path &path);
-    void list(const Path &path);
-    QString string();
+    void value(Place &place);
+    void object(Place &place);
+    void list(Place &place);
+    QString takeString();
+    void skipString();
     void skipBlanks();
     char peek() const { return m_at < m_json.size() ? m_json.at(m_at) : '\0'; }
 
     QByteArray m_json;
     int m_at = 0;
     int m_line = 1;
-    QHash<Path, int> m_lines;
-    QVector<Path> m_repeated;
+    Place m_root;
+    std::optional<Repeated> m_repeated;
 };
 
 } // namespace HmiSimulator

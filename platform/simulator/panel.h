@@ -139,7 +139,7 @@ struct Panel {
     bool buzzer = true;
     int language = HMI::SystemSet::ENGLISH;
     std::string serialNumber;
-    long long clockOffset = 0;         ///< seconds that the panel's clock is ahead of the machine's
+    long long clockOffset = 0; ///< seconds that the panel's clock is ahead of the machine's, see panelclock.h
     long long hardwareClockOffset = 0; ///< the same for the hardware clock, set by syncHwclock()
     Delays delays;
     Faults faults;

@@ -3,6 +3,8 @@
 #include "simulator/addressing.h"
 #include "simulator/defaultpanel.h"
 #include "simulator/jsonlines.h"
+#include "simulator/jsonsize.h"
+#include "simulator/scenarioreading.h"
 #include "simulator/scenariosection.h"
 #include "simulator/simulator.h"
 #include "simulator/wifineighbourhood.h"
@@ -11,7 +13,6 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 
-#include <algorithm>
 #include <limits>
 
 namespace HmiSimulator {
@@ -262,9 +263,9 @@ void bringUp(Panel &panel)
     }
 }
 
-void readPanel(const QJsonObject &object, Panel &panel, Problems &problems)
+void readPanel(const QJsonObject &object, const JsonLines &lines, Panel &panel, ScenarioReading &reading)
 {
-    ScenarioSection root(object, {}, problems);
+    ScenarioSection root(object, lines.root(), reading);
     root.readComment();
     readAdapters(root, panel);
     readWifi(root.section("wifi"), panel.wifi);
@@ -288,6 +289,8 @@ Scenario readScenario(const std::string &json, const std::string &name)
     if (json.size() > MaximumFileBytes)
         return refusal(name, 1, QStringLiteral("is larger than 4 MiB"));
     const QByteArray text = QByteArray::fromStdString(json);
+    if (const std::optional<JsonExcess> excess = excessOf(text))
+        return refusal(name, excess->line, excess->reason);
     QJsonParseError parsing;
     const QJsonDocument document = QJsonDocument::fromJson(text, &parsing);
     if (parsing.error != QJsonParseError::NoError) {
@@ -298,18 +301,15 @@ Scenario readScenario(const std::string &json, const std::string &name)
         return refusal(name, 1, QStringLiteral("a scenario must be an object"));
 
     Panel panel = defaultPanel();
-    Problems problems;
-    readPanel(document.object(), panel, problems);
     const JsonLines lines(text);
-    for (const QStringList &path : lines.repeated())
-        problems.append({path, QStringLiteral("key \"%1\" stands twice").arg(path.last())});
-    if (!problems.isEmpty()) {
-        const auto first = std::min_element(problems.cbegin(), problems.cend(),
-                                            [&lines](const Problem &a, const Problem &b) {
-                                                return lines.lineOf(a.path) < lines.lineOf(b.path);
-                                            });
-        return refusal(name, lines.lineOf(first->path), first->reason);
+    ScenarioReading reading;
+    readPanel(document.object(), lines, panel, reading);
+    if (const auto &repeated = lines.repeated()) {
+        reading.refuse(repeated->line,
+                       QStringLiteral("key %1 stands twice").arg(ScenarioReading::quoted(repeated->key)));
     }
+    if (const auto &problem = reading.problem())
+        return refusal(name, problem->line, problem->reason);
     return {panel, {}};
 }
 

@@ -1,15 +1,23 @@
 #include "simulator/scenariosection.h"
 
+#include "simulator/scenarioreading.h"
+
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace HmiSimulator {
 
 namespace {
 
 constexpr int MaximumRepeat = 100000;
+constexpr int LongestAddress = 15; // "255.255.255.255"
+constexpr int HardwareAddressLength = 17;
 
 std::optional<HMI::IP> addressFrom(const QString &text)
 {
+    if (text.size() > LongestAddress)
+        return std::nullopt;
     const QStringList parts = text.split(QLatin1Char('.'));
     if (parts.size() != 4)
         return std::nullopt;
@@ -36,16 +44,18 @@ std::optional<QByteArray> bytesFrom(const QString &hex)
 
 } // namespace
 
-ScenarioSection::ScenarioSection(QJsonObject object, QStringList path, Problems &problems)
-    : m_object(std::move(object)), m_path(std::move(path)), m_problems(problems)
+ScenarioSection::ScenarioSection(QJsonObject object, JsonLines::Place place, ScenarioReading &reading)
+    : m_object(std::move(object)), m_place(std::move(place)), m_reading(reading)
 {}
 
 ScenarioSection::~ScenarioSection()
 {
-    const QStringList keys = m_object.keys();
-    for (const QString &key : keys) {
-        if (!m_taken.contains(key))
-            m_problems.append({m_path + QStringList(key), QStringLiteral("unknown key \"%1\"").arg(key)});
+    const auto &members = m_place.members;
+    for (auto member = members.begin(); member != members.end(); ++member) {
+        const auto isMember = [&member](QLatin1String taken) { return taken == member.key(); };
+        if (m_reading.wouldKeep(member->line) && std::none_of(m_taken.begin(), m_taken.end(), isMember))
+            m_reading.refuse(member->line,
+                             QStringLiteral("unknown key ") + ScenarioReading::quoted(member.key()));
     }
 }
 
@@ -102,44 +112,54 @@ void ScenarioSection::read(const char *key, HMI::MAC &value)
     if (found.isUndefined())
         return;
     const QString text = found.toString();
-    const std::optional<QByteArray> bytes = bytesFrom(QString(text).remove(QLatin1Char(':')));
-    if (text.count(QLatin1Char(':')) != 5 || !bytes || bytes->size() != 6)
-        refuse(key, QStringLiteral("must be a hardware address like \"02:1B:44:11:3A:B7\""));
-    else
+    std::optional<QByteArray> bytes;
+    if (text.size() == HardwareAddressLength && text.count(QLatin1Char(':')) == 5)
+        bytes = bytesFrom(QString(text).remove(QLatin1Char(':')));
+    if (bytes && bytes->size() == static_cast<int>(value.size()))
         std::copy(bytes->begin(), bytes->end(), value.begin());
+    else
+        refuse(key, QStringLiteral("must be a hardware address like \"02:1B:44:11:3A:B7\""));
 }
 
 void ScenarioSection::readBytes(const char *key, std::string &value, int maximum)
 {
-    const QJsonValue found = take(key);
-    if (found.isUndefined())
+    if (!has(key))
         return;
-    QByteArray bytes;
-    if (found.isString()) {
-        bytes = found.toString().toUtf8();
-    } else if (found.isObject()) {
-        ScenarioSection parts(found.toObject(), m_path + QStringList(QLatin1String(key)), m_problems);
-        if (parts.has("hex")) {
-            const std::optional<QByteArray> decoded = bytesFrom(parts.take("hex").toString());
-            if (!decoded)
-                parts.refuse("hex", QStringLiteral("must be pairs of hexadecimal digits"));
-            bytes = decoded.value_or(QByteArray());
-        } else {
-            int repeat = 1;
-            parts.read("repeat", repeat, 0, MaximumRepeat);
-            const QJsonValue text = parts.take("text");
-            if (!text.isString())
-                refuse(key, QStringLiteral("needs \"hex\" or \"text\", each a text"));
-            bytes = text.toString().toUtf8().repeated(repeat);
-        }
+    int repeat = 1;
+    const QByteArray bytes = takeBytes(key, repeat);
+    const qint64 size = static_cast<qint64>(bytes.size()) * repeat;
+    if (size > maximum) {
+        refuse(key, QStringLiteral("has %1 bytes, may have %2").arg(size).arg(maximum));
+    } else if (!m_reading.takeRoom(size)) {
+        refuse(key, QStringLiteral("makes the texts of the scenario longer than %1 bytes")
+                        .arg(ScenarioReading::MaximumText));
     } else {
-        refuse(key, QStringLiteral("must be a text, or an object with \"hex\" or \"text\""));
-        return;
+        value = bytes.repeated(repeat).toStdString();
     }
-    if (bytes.size() > maximum)
-        refuse(key, QStringLiteral("has %1 bytes, may have %2").arg(bytes.size()).arg(maximum));
-    else
-        value = bytes.toStdString();
+}
+
+/// The bytes that stand at @p key in one of their three forms, and how often they are meant.
+QByteArray ScenarioSection::takeBytes(const char *key, int &repeat)
+{
+    const QJsonValue found = take(key);
+    if (found.isString())
+        return found.toString().toUtf8();
+    if (!found.isObject()) {
+        refuse(key, QStringLiteral("must be a text, or an object with \"hex\" or \"text\""));
+        return {};
+    }
+    ScenarioSection parts(found.toObject(), m_place.at(QLatin1String(key)), m_reading);
+    if (parts.has("hex")) {
+        const std::optional<QByteArray> decoded = bytesFrom(parts.take("hex").toString());
+        if (!decoded)
+            parts.refuse("hex", QStringLiteral("must be pairs of hexadecimal digits"));
+        return decoded.value_or(QByteArray());
+    }
+    parts.read("repeat", repeat, 0, MaximumRepeat);
+    const QJsonValue text = parts.take("text");
+    if (!text.isString())
+        refuse(key, QStringLiteral("needs \"hex\" or \"text\", each a text"));
+    return text.toString().toUtf8();
 }
 
 void ScenarioSection::readChoice(const char *key, int &value, const QStringList &names)
@@ -179,32 +199,34 @@ QJsonArray ScenarioSection::list(const char *key, int minimum, int maximum)
 ScenarioSection ScenarioSection::section(const char *key)
 {
     const QJsonValue found = take(key);
-    return nested(m_path + QStringList(QLatin1String(key)),
-                  found.isUndefined() ? QJsonValue(QJsonObject()) : found);
+    const QString name = QLatin1String(key);
+    return nested(name, found.isUndefined() ? QJsonValue(QJsonObject()) : found, m_place.at(name));
 }
 
 ScenarioSection ScenarioSection::element(const char *list, int index, const QJsonValue &value)
 {
-    return nested(m_path + QStringList{QLatin1String(list), QString::number(index)}, value);
+    return nested(QString::number(index), value, m_place.at(QLatin1String(list)).at(index));
 }
 
-ScenarioSection ScenarioSection::nested(const QStringList &path, const QJsonValue &value)
+ScenarioSection ScenarioSection::nested(const QString &name, const QJsonValue &value,
+                                        const JsonLines::Place &place)
 {
     if (!value.isObject())
-        m_problems.append({path, QStringLiteral("\"%1\" must be an object").arg(path.last())});
-    return ScenarioSection(value.toObject(), path, m_problems);
+        m_reading.refuse(place.line, QStringLiteral("\"%1\" must be an object").arg(name));
+    return ScenarioSection(value.toObject(), place, m_reading);
 }
 
 void ScenarioSection::refuse(const char *key, const QString &reason)
 {
-    m_problems.append({m_path + QStringList(QLatin1String(key)),
-                       QLatin1Char('"') + QLatin1String(key) + QLatin1String("\" ") + reason});
+    m_reading.refuse(m_place.at(QLatin1String(key)).line,
+                     QLatin1Char('"') + QLatin1String(key) + QLatin1String("\" ") + reason);
 }
 
 QJsonValue ScenarioSection::take(const char *key)
 {
-    const QString name = QLatin1String(key);
-    m_taken.insert(name);
+    const QLatin1String name(key);
+    if (!m_taken.contains(name))
+        m_taken.append(name);
     return m_object.value(name);
 }
 

@@ -2,22 +2,17 @@
 
 #include "hmi/systemset.h"
 
+#include "simulator/jsonlines.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
-#include <QtCore/QSet>
 #include <QtCore/QVector>
 
-#include <optional>
 #include <string>
 
 namespace HmiSimulator {
 
-/// What is wrong with a scenario, and where.
-struct Problem {
-    QStringList path;
-    QString reason;
-};
-using Problems = QVector<Problem>;
+class ScenarioReading;
 
 /// One object of a scenario. Each reader takes a key when it is there, checks
 /// type and range, and leaves the value as it was when something is wrong.
@@ -25,7 +20,7 @@ using Problems = QVector<Problem>;
 class ScenarioSection
 {
 public:
-    ScenarioSection(QJsonObject object, QStringList path, Problems &problems);
+    ScenarioSection(QJsonObject object, JsonLines::Place place, ScenarioReading &reading);
     ~ScenarioSection();
     ScenarioSection(const ScenarioSection &) = delete;
     ScenarioSection &operator=(const ScenarioSection &) = delete;
@@ -36,7 +31,8 @@ public:
     void read(const char *key, long long &value, long long minimum, long long maximum);
     void read(const char *key, HMI::IP &value);
     void read(const char *key, HMI::MAC &value);
-    /// Raw bytes: "text", {"hex": "D7B0"} or {"text": "AB", "repeat": 1000}; @p maximum bytes.
+    /// Raw bytes: "text", {"hex": "D7B0"} or {"text": "AB", "repeat": 1000}; @p maximum bytes. What is
+    /// too long is never made.
     void readBytes(const char *key, std::string &value, int maximum);
     /// One of @p names; the value is its place.
     void readChoice(const char *key, int &value, const QStringList &names);
@@ -48,16 +44,16 @@ public:
     ScenarioSection element(const char *list, int index, const QJsonValue &value);
 
     void refuse(const char *key, const QString &reason);
-    QStringList keys() const { return m_object.keys(); }
 
 private:
     QJsonValue take(const char *key);
-    ScenarioSection nested(const QStringList &path, const QJsonValue &value);
+    QByteArray takeBytes(const char *key, int &repeat);
+    ScenarioSection nested(const QString &name, const QJsonValue &value, const JsonLines::Place &place);
 
     QJsonObject m_object;
-    QStringList m_path;
-    Problems &m_problems;
-    QSet<QString> m_taken;
+    JsonLines::Place m_place;
+    ScenarioReading &m_reading;
+    QVector<QLatin1String> m_taken;
 };
 
 } // namespace HmiSimulator

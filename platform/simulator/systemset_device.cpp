@@ -2,8 +2,6 @@
 
 #include "simulator/servicecall.h"
 
-#include <ctime>
-
 using namespace HmiSimulator;
 
 namespace HMI {
@@ -21,7 +19,7 @@ bool SystemSet::setSystemTime(long seconds)
     return core().write([seconds](Panel &panel) {
         if (panel.faults.clockRefused || seconds < 0 || seconds > LatestTime)
             return false;
-        panel.clockOffset = static_cast<long long>(seconds) - static_cast<long long>(std::time(nullptr));
+        panel.clockOffset = seconds - PanelClock::machineSeconds();
         return true;
     });
 }

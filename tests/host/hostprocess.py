@@ -21,11 +21,12 @@ def environment(**changes):
     return result
 
 
-def run(*options, timeout=60, **changes):
+def run(*options, timeout=60, cwd=None, **changes):
     """Runs the host to its end; returns its exit code and what it said on stdout and stderr."""
     done = subprocess.run(
         [HOST, *options],
         env=environment(**changes),
+        cwd=cwd,
         stdin=subprocess.DEVNULL,
         capture_output=True,
         encoding="utf-8",

@@ -1,10 +1,20 @@
 """The host says clearly what is wrong with what it was asked for, and fails."""
 
+import os
 import pathlib
+import re
+import shutil
+import subprocess
 import unittest
 
 import hostprocess
-from hostprocess import PLUGIN, SERVICE, run
+from hostprocess import HOST, PLUGIN, SERVICE, run
+
+
+def needed_by(file):
+    """The names of the libraries that a program or library asks the dynamic linker for."""
+    listing = subprocess.run([os.environ["READELF"], "-d", file], check=True, capture_output=True, text=True).stdout
+    return set(re.findall(r"\(NEEDED\)[^[]*\[(.*)\]", listing))
 
 
 class Options(unittest.TestCase):
@@ -82,6 +92,27 @@ class Libraries(unittest.TestCase):
 
     def test_name_that_the_system_does_not_know(self):
         self.assert_no_screen("libnosuchscreen.so", "libnosuchscreen.so")
+
+    def test_mere_name_is_no_file_of_the_current_directory(self):
+        with hostprocess.temporary_directory() as directory:
+            shutil.copy(SERVICE, pathlib.Path(directory, "planted.so"))
+            code, _, err = run("--library", "planted.so", cwd=directory, QT_QPA_PLATFORM="offscreen")
+            self.assertEqual(code, 1, err)
+            self.assertIn("write ./planted.so", err)
+            # It could have been loaded: with a path it is.
+            _, _, err = run("--library", "./planted.so", cwd=directory, QT_QPA_PLATFORM="offscreen")
+            self.assertIn("no plug-in", err)
+
+    def test_nothing_comes_from_the_current_directory(self):
+        names = {"libpanelsettings.so", "libqvkbpluginloader.so"} | needed_by(HOST) | needed_by(PLUGIN)
+        self.assertIn("libQt5Network.so.5", names)
+        self.assertIn("libhmisystemset.so", names)
+        with hostprocess.temporary_directory() as directory:
+            for name in names:
+                pathlib.Path(directory, name).write_bytes(b"planted")
+            # The screen is loaded and built before the tour finds no place for its pictures.
+            _, _, err = run("--tour", "libpanelsettings.so/album", cwd=directory)
+            self.assertIn("cannot be made", err)
 
 
 class Scenarios(unittest.TestCase):

@@ -159,7 +159,6 @@ void TestKeyboardGeometry::pictures()
     KeyboardFixture fixture(screen);
     QVERIFY(QTest::qWaitForWindowExposed(&fixture.window));
     const auto save = [&](const QString &what) {
-        QTest::qWait(30);
         const QImage picture = Operator::picture(&fixture.window);
         QCOMPARE(picture.size(), screen);
         // The panel's own colour in its corner, and white keys: it was drawn, and where it should be.

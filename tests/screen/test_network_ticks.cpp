@@ -53,14 +53,14 @@ void TestNetworkTicks::ticks()
     stopAll();
     NetworkPage::expire(timer);
     stopAll();
-    QTest::qWait(300);
+    Operator::settle(300);
 
     const int objects = page.screen().root()->findChildren<QObject *>().size();
     HmiSimulator::clearJournal();
     QSignalSpy frames(page.window(), SIGNAL(afterRendering()));
     for (int i = 0; i < 10000; ++i)
         NetworkPage::expire(timer);
-    QTest::qWait(200);
+    Operator::settle(200);
     QCOMPARE(frames.count(), 0);
     QCOMPARE(page.screen().root()->findChildren<QObject *>().size(), objects);
     QCOMPARE(Journal::calls(), QStringList());

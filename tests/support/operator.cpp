@@ -1,7 +1,10 @@
 #include "tests/support/operator.h"
 
+#include <QtCore/QPointer>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QTouchDevice>
+#include <QtQuick/private/qquickwindow_p.h>
 #include <QtTest/QtTest>
 
 namespace Operator {
@@ -33,6 +36,19 @@ bool isOnGlass(const QQuickItem *item)
         return false;
     const QRectF glass(QPointF(), QSizeF(item->window()->size()));
     return glass.contains(QPointF(centerOf(item)));
+}
+
+// Nobody waits that long for a frame but on a machine that stands still.
+constexpr int longestFrame = 10000;
+// Settling may change what else is painted, but not for ever; what never ends is an animation.
+constexpr int mostFramesToSettle = 10;
+
+bool hasToPaint(QQuickWindow *window)
+{
+    if (!window->isExposed())
+        return false;
+    const QQuickWindowPrivate *scene = QQuickWindowPrivate::get(window);
+    return scene->dirtyItemList != nullptr || !scene->itemsToPolish.isEmpty() || scene->updateRequestPending;
 }
 
 } // namespace
@@ -160,14 +176,32 @@ QQuickItem *ancestorOf(QQuickItem *item, const char *className)
     return item;
 }
 
+void awaitFrame(QQuickWindow *window)
+{
+    bool isPainted = false;
+    QObject context;
+    QObject::connect(window, &QQuickWindow::frameSwapped, &context, [&isPainted] { isPainted = true; });
+    window->update();
+    QVERIFY2(QTest::qWaitFor([&isPainted] { return isPainted; }, longestFrame), "the window is not painted");
+}
+
 QImage picture(QQuickWindow *window)
 {
+    awaitFrame(window);
     return window->screen()->grabWindow(window->winId()).toImage();
 }
 
 void settle(int milliseconds)
 {
     QTest::qWait(milliseconds);
+    QVector<QPointer<QQuickWindow>> windows;
+    const QWindowList all = QGuiApplication::topLevelWindows();
+    for (QWindow *window : all)
+        windows << qobject_cast<QQuickWindow *>(window);
+    for (const QPointer<QQuickWindow> &window : qAsConst(windows)) {
+        for (int i = 0; window && i < mostFramesToSettle && hasToPaint(window); ++i)
+            awaitFrame(window);
+    }
 }
 
 } // namespace Operator

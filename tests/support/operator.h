@@ -40,10 +40,14 @@ QStringList visibleTexts(QQuickItem *root);
 /// The nearest ancestor (or the item itself) whose class inherits @p className, for example a button of a text.
 QQuickItem *ancestorOf(QQuickItem *item, const char *className);
 
-/// What is on the glass.
+/// Waits for a frame that shows everything done to the scene so far. Fails the test when none comes.
+void awaitFrame(QQuickWindow *window);
+/// What is on the glass when everything done to the scene so far has been painted.
 QImage picture(QQuickWindow *window);
 
-/// Lets the event loop run until the window has nothing more to do, at most @p milliseconds.
+/// Lets the event loop run for @p milliseconds, and then until what is to be painted has been painted,
+/// however busy the machine is: places and sizes that follow from others are settled while painting. A
+/// window that has nothing to paint is not made to paint.
 void settle(int milliseconds = 50);
 
 } // namespace Operator

@@ -1,0 +1,19 @@
+# A program or library that is installed, with the search path that it has there.
+#
+# The build tree has the shape of an installation (libraries in one directory, programs one level below the
+# top), so that one relative path serves both and nothing is rewritten on installing. A path that CMake is to
+# rewrite ends in a colon, and the empty entry behind a colon is, to the dynamic linker, the current directory.
+function(panel_install target)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE")
+        set(search_path "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    else()
+        set(search_path "$ORIGIN")
+    endif()
+    set_target_properties(${target} PROPERTIES
+        LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}
+        BUILD_WITH_INSTALL_RPATH ON
+        INSTALL_RPATH "${search_path}")
+    install(TARGETS ${target}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endfunction()
