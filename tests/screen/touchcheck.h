@@ -2,6 +2,8 @@
 
 #include "tests/screen/screenfixture.h"
 
+#include <QtCore/QPointer>
+
 /// Where on the glass a touch counts, control by control: those of the popup in front, else those of the page.
 class TouchCheck
 {
@@ -41,4 +43,5 @@ private:
 
     const ScreenFixture &m_fixture;
     QQuickItem *m_pool;
+    mutable QPointer<QQuickItem> m_keyboard; // made once for the window
 };
