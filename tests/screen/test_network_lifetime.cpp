@@ -29,8 +29,9 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten_data()
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("end");
     for (const char *field : {"IP Address", "Default Gateway", "DNS 1", "DNS 2"}) {
-        for (const char *end : {"root deleted", "window deleted", "root hidden", "closed", "root detached",
-                                "root in another window", "item around the root detached"})
+        for (const char *end :
+             {"root deleted", "window deleted", "root hidden", "closed", "root detached",
+              "root in another window", "item around the root detached", "item around the root deleted"})
             QTest::newRow(qPrintable(QString("%1, %2").arg(field, end))) << field << end;
     }
 }
@@ -60,6 +61,8 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten()
         root->setParentItem(nullptr);
     else if (end == "root in another window")
         root->setParentItem(another.contentItem());
+    else if (end == "item around the root deleted")
+        delete around;
     else if (end == "item around the root detached")
         around->setParentItem(nullptr);
     else
