@@ -181,6 +181,12 @@ template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *root, QQuickItem *c
         return;
     // On a narrow screen it takes the place, and the taps, of the arrow that leads to the menu.
     if (QQuickItem *toMenu = root->returnButton()) {
+        // The same arrow beneath would hide that this one is pressed.
+        const QList<QQuickItem *> beneath = toMenu->childItems();
+        for (QQuickItem *arrow : beneath) {
+            QObject::connect(button, &QQuickItem::visibleChanged, arrow,
+                             [button, arrow] { arrow->setVisible(!button->isVisible()); });
+        }
         button->setParentItem(toMenu);
         QQuickItemPrivate::get(button)->anchors()->setFill(toMenu);
     }

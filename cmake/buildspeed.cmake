@@ -1,17 +1,23 @@
 # What makes a build from nothing short: headers that nearly every file reads are read once.
 # A build without it (the preset "analysis") shows whether each file includes what it uses.
 
-# Precompiles HEADERS for the files of TARGET.
+# Lets a compiler cache take part in what is built with precompiled headers.
+function(panel_cacheable target)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+        target_compile_options(${target} PRIVATE -fpch-preprocess)
+    endif()
+endfunction()
+
+# Precompiles the named headers for the files of TARGET.
 function(panel_precompile target)
     target_precompile_headers(${target} PRIVATE ${ARGN})
-    # Lets a compiler cache take part.
-    target_compile_options(${target} PRIVATE -fpch-preprocess)
+    panel_cacheable(${target})
 endfunction()
 
 # Uses in TARGET the headers that were precompiled for OTHER.
 function(panel_reuse_precompiled target other)
     target_precompile_headers(${target} REUSE_FROM ${other})
-    target_compile_options(${target} PRIVATE -fpch-preprocess)
+    panel_cacheable(${target})
 endfunction()
 
 # What the classes of the screen and of the keyboard, and their tests, are made of.

@@ -8,11 +8,26 @@
 
 namespace QSP {
 
+namespace {
+
+constexpr qreal pressedOpacity = 0.6;
+
+} // namespace
+
 bool BeepButton::_isBuzzerOn = false;
 
 BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
 {
+    // Neither by a press, which would end an edit and move things under the finger before there is a click,
+    // nor by the tab key, for which a button that can only be pressed is no place to stop.
+    setFocusPolicy(Qt::NoFocus);
     connect(this, &QQuickAbstractButton::clicked, this, &BeepButton::onClickEvent);
+}
+
+void BeepButton::fadeWhilePressed(QQuickItem *look)
+{
+    connect(this, &QQuickAbstractButton::pressedChanged, look,
+            [this, look] { look->setOpacity(isPressed() ? pressedOpacity : 1.0); });
 }
 
 bool BeepButton::isBuzzerOn()
@@ -38,14 +53,17 @@ void BeepButton::beepIfOn()
 
 void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    mousePressEvent(event);
+    // Windows tell the second press of two quick ones as a press and then, on top of it, as a double
+    // click. Whoever forwards events by hand may leave out the former.
+    if (!isPressed())
+        mousePressEvent(event);
 }
 
 void BeepButton::onClickEvent()
 {
     beepIfOn();
     if (m_autoCloseVkb)
-        VkbManager::instance().showVkb(false);
+        VkbManager::instance().endEdit();
 }
 
 } // namespace QSP

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "controls/toucharea.h"
+
 #include <QtQuickTemplates2/private/qquickabstractbutton_p.h>
 
 namespace QSP {
 
-/// The base of everything that can be tapped: beeps, if the panel's keys beep,
-/// and puts the on-screen keyboard away.
+/// The base of everything that can be tapped: a click beeps, if the panel's keys
+/// beep, ends the edit of a field and puts the on-screen keyboard away.
+///
+/// Never takes the focus: until the click the field that is edited keeps it.
 class BeepButton : public QQuickAbstractButton
 {
     Q_OBJECT
@@ -13,8 +17,11 @@ class BeepButton : public QQuickAbstractButton
 public:
     explicit BeepButton(QQuickItem *parent = nullptr);
 
-    /// Whether a click hides the keyboard; true at first.
+    /// Whether a click ends an edit and hides the keyboard; true at first.
     void setAutoCloseVkb(bool autoClose) { m_autoCloseVkb = autoClose; }
+
+    /// Shows that the button is pressed by fading @p look, which may be the button itself.
+    void fadeWhilePressed(QQuickItem *look);
 
     /// Asks the service, and remembers the answer for setBuzzerOn().
     static bool isBuzzerOn();
@@ -24,15 +31,17 @@ public:
     /// One key beep, if the service says that keys beep.
     static void beepIfOn();
 
+    bool contains(const QPointF &point) const override { return m_touchArea.contains(point); }
+
 public slots:
     void onClickEvent();
 
 protected:
-    /// Two quick taps are two taps: the toolkit's button would take the second for a double click and
-    /// say nothing of it.
+    /// Two quick taps are two taps, and each is one, however the second press is delivered.
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
+    TouchArea m_touchArea{this};
     bool m_autoCloseVkb = true;
     static bool _isBuzzerOn;
 };

@@ -21,6 +21,8 @@ BeepSwitch::BeepSwitch(QQuickItem *parent)
     QQuickItemPrivate::get(m_front)->anchors()->setVerticalCenter(
         QQuickItemPrivate::get(this)->verticalCenter());
 
+    // Not the whole switch, whose opacity says whether it is enabled.
+    fadeWhilePressed(m_background);
     connect(this, &QQuickItem::heightChanged, this, [this] { m_background->setRadius(height() * 0.5); });
     connect(this, &QQuickItem::heightChanged, this, &BeepSwitch::resizeFront);
     connect(this, &QQuickAbstractButton::clicked, this, &BeepSwitch::onClickEvent);

@@ -1,13 +1,19 @@
 #include "controls/cipinput.h"
 
+#include "controls/addresstyping.h"
 #include "controls/beepbutton.h"
 #include "controls/fieldcolor.h"
+#include "controls/focusloss.h"
+#include "controls/touchmask.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
 #include "shell/vkbmanager.h"
 
 #include <QtNetwork/QHostAddress>
 #include <QtQuick/private/qquicktextinput_p.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace QSP {
 
@@ -20,6 +26,14 @@ QString dotted(quint32 address)
     return QHostAddress(address).toString();
 }
 
+std::optional<quint32> addressIn(const QString &text)
+{
+    const QHostAddress address(text);
+    if (address.protocol() != QAbstractSocket::IPv4Protocol)
+        return std::nullopt;
+    return address.toIPv4Address();
+}
+
 } // namespace
 
 CIpInput::CIpInput(QQuickItem *parent) : QQuickItem(parent) {}
@@ -27,11 +41,14 @@ CIpInput::CIpInput(QQuickItem *parent) : QQuickItem(parent) {}
 CIpInput::~CIpInput()
 {
     // Leaving the scene changes the input and takes the focus from its fields, all of
-    // which would be told to what is no longer an input.
+    // which would be told to what is no longer an input. The keyboard alone has to know.
     disconnect(this, nullptr, this, nullptr);
     for (QQuickTextInput *field : m_fields) {
-        if (field)
-            field->disconnect(this);
+        if (!field)
+            continue;
+        field->disconnect(this);
+        if (m_editing && field->hasActiveFocus())
+            VkbManager::instance().fieldFocusChanged(field, false);
     }
 }
 
@@ -55,9 +72,12 @@ void CIpInput::componentComplete()
     m_fields = {aliasOf<QQuickTextInput>(this, "ipi0"), aliasOf<QQuickTextInput>(this, "ipi1"),
                 aliasOf<QQuickTextInput>(this, "ipi2"), aliasOf<QQuickTextInput>(this, "ipi3")};
     for (QQuickTextInput *field : m_fields) {
+        TouchMask::cover(field, TouchArea::fingerHeight);
         if (field)
             connect(field, &QQuickItem::activeFocusChanged, this, &CIpInput::onFocusChanged);
     }
+    if (std::count(m_fields.cbegin(), m_fields.cend(), nullptr) == 0)
+        m_typing = new AddressTyping(m_fields, this);
     connect(this, &CIpInput::editingChanged, this, &CIpInput::onEditingChanged);
     connect(this, &QQuickItem::enabledChanged, this, &CIpInput::onEnableChanged);
     connect(this, &QQuickItem::visibleChanged, this, [this] {
@@ -65,11 +85,22 @@ void CIpInput::componentComplete()
             abandonEdit();
     });
     onEnableChanged();
+    // What the document gave the input before it had fields to show it in.
+    showOctets(storedAddress());
+}
+
+void CIpInput::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickItem::itemChange(change, data);
+    if (change == ItemSceneChange && !data.window)
+        abandonEdit();
 }
 
 void CIpInput::onClick()
 {
-    BeepButton::beepIfOn();
+    // Who types on from box to box has tapped nothing.
+    if (!m_typing || !m_typing->isMoving())
+        BeepButton::beepIfOn();
     VkbManager &keyboard = VkbManager::instance();
     keyboard.showVkb(true);
     keyboard.setLayoutType(VkbAddressDigits);
@@ -80,9 +111,11 @@ void CIpInput::onFocusChanged(bool focused)
     bool anyFocused = false;
     for (const QQuickTextInput *field : m_fields)
         anyFocused = anyFocused || (field && field->hasActiveFocus());
+    auto *field = qobject_cast<QQuickTextInput *>(sender());
+    if (field && !focused && losesFocusByRemoval(field))
+        showOctets(storedAddress());
     setEditing(anyFocused);
 
-    auto *field = qobject_cast<QQuickTextInput *>(sender());
     VkbManager::instance().fieldFocusChanged(field, focused);
     if (field && field->hasActiveFocus())
         field->selectAll();
@@ -101,16 +134,16 @@ void CIpInput::onEditingChanged()
     if (m_editing)
         return;
     // An input that was disabled under the operator's finger: nobody confirmed what stands in it.
-    if (!isEnabled()) {
+    if (!isEnabled())
         abandonEdit();
-        return;
-    }
+    const std::optional<quint32> owed = std::exchange(m_owed, std::nullopt);
     const quint32 address = shownAddress();
-    const QString edited = dotted(address);
-    if (edited == (m_ip.isEmpty() ? dotted(0) : m_ip))
-        return;
-    internalSetIp(edited);
-    emit ipChangedByEdit(address);
+    if (address != storedAddress()) {
+        internalSetIp(dotted(address));
+        emit ipChangedByEdit(address);
+    } else if (owed) {
+        show(*owed);
+    }
 }
 
 void CIpInput::onEnableChanged()
@@ -137,15 +170,24 @@ void CIpInput::internalSetIp(const QString &ip)
 
 void CIpInput::setIp(const QString &ip)
 {
-    const QHostAddress address(ip);
-    if (address.protocol() != QAbstractSocket::IPv4Protocol)
+    if (const std::optional<quint32> address = addressIn(ip))
+        show(*address);
+}
+
+void CIpInput::refreshIp(const QString &ip)
+{
+    const std::optional<quint32> address = addressIn(ip);
+    if (!address)
         return;
-    showOctets(address.toIPv4Address());
-    internalSetIp(dotted(address.toIPv4Address()));
+    if (m_editing)
+        m_owed = address;
+    else
+        show(*address);
 }
 
 void CIpInput::clear()
 {
+    m_owed.reset();
     showOctets(0);
     internalSetIp(QString());
 }
@@ -158,11 +200,23 @@ void CIpInput::setFontPixelSize(int size)
     emit fontPixelSizeChanged();
 }
 
+void CIpInput::show(quint32 address)
+{
+    m_owed.reset();
+    showOctets(address);
+    internalSetIp(dotted(address));
+}
+
 void CIpInput::showOctets(quint32 address)
 {
     for (size_t i = 0; i < m_fields.size(); ++i) {
-        if (m_fields[i])
-            m_fields[i]->setText(QString::number((address >> (24 - 8 * i)) & fieldMaximum));
+        if (!m_fields[i])
+            continue;
+        const QString octet = QString::number((address >> (24 - 8 * i)) & fieldMaximum);
+        m_fields[i]->setText(octet);
+        // What Escape goes back to is no longer what stood there when the field was entered.
+        if (m_editing)
+            m_fields[i]->setProperty("oldInputText", octet);
     }
 }
 
@@ -174,13 +228,21 @@ quint32 CIpInput::shownAddress() const
     return address;
 }
 
+quint32 CIpInput::storedAddress() const
+{
+    return addressIn(m_ip).value_or(0);
+}
+
 void CIpInput::abandonEdit()
 {
-    showOctets(QHostAddress(m_ip).toIPv4Address());
+    showOctets(storedAddress());
+    // Else the toolkit would hand the focus back, and with it the keyboard, as soon as it can be had again.
     for (QQuickTextInput *field : m_fields) {
         if (field)
             field->setFocus(false);
     }
+    // A window that dies takes the focus from nobody.
+    setEditing(false);
 }
 
 } // namespace QSP

@@ -3,17 +3,21 @@
 #include <QtQuick/QQuickItem>
 
 #include <array>
+#include <optional>
 
 class QQmlEngine;
 class QQuickTextInput;
 
 namespace QSP {
 
+class AddressTyping;
+
 /// A dotted IPv4 address in four small fields, edited with the on-screen keyboard.
 ///
 /// An edit begins when one of the fields gains the focus and ends when none of
 /// them has it; only then is the address taken from the fields. Disabling or
-/// hiding the input in the middle of an edit takes the edit back.
+/// hiding the input in the middle of an edit takes the edit back, and so does
+/// whatever takes it out of its window.
 /// Addresses as numbers carry the first octet in the most significant byte.
 class CIpInput : public QQuickItem
 {
@@ -35,6 +39,10 @@ public:
     QString ip() const { return m_ip; }
     /// Shows an address without reporting an edit. Anything but an IPv4 address changes nothing.
     void setIp(const QString &ip);
+    /// Shows what is in force now, as setIp() does, but never under the operator's finger: in the middle of
+    /// an edit it waits, and is made up for when the edit ends without a change. After a change, the
+    /// operator's address is the newer one.
+    void refreshIp(const QString &ip);
     void internalSetIp(const QString &ip);
     /// Shows 0.0.0.0 and forgets the address, without reporting an edit.
     void clear();
@@ -63,14 +71,19 @@ public slots:
 
 protected:
     void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
+    void show(quint32 address);
     void showOctets(quint32 address);
     quint32 shownAddress() const;
+    quint32 storedAddress() const;
     void abandonEdit();
 
     QString m_ip;
+    std::optional<quint32> m_owed; ///< a refresh that found the address being edited
     std::array<QQuickTextInput *, 4> m_fields{};
+    AddressTyping *m_typing = nullptr;
     int m_fontPixelSize = 20;
     bool m_editing = false;
 };

@@ -2,6 +2,8 @@
 
 #include "controls/beepbutton.h"
 #include "controls/fieldcolor.h"
+#include "controls/focusloss.h"
+#include "controls/touchmask.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
 #include "shell/vkbmanager.h"
@@ -18,10 +20,13 @@ CMacInput::CMacInput(QQuickItem *parent) : QQuickItem(parent)
 CMacInput::~CMacInput()
 {
     // Leaving the scene changes the input, and a field that dies with the focus says so: both to an
-    // input that is no longer one.
+    // input that is no longer one. The keyboard alone has to know.
     disconnect(this, nullptr, this, nullptr);
-    if (m_field)
-        m_field->disconnect(this);
+    if (!m_field)
+        return;
+    m_field->disconnect(this);
+    if (m_field->hasActiveFocus())
+        VkbManager::instance().fieldFocusChanged(m_field, false);
 }
 
 CMacInput *CMacInput::create(QQmlEngine *engine, QQuickItem *parent)
@@ -47,6 +52,7 @@ void CMacInput::componentComplete()
     QFont font = m_field->font();
     font.setLetterSpacing(QFont::PercentageSpacing, 130.0);
     m_field->setFont(font);
+    TouchMask::cover(m_field);
     connect(m_field, &QQuickTextInput::accepted, this, &CMacInput::onAccepted);
     connect(m_field, &QQuickItem::activeFocusChanged, this, &CMacInput::onFocusChanged);
     // The toolkit leaves the focus, and with it the keyboard, to a field that nobody sees any more.
@@ -54,6 +60,14 @@ void CMacInput::componentComplete()
         if (!isVisible())
             abandonEdit();
     });
+}
+
+void CMacInput::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickItem::itemChange(change, data);
+    // The toolkit keeps the field's focus, and with it the keyboard, for the next scene.
+    if (change == ItemSceneChange && !data.window && m_field)
+        m_field->setFocus(false);
 }
 
 void CMacInput::onClick()
@@ -78,6 +92,9 @@ void CMacInput::setMac(const HMI::MAC &mac)
     for (const unsigned char byte : mac)
         pairs << QStringLiteral("%1").arg(byte, 2, 16, QLatin1Char('0')).toUpper();
     m_field->setText(pairs.join(QLatin1Char(':')));
+    // What Escape goes back to is no longer what stood there when the field was entered.
+    if (m_field->hasActiveFocus())
+        m_field->setProperty("oldInputText", m_field->text());
 }
 
 HMI::MAC CMacInput::mac() const
@@ -107,7 +124,7 @@ void CMacInput::setEnabled(bool enabled)
 void CMacInput::onFocusChanged(bool focused)
 {
     // Here and not in the document, whose handlers see nothing any more while the screen is being deleted.
-    if (!focused && !m_field->hasAcceptableInput())
+    if (!focused && (!m_field->hasAcceptableInput() || losesFocusByRemoval(m_field)))
         restoreText();
     VkbManager::instance().fieldFocusChanged(m_field, focused);
 }

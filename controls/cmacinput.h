@@ -16,7 +16,8 @@ namespace QSP {
 ///
 /// Keeps no value of its own: what the field shows is the value. A field that
 /// is left half filled in shows again what it showed before. Disabling or hiding
-/// the input in the middle of an edit takes the edit back.
+/// the input in the middle of an edit takes the edit back, and so does whatever
+/// takes it out of its window.
 class CMacInput : public QQuickItem
 {
     Q_OBJECT
@@ -53,6 +54,7 @@ public slots:
 
 protected:
     void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
     void onFocusChanged(bool focused);

@@ -1,8 +1,9 @@
 #include "controls/combobox.h"
 
 #include "controls/beepbutton.h"
+#include "controls/touchmask.h"
 #include "shell/globalinfo.h"
-#include "shell/screenroot.h"
+#include "shell/vkbmanager.h"
 
 #include <QtCore/QPointer>
 #include <QtQml/QQmlComponent>
@@ -50,6 +51,7 @@ ItemDelegate {
     height: _com.height
     Rectangle {
         anchors.fill: parent
+        opacity: parent.down ? 0.6 : 1.0
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
             x: 10
@@ -139,9 +141,12 @@ ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
     if (!m_combo)
         return;
     m_combo->setDelegate(components.row);
+    // Like a button: a press changes nothing yet.
+    m_combo->setFocusPolicy(Qt::NoFocus);
     m_combo->setParent(this);
     m_combo->setParentItem(this);
     anchorsOf(m_combo)->setFill(this);
+    TouchMask::cover(m_combo);
     dressBox();
     dressPopup();
     connectBox();
@@ -202,6 +207,7 @@ void ComboBox::connectBox()
         emit activated(index);
     });
     connect(m_combo, &QQuickComboBox::pressedChanged, this, [this] {
+        m_combo->setOpacity(m_combo->isPressed() ? 0.6 : 1.0);
         if (m_combo->isPressed())
             BeepButton::beepIfOn();
     });
@@ -211,11 +217,14 @@ void ComboBox::connectBox()
     connect(m_combo, &QQuickItem::heightChanged, this, &ComboBox::adjustToHeight);
     connect(m_combo, &QQuickItem::enabledChanged, this,
             [this] { m_indicator->setOpacity(m_combo->isEnabled() ? 1.0 : 0.4); });
+    connect(popup, &QQuickPopup::aboutToShow, this, [] { VkbManager::instance().endEdit(); });
     connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
+    // A list that has lost its place would stay on the glass without it.
+    connect(popup, &QQuickPopup::windowChanged, popup, &QQuickPopup::close);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
-    ScreenRoot::onVisibleChanged(this, [popup] {
-        const QQuickItem *root = ScreenRoot::item();
-        if (!root || !root->isVisible())
+    // Also when the whole screen is hidden, whichever it is.
+    connect(m_combo, &QQuickItem::visibleChanged, this, [this, popup] {
+        if (!m_combo->isVisible())
             popup->close();
     });
 }

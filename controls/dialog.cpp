@@ -69,6 +69,8 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
 
     connect(content, &QQuickItem::widthChanged, this, &Dialog::relayout);
     ScreenRoot::onVisibleChanged(this, [this] { close(); });
+    // One that has lost its place would stay on the glass without it.
+    connect(this, &QQuickPopup::windowChanged, this, &QQuickPopup::close);
 }
 
 void Dialog::registerType()
@@ -172,6 +174,7 @@ void Dialog::createCloseButton()
     const int side = static_cast<int>(size * 0.551);
     image->setSourceSize(QSize(side, side));
     anchorsOf(image)->setCenterIn(m_closeButton);
+    m_closeButton->fadeWhilePressed(image);
 
     connect(m_closeButton, &QQuickAbstractButton::clicked, this, &QQuickPopup::close);
 }

@@ -14,7 +14,7 @@ class BeepButton;
 ///
 /// Sizes of its parts follow the screen; its own size, whether it is modal and
 /// how else it closes are up to its user. Closes whenever the screen is shown
-/// or hidden.
+/// or hidden, or leaves its window.
 class Dialog : public QQuickPopup
 {
     Q_OBJECT

@@ -4,6 +4,7 @@
 
 #include "controls/beepbutton.h"
 #include "controls/timekeypressfilter.h"
+#include "controls/touchmask.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 #include "shell/screenroot.h"
@@ -19,6 +20,9 @@ namespace {
 
 constexpr QRgb inkColor = qRgb(0x1D, 0x21, 0x29);
 constexpr QRgb accentColor = qRgb(0x34, 0x82, 0xFF);
+constexpr QRgb boxBorderColor = qRgb(0xE6, 0xE7, 0xE9);
+// The ring around a field that is being edited, as around those of addresses.
+constexpr QRgb ringColor = qRgb(0x32, 0x69, 0xCE);
 
 // All lengths in units of the scale, the row from left to right.
 constexpr qreal rowWidth = 632.0;
@@ -137,7 +141,7 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     frame->setSize(box.size());
     frame->setRadius(4.0);
     frame->setColor(QColor(0xF7, 0xF8, 0xFA));
-    frame->border()->setColor(QColor(0xE6, 0xE7, 0xE9));
+    frame->border()->setColor(boxBorderColor);
     frame->border()->setWidth(1.0);
 
     auto *input = new QQuickTextInput(frame);
@@ -151,8 +155,11 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     input->setObjectName(
         QString::fromLatin1(QMetaEnum::fromType<InputType>().valueToKey(static_cast<int>(type))));
     input->installEventFilter(m_keyFilter.get());
-    connect(input, &QQuickItem::activeFocusChanged, this,
-            [this, input](bool focused) { onInputFocusChanged(input, focused); });
+    TouchMask::cover(input);
+    connect(input, &QQuickItem::activeFocusChanged, this, [this, input, frame](bool focused) {
+        frame->border()->setColor(focused ? ringColor : boxBorderColor);
+        onInputFocusChanged(input, focused);
+    });
     return input;
 }
 
@@ -178,8 +185,7 @@ void TimeEditPopup::createButtons(const QRectF &place, qreal baseFontSize)
     face->setSize(place.size());
     face->setRadius(5.0);
     face->setColor(accentColor);
-    connect(button, &QQuickAbstractButton::pressedChanged, face,
-            [button, face] { face->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+    button->fadeWhilePressed(face);
 
     auto *text = new QQuickText(face);
     text->setColor(Qt::white);
@@ -189,6 +195,8 @@ void TimeEditPopup::createButtons(const QRectF &place, qreal baseFontSize)
     text->setY((place.height() - text->height()) * 0.5);
 
     connect(button, &QQuickAbstractButton::clicked, this, &TimeEditPopup::onConfirmClicked);
+    // With the Return key the operator has put the keyboard away; it does not come back by itself then.
+    connect(button, &QQuickAbstractButton::clicked, this, &TimeEditPopup::editFirstWrongInput);
 }
 
 } // namespace QSP

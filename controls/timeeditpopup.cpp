@@ -1,6 +1,7 @@
 #include "controls/timeeditpopup.h"
 
 #include "controls/beepbutton.h"
+#include "controls/modalshade.h"
 #include "controls/timekeypressfilter.h"
 #include "shell/globalinfo.h"
 #include "shell/screenroot.h"
@@ -8,8 +9,6 @@
 
 #include <QtGui/QRegExpValidator>
 #include <QtQuick/private/qquicktextinput_p.h>
-
-#include <algorithm>
 
 namespace QSP {
 
@@ -31,13 +30,15 @@ QString twoDigits(int number)
 TimeEditPopup::TimeEditPopup(QQuickItem *parent) : QQuickPopup(parent)
 {
     setZ(GlobalInfo::instance().rootPopupZ());
-    // What lies beneath is not operated by the tap that puts the editor away.
+    // What lies beneath is not operated by the tap that puts the editor away, and looks it.
     setModal(true);
-    setDim(false);
+    shadeBehind(this);
     // Escape ends the editing of a field, as its key filter says, not the editor.
     setClosePolicy(CloseOnPressOutside);
     connect(this, &QQuickPopup::closed, this, &TimeEditPopup::endEditing);
     ScreenRoot::onVisibleChanged(this, [this] { close(); });
+    // Else it would stay behind, over what the host shows in that window.
+    connect(this, &QQuickPopup::windowChanged, this, &QQuickPopup::close);
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &TimeEditPopup::keepClearOfKeyboard);
     createUI();
 }
@@ -59,6 +60,7 @@ void TimeEditPopup::endEditing()
     // Else the toolkit may hand the focus, and with it the keyboard, back to the field at the next opening.
     for (QQuickTextInput *input : m_inputs)
         input->setFocus(false);
+    updateInputsFromDateTime();
     VkbManager::instance().showVkb(false);
 }
 
@@ -183,11 +185,33 @@ QDateTime TimeEditPopup::getInputDateTime() const
                      Qt::LocalTime);
 }
 
+std::optional<TimeEditPopup::InputType> TimeEditPopup::firstWrongInput() const
+{
+    if (value(InputType::Year) < firstYear)
+        return InputType::Year;
+    if (!QDate(value(InputType::Year), value(InputType::Month), 1).isValid())
+        return InputType::Month;
+    if (!getInputDateTime().date().isValid())
+        return InputType::Day;
+    for (const InputType type : {InputType::Hour, InputType::Minute, InputType::Second}) {
+        if (input(type)->text().isEmpty())
+            return type;
+    }
+    // An hour that the clocks of the place leave out.
+    if (!getInputDateTime().isValid())
+        return InputType::Hour;
+    return std::nullopt;
+}
+
 bool TimeEditPopup::validateInputs() const
 {
-    const auto isFilled = [](const QQuickTextInput *input) { return !input->text().isEmpty(); };
-    return std::all_of(m_inputs.begin(), m_inputs.end(), isFilled) && value(InputType::Year) >= firstYear &&
-           getInputDateTime().isValid();
+    return !firstWrongInput();
+}
+
+void TimeEditPopup::editFirstWrongInput()
+{
+    if (const auto wrong = firstWrongInput())
+        input(*wrong)->forceActiveFocus();
 }
 
 void TimeEditPopup::onConfirmClicked()

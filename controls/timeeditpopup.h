@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class QQuickTextInput;
 class QValidator;
@@ -16,8 +17,10 @@ class TimeKeyPressFilter;
 /// The editor of date and time: six fields and an OK button over the screen.
 ///
 /// Nothing impossible can be typed, and what is not a whole date and time is
-/// not confirmed. Keeps clear of the on-screen keyboard. A press outside, which
-/// the keyboard is not, closes it without a word.
+/// not confirmed: the button then leads to the field to be put right. Keeps
+/// clear of the on-screen keyboard. A press outside, which the keyboard is not,
+/// closes it without a word, as does the screen when it leaves its window. What
+/// was typed and not confirmed is gone then.
 class TimeEditPopup : public QQuickPopup
 {
     Q_OBJECT
@@ -68,6 +71,8 @@ private:
     QQuickTextInput *createInput(InputType type, const QRectF &box, int fontPixelSize);
     void createSeparator(const QString &text, const QRectF &span, int fontPixelSize);
     void createButtons(const QRectF &place, qreal baseFontSize);
+    std::optional<InputType> firstWrongInput() const;
+    void editFirstWrongInput();
     void endEditing();
     void onInputFocusChanged(QQuickTextInput *input, bool focused);
     void keepClearOfKeyboard();

@@ -1,22 +1,30 @@
 #include "shell/approotitem.h"
 
 #include "controls/beepbutton.h"
+#include "controls/touchmask.h"
 #include "shell/cardinfo.h"
 #include "shell/documentalias.h"
+#include "shell/documentend.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 #include "shell/screenroot.h"
 #include "shell/vkbmanager.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtQml/private/qqmlcomponentattached_p.h>
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/private/qquickflickable_p.h>
 #include <QtQuick/private/qquicktext_p.h>
 
+#include <utility>
+
 namespace QSP {
 
 namespace {
+
+// No wider than a finger needs at the least: what it takes of the page cannot be used to flick it.
+constexpr QSizeF scrollBarTouchSize(48.0, 0.0);
 
 // Cleared by the root itself when it dies.
 AppRootItem *g_root = nullptr;
@@ -70,24 +78,13 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
     setColor(QColor(0xF4, 0xF5, 0xF5));
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
-    connect(this, &QQuickItem::visibleChanged, this, [this] {
-        if (isVisible())
-            emit opened();
-        else if (VkbManager::instance().isVisible())
-            // Hidden items keep their focus: without this the keyboard would stay, over the host's own page.
-            VkbManager::instance().showVkb(false);
-    });
+    catchEvents();
+    followVisibility();
 }
 
 AppRootItem::~AppRootItem()
 {
-    // As in a screen that is hidden, an edit under way is taken back while its field is whole: a field
-    // that lost its focus in the course of dying would confirm what is half typed. The host is not told,
-    // since what it would do about it may have gone already.
-    disconnect(this, &QQuickItem::visibleChanged, nullptr, nullptr);
-    setVisible(false);
-    if (g_root == this && VkbManager::instance().isVisible())
-        VkbManager::instance().showVkb(false);
+    end();
     // Now and not when the item's own destructor has run: a field that loses its focus on the way
     // must not find a root to give the focus to.
     if (g_root != this)
@@ -95,6 +92,76 @@ AppRootItem::~AppRootItem()
     g_root = nullptr;
     ScreenRoot::setItem(nullptr);
     ScreenRoot::setCardColumn(nullptr);
+}
+
+void AppRootItem::catchEvents()
+{
+    setAcceptedMouseButtons(Qt::AllButtons);
+    setAcceptTouchEvents(true);
+    setAcceptHoverEvents(true);
+    setCursor(Qt::ArrowCursor);
+}
+
+// What hits nothing of the screen must not reach the host's items underneath.
+
+void AppRootItem::mousePressEvent(QMouseEvent *event)
+{
+    // Else what lies underneath could still take over what becomes a drag.
+    setKeepMouseGrab(true);
+    event->accept();
+}
+
+void AppRootItem::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    event->accept();
+}
+
+void AppRootItem::wheelEvent(QWheelEvent *event)
+{
+    event->accept();
+}
+
+void AppRootItem::touchEvent(QTouchEvent *event)
+{
+    setKeepTouchGrab(true);
+    event->accept();
+}
+
+void AppRootItem::followVisibility()
+{
+    connect(this, &QQuickItem::visibleChanged, this, [this] {
+        m_isFocusDue = !isVisible();
+        if (m_isFocusDue) {
+            VkbManager::instance().showVkb(false);
+            return;
+        }
+        m_focus.begin();
+        emit opened();
+    });
+    connect(this, &QQuickItem::windowChanged, this, [this] {
+        if (isVisible())
+            m_focus.begin();
+    });
+    // The last that the toolkit says of an item that was hidden: by now popups are closed, and the host has
+    // shown again what is to have the focus.
+    connect(this, &QQuickItem::visibleChildrenChanged, this, [this] {
+        if (std::exchange(m_isFocusDue, false) && !isVisible())
+            m_focus.end();
+    });
+}
+
+void AppRootItem::end()
+{
+    // As in a screen that is hidden, an edit under way is taken back while its field is whole: a field
+    // that lost its focus in the course of dying would confirm what is half typed. The host is not told,
+    // since what it would do about it may have gone already.
+    disconnect(this, &QQuickItem::visibleChanged, nullptr, nullptr);
+    disconnect(this, &QQuickItem::visibleChildrenChanged, nullptr, nullptr);
+    setVisible(false);
+    if (g_root == this)
+        VkbManager::instance().showVkb(false);
+    m_focus.drop();
+    endDocuments(this);
 }
 
 AppRootItem *AppRootItem::instance()
@@ -106,6 +173,9 @@ void AppRootItem::init(QQmlEngine *engine)
 {
     GlobalInfo &info = GlobalInfo::instance();
     info.setQmlEngine(engine);
+    // Comes while the whole screen lives, also when it goes with an item of the host that is deleted.
+    connect(qobject_cast<QQmlComponentAttached *>(qmlAttachedPropertiesObject<QQmlComponent>(this)),
+            &QQmlComponentAttached::destruction, this, &AppRootItem::end);
 
     m_titleBar = aliasOf<QQuickItem>(this, "titleBar");
     m_titleText = aliasOf<QQuickText>(this, "titleText");
@@ -117,6 +187,7 @@ void AppRootItem::init(QQmlEngine *engine)
     m_bottomContainer = aliasOf<QQuickItem>(m_menuBar, "bottomContainer");
     ScreenRoot::setCardColumn(m_cardsParent);
 
+    TouchMask::cover(aliasOf<QQuickItem>(this, "scrollBarTouchItem"), scrollBarTouchSize);
     // Long enough to tell a scroll from a tap with a glove.
     m_cardPool->setPressDelay(200);
     setMultilingualText(m_settingsText,
@@ -158,7 +229,7 @@ void AppRootItem::close()
         setCurrentPage(MenuIndex::General);
         // Reboot takes the highlight from the current page, which may be General itself.
         highlightMenuButton(MenuIndex::General, true);
-        setVisible(false);
+        hide();
         return;
     }
     highlightMenuButton(m_currentPage, false);
@@ -168,7 +239,20 @@ void AppRootItem::close()
         showCard(page, false);
     m_currentPage = MenuIndex::None;
     showMenu();
+    hide();
+}
+
+void AppRootItem::hide()
+{
+    const bool wasShown = isVisible();
     setVisible(false);
+    if (!wasShown)
+        return;
+    const auto tellHost = [this] {
+        if (!isVisible())
+            emit closed();
+    };
+    QMetaObject::invokeMethod(this, tellHost, Qt::QueuedConnection);
 }
 
 void AppRootItem::setCurrentPage(MenuIndex page)

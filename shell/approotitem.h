@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/focusloan.h"
+
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/QQuickWindow>
 
@@ -74,12 +76,22 @@ signals:
     void currentPageChanged(QSP::AppRootItem::MenuIndex newPage, QSP::AppRootItem::MenuIndex oldPage);
     /// The screen was shown: cards read their state from the service again.
     void opened();
+    /// The visit ended, by Exit or by close(). Comes from the event loop when all that led to it is over,
+    /// and not at all if the screen is shown again by then: the host may delete the screen at once.
+    void closed();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void touchEvent(QTouchEvent *event) override;
 
 private slots:
     void changePage(QSP::AppRootItem::MenuIndex newPage, QSP::AppRootItem::MenuIndex oldPage);
     void showMenu();
     void hideMenu();
     void onWindowAvailable(QQuickWindow *window);
+    void end();
 
 private:
     static constexpr int menuButtonCount = 6;
@@ -88,6 +100,9 @@ private:
     static constexpr size_t index(Cards card) { return static_cast<size_t>(card); }
     static constexpr size_t index(MenuIndex entry) { return static_cast<size_t>(entry); }
 
+    void catchEvents();
+    void followVisibility();
+    void hide();
     QString titleOf(MenuIndex page) const;
     bool isMenuShown() const { return m_menuShown; }
     void setMenuShown(bool shown);
@@ -96,6 +111,8 @@ private:
     void prepareMenuButton(MenuIndex entry, QQuickItem *container);
     void prefetchFirstPage();
 
+    FocusLoan m_focus{this};
+    bool m_isFocusDue = false;
     QQuickItem *m_titleBar = nullptr;
     QQuickText *m_titleText = nullptr;
     QQuickText *m_settingsText = nullptr;

@@ -306,6 +306,7 @@ void AppRootItem::addReturnButton()
     m_returnButton->setSize(QSizeF(m_titleBar->height(), m_titleBar->height()));
     QQuickImage *arrow = addImage(m_returnButton, "leftArrow0@2x.png");
     QQuickItemPrivate::get(arrow)->anchors()->setCenterIn(m_returnButton);
+    m_returnButton->fadeWhilePressed(arrow);
     connect(m_returnButton, &QQuickAbstractButton::clicked, this, &AppRootItem::showMenu);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "shell/guigate.h"
 #include "shell/handover.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 
 #include <memory>
@@ -13,32 +13,26 @@ namespace QSP {
 
 /// Makes a callback for the service that does its work on the GUI thread.
 ///
-/// The service may call the result on any thread, at once, late, several times
-/// or after @p object has gone. Each call is queued to the GUI thread; there
-/// @p work(object, arguments...) runs, unless @p object no longer lives. The
-/// application is the receiver, so that nothing is asked of @p object on a
-/// foreign thread. Call this on the GUI thread.
+/// The service may call the result on any thread, at once, late, several times,
+/// after @p object has gone or while the application ends. Each call is queued
+/// to the GUI thread; there @p work(object, arguments...) runs, unless
+/// @p object no longer lives. The application is the receiver, so that nothing
+/// is asked of @p object on a foreign thread. Call this on the GUI thread.
 template <class Object, class Work> auto onGuiThread(Object *object, Work work)
 {
+    GuiGate::open();
     return [guard = QPointer<Object>(object), work = std::move(work)](auto &&...arguments) {
-        QCoreApplication *application = QCoreApplication::instance();
-        if (!application)
-            return;
         // Shared, because a report may carry what cannot be copied, such as a unique_ptr.
         auto kept = std::make_shared<std::tuple<std::decay_t<decltype(arguments)>...>>(
             std::forward<decltype(arguments)>(arguments)...);
         const HandOver queued;
-        QMetaObject::invokeMethod(
-            application,
-            [guard, work, kept] {
-                {
-                    const HandOver taken;
-                }
-                if (!guard)
-                    return;
+        GuiGate::post([guard, work, kept] {
+            {
+                const HandOver taken;
+            }
+            if (guard)
                 std::apply([&](auto &...values) { work(guard.data(), std::move(values)...); }, *kept);
-            },
-            Qt::QueuedConnection);
+        });
     };
 }
 

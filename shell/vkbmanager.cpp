@@ -20,28 +20,33 @@ void VkbManager::loadPlugin()
     m_window = window;
 }
 
-void VkbManager::showVkb(bool show)
+bool VkbManager::loadOnce()
 {
     static bool _loadTried = false;
 
-    QQuickItem *root = ScreenRoot::item();
-    if (!isLoaded() || (root && root->window() != m_window)) {
-        // A keyboard goes with its window; a screen built anew in another one needs it once more.
-        const bool anotherWindow = m_keyboard != nullptr;
-        if ((_loadTried && !anotherWindow) || !show)
-            return;
-        m_keyboard = nullptr;
-        loadPlugin();
-        _loadTried = true;
-        if (!m_keyboard)
-            return;
-    }
-    if (!show) {
-        if (root)
-            root->forceActiveFocus();
-        m_keyboard->show(false);
-        return;
-    }
+    const QQuickItem *root = ScreenRoot::item();
+    if (isLoaded() && (!root || root->window() == m_window))
+        return true;
+    // A keyboard goes with its window; a screen built anew in another one needs it once more.
+    const bool anotherWindow = m_keyboard != nullptr;
+    if (_loadTried && !anotherWindow)
+        return false;
+    m_keyboard = nullptr;
+    loadPlugin();
+    _loadTried = true;
+    return m_keyboard != nullptr;
+}
+
+void VkbManager::showVkb(bool show)
+{
+    if (!show)
+        hide();
+    else if (loadOnce())
+        this->show();
+}
+
+void VkbManager::show()
+{
     QQuickPopup *popup = m_keyboard->popup();
     if (!popup)
         return;
@@ -53,6 +58,36 @@ void VkbManager::showVkb(bool show)
         popup->setModal(false);
     }
     m_keyboard->show(true);
+}
+
+void VkbManager::hide()
+{
+    if (!isLoaded())
+        return;
+    takeFocus();
+    m_keyboard->show(false);
+}
+
+void VkbManager::endEdit()
+{
+    takeFocus();
+    hide();
+}
+
+void VkbManager::takeFocus() const
+{
+    QQuickItem *root = ScreenRoot::item();
+    const QQuickWindow *window = root ? root->window() : nullptr;
+    QQuickItem *focused = window ? window->activeFocusItem() : nullptr;
+    // Nothing of the screen has it when the host took it, or the toolkit, which does so before it takes the
+    // screen out of its window: an item that gets the focus then keeps it, in a window that it is not in.
+    const bool isOfScreen = focused && (focused == m_field || root->isAncestorOf(focused));
+    if (!isOfScreen)
+        return;
+    if (root->isVisible() && root->isEnabled())
+        root->forceActiveFocus();
+    else
+        focused->setFocus(false);
 }
 
 bool VkbManager::isVisible() const

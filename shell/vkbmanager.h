@@ -28,6 +28,8 @@ public:
     /// Shows the keyboard, loading it on first demand (at most once a process),
     /// or hides it, which takes the focus from the edited field. Hiding never loads.
     void showVkb(bool show);
+    /// Takes the focus from the edited field and puts the keyboard away, if there is one.
+    void endEdit();
     /// Whether the keyboard is shown; false without one.
     bool isVisible() const;
     /// Chooses the keys; nothing without a keyboard.
@@ -37,8 +39,7 @@ public:
 
     /// To be told by every text field of the screen when its active focus comes
     /// or goes. A field that lost it hides the keyboard, unless another field of
-    /// the screen has gained it: the toolkit tells the gaining field first, and
-    /// hiding would take the focus from it again.
+    /// the screen has gained it: the toolkit tells the gaining field first.
     void fieldFocusChanged(QQuickItem *field, bool focused);
 
 signals:
@@ -49,6 +50,10 @@ private slots:
 
 private:
     bool isLoaded() const { return m_keyboard && m_window; }
+    bool loadOnce();
+    void show();
+    void hide();
+    void takeFocus() const;
     void slideColumn();
 
     QVkbInterface *m_keyboard = nullptr;

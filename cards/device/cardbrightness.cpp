@@ -3,8 +3,10 @@
 #include "cards/device/titlerow.h"
 #include "cards/documenttext.h"
 #include "controls/beepbutton.h"
+#include "controls/touchmask.h"
 #include "hmi/systemset.h"
 #include "meyersingleton.h"
+#include "shell/documentalias.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -25,11 +27,19 @@ CardBrightness::CardBrightness(QQuickItem *parent)
     : BaseCard(parent), m_titleRowHeight(titleRowHeight()), m_brightnessValue(service().bright())
 {}
 
+CardBrightness::~CardBrightness()
+{
+    // The document is dead by now: nothing of it can tell any more that the finger has lost its control.
+    if (m_held)
+        saveBrightness();
+}
+
 void CardBrightness::componentComplete()
 {
     BaseCard::componentComplete();
     setDocumentText(this, "titleText",
                     [] { return QCoreApplication::translate("CardBrightness", "Brightness"); });
+    TouchMask::cover(aliasOf<QQuickItem>(this, "sliderTouchItem"));
 }
 
 void CardBrightness::setBrightnessValue(int value)
@@ -47,6 +57,16 @@ void CardBrightness::saveBrightness()
     // A level that was told from beyond the ends is never written back, let alone stored.
     setBrightnessValue(m_brightnessValue);
     service().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
+}
+
+void CardBrightness::setHeld(bool held)
+{
+    if (held == m_held)
+        return;
+    m_held = held;
+    emit heldChanged();
+    if (!held)
+        saveBrightness();
 }
 
 void CardBrightness::beepIfOn()

@@ -2,6 +2,7 @@
 
 #include "cards/device/titlerow.h"
 #include "cards/documenttext.h"
+#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
 
@@ -11,13 +12,7 @@ namespace QSP {
 
 CardBuzzer::CardBuzzer(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(titleRowHeight())
 {
-    if (AppRootItem *root = AppRootItem::instance()) {
-        connect(root, &AppRootItem::opened, this, [this] {
-            // Asking also makes the answer what the next write is compared with.
-            BeepButton::isBuzzerOn();
-            emit buzzerOnChanged();
-        });
-    }
+    followScreen();
 }
 
 void CardBuzzer::componentComplete()
@@ -26,6 +21,21 @@ void CardBuzzer::componentComplete()
     const auto buzzer = [] { return QCoreApplication::translate("CardBuzzer", "Buzzer"); };
     setDocumentText(this, "titleText", buzzer);
     setDocumentText(this, "buzzerLabel", buzzer);
+    // Not before now does it stand on its own screen.
+    followScreen();
+}
+
+void CardBuzzer::followScreen()
+{
+    disconnect(m_openedConnection);
+    const AppRootItem *root = rootOf(this);
+    if (!root)
+        return;
+    m_openedConnection = connect(root, &AppRootItem::opened, this, [this] {
+        // Asking also makes the answer what the next write is compared with.
+        BeepButton::isBuzzerOn();
+        emit buzzerOnChanged();
+    });
 }
 
 bool CardBuzzer::buzzerOn() const

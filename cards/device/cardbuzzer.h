@@ -31,8 +31,10 @@ protected:
 
 private:
     void setBuzzerOn(bool on);
+    void followScreen();
 
     int m_titleRowHeight;
+    QMetaObject::Connection m_openedConnection;
 };
 
 } // namespace QSP

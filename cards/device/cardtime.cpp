@@ -2,6 +2,7 @@
 
 #include "cards/device/titlerow.h"
 #include "cards/documenttext.h"
+#include "cards/rootof.h"
 #include "controls/timeeditpopup.h"
 #include "hmi/systemset.h"
 #include "meyersingleton.h"
@@ -59,8 +60,10 @@ void CardTime::openDialog()
 void CardTime::addDialog()
 {
     m_dialog = new TimeEditPopup(this);
-    if (AppRootItem *root = AppRootItem::instance()) {
+    if (AppRootItem *root = rootOf(this)) {
         m_dialog->setParentItem(root);
+        // By itself it goes with the newest screen.
+        connect(root, &QQuickItem::visibleChanged, m_dialog, &QQuickPopup::close);
         m_dialog->setX((root->width() - m_dialog->width()) * 0.5);
         m_dialog->setY((root->height() - m_dialog->height()) * 0.5);
     }

@@ -8,6 +8,8 @@
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/nic.h"
+#include "cards/network/wifilink.h"
+#include "cards/rootof.h"
 #include "controls/basecard.h"
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
@@ -83,7 +85,7 @@ void CardWifi::componentComplete()
 
     addTexts();
     addButtons();
-    if (AppRootItem *root = AppRootItem::instance()) {
+    if (AppRootItem *root = rootOf(this)) {
         connect(root, &AppRootItem::opened, this, &CardWifi::updateCurrentWifi);
         if (QQuickItem *titleBar = root->titleBar()) {
             connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::titleHeightChanged);
@@ -122,7 +124,7 @@ void CardWifi::addButtons()
 
 void CardWifi::watchNetworkCard()
 {
-    if (CardNetwork *card = CardLinks::network())
+    if (CardNetwork *card = CardLinks::network(this))
         connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::refreshCurrentWifi,
                 Qt::UniqueConnection);
 }
@@ -150,7 +152,7 @@ void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
 
 int CardWifi::titleHeight() const
 {
-    const AppRootItem *root = AppRootItem::instance();
+    const AppRootItem *root = rootOf(this);
     return root ? root->titleHeight() : 0;
 }
 
@@ -300,12 +302,12 @@ void CardWifi::onChosen(int index)
 
 bool CardWifi::isConnected()
 {
-    return systemSet().isWifiConnected();
+    return WifiLink::isConnected();
 }
 
 QString CardWifi::getSsid()
 {
-    return getSsidFromCurWifi(systemSet().currentWifiSsid());
+    return WifiLink::ssid();
 }
 
 void CardWifi::updateCurrentWifi()

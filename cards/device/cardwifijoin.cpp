@@ -17,9 +17,9 @@ namespace {
 using HMI::SystemSet;
 
 // The network card may not exist yet; nothing has to be told then.
-void tellConnecting(bool connecting)
+void tellConnecting(const CardWifi *page, bool connecting)
 {
-    if (CardNetwork *card = CardLinks::network())
+    if (CardNetwork *card = CardLinks::network(page))
         card->setWifiConnecting(connecting);
 }
 
@@ -78,7 +78,7 @@ void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
         m_dialog->setBodyVisible(false);
     }
     showState();
-    tellConnecting(true);
+    tellConnecting(this, true);
     systemSet().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
                             onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
                                 if (attempt == card->m_attempt)
@@ -106,22 +106,22 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
             update_afterOnLine();
         else
             closeDialog_and_updateCurWifiInfo();
-        tellConnecting(false);
+        tellConnecting(this, false);
         break;
     case SystemSet::WIFI_OFFLINE:
         onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wi-Fi Offline"));
         scanWifi();
-        tellConnecting(false);
+        tellConnecting(this, false);
         break;
     case SystemSet::WIFI_TIMEOUT:
         onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Time out"));
-        tellConnecting(false);
+        tellConnecting(this, false);
         break;
     case SystemSet::WIFI_WRONG_PASSWORD:
         if (m_list)
             m_list->refusePassword(m_attemptSsid);
         onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wrong password"));
-        tellConnecting(false);
+        tellConnecting(this, false);
         break;
     }
 }
@@ -149,7 +149,7 @@ void CardWifi::endAttempt()
     if (m_attemptEnded)
         return;
     m_attemptEnded = true;
-    tellConnecting(false);
+    tellConnecting(this, false);
 }
 
 // The dialog may have been opened once more for the very network that is being joined.
@@ -186,7 +186,7 @@ void CardWifi::closeDialog_and_updateCurWifiInfo()
         m_dialog->close();
     emit connectedChanged(true);
     refreshCurrentWifi();
-    CardNetwork *card = CardLinks::network();
+    CardNetwork *card = CardLinks::network(this);
     if (!card || !isConnected())
         return;
     card->updateSwitchDisplay(SystemSet::WIFI);

@@ -1,5 +1,6 @@
 #include "cards/device/wifibuttons.h"
 
+#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
 #include "shell/multilingualtext.h"
@@ -54,14 +55,13 @@ BeepButton *addWifiResetButton(QQuickItem *row, int rowHeight, int fontPixelSize
 
 BeepButton *addWifiReturnButton(QQuickItem *card)
 {
-    AppRootItem *root = AppRootItem::instance();
+    AppRootItem *root = rootOf(card);
     QQuickItem *titleBar = root ? root->titleBar() : nullptr;
     if (!titleBar)
         return nullptr;
     auto *button = new BeepButton(titleBar);
     button->setParent(card);
-    QObject::connect(button, &QQuickAbstractButton::pressedChanged, button,
-                     [button] { button->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+    button->fadeWhilePressed(button);
 
     const auto place = [root, titleBar, button] {
         button->setSize(QSizeF(titleBar->height(), titleBar->height()));

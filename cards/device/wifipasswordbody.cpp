@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "controls/keypressfilter.h"
+#include "controls/touchmask.h"
 #include "shell/multilingualtext.h"
 #include "shell/vkbmanager.h"
 
@@ -32,8 +33,7 @@ BeepButton *addQuietButton(QQuickItem *parent)
     auto *button = new BeepButton(parent);
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoCloseVkb(false);
-    QObject::connect(button, &QQuickAbstractButton::pressedChanged, button,
-                     [button] { button->setOpacity(button->isPressed() ? 0.6 : 1.0); });
+    button->fadeWhilePressed(button);
     return button;
 }
 
@@ -71,7 +71,11 @@ void WifiPasswordBody::addField()
     m_frame->border()->setWidth(1.0);
     m_frame->border()->setColor(outline);
 
-    m_input = new QQuickTextInput(m_frame);
+    // A field that cut off its own text at its sides would cut its touch area as well, above and below.
+    m_inputView = new QQuickItem(m_frame);
+    m_inputView->setClip(true);
+    m_input = new QQuickTextInput(m_inputView);
+    TouchMask::cover(m_input, TouchArea::fingerHeight);
     QFont font = m_input->font();
     font.setPixelSize(qMax(1, static_cast<int>(m_fontPixelSize * 0.8)));
     m_input->setFont(font);
@@ -79,7 +83,6 @@ void WifiPasswordBody::addField()
     m_input->setSelectionColor(accent);
     m_input->setVAlign(QQuickTextInput::AlignVCenter);
     m_input->setHAlign(QQuickTextInput::AlignLeft);
-    m_input->setClip(true);
     m_input->setInputMethodHints(Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     m_input->setEchoMode(QQuickTextInput::Password);
     m_input->installEventFilter(new KeyPressFilter(m_input, m_input));
@@ -190,8 +193,11 @@ void WifiPasswordBody::layout()
     m_frame->setY(qRound(0.27 * h));
     m_frame->setSize(QSizeF(fieldWidth, qRound(0.22 * h)));
     const qreal padding = qRound(m_fontPixelSize * 0.5);
-    m_input->setX(padding);
-    m_input->setSize(QSizeF(fieldWidth - 2.0 * padding, m_frame->height()));
+    const qreal touchMargin = TouchArea::fingerHeight.height();
+    m_inputView->setPosition({padding, -touchMargin});
+    m_inputView->setSize({fieldWidth - 2.0 * padding, m_frame->height() + 2.0 * touchMargin});
+    m_input->setY(touchMargin);
+    m_input->setSize({m_inputView->width(), m_frame->height()});
 
     // Taller than it looks, so that a finger finds it.
     const qreal showHeight = qRound(0.2 * h);

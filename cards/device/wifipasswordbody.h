@@ -53,6 +53,7 @@ private:
     QQuickItem *m_entry;
     QQuickItem *m_busyPlace;
     QQuickRectangle *m_frame = nullptr;
+    QQuickItem *m_inputView = nullptr;
     QQuickTextInput *m_input = nullptr;
     BeepButton *m_showButton = nullptr;
     QQuickRectangle *m_box = nullptr;

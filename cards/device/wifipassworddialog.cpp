@@ -2,10 +2,11 @@
 
 #include "cards/device/ssid.h"
 #include "cards/device/wifipasswordbody.h"
-#include "cards/modalshade.h"
+#include "cards/rootof.h"
 #include "controls/dialog.h"
+#include "controls/modalshade.h"
+#include "shell/approotitem.h"
 #include "shell/globalinfo.h"
-#include "shell/screenroot.h"
 #include "shell/vkbmanager.h"
 
 namespace QSP {
@@ -28,7 +29,10 @@ QSizeF dialogSize()
 } // namespace
 
 WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
-    : QObject(card), m_dialog(new Dialog(card)), m_body(new WifiPasswordBody(fontPixelSize))
+    : QObject(card)
+    , m_root(rootOf(card))
+    , m_dialog(new Dialog(card))
+    , m_body(new WifiPasswordBody(fontPixelSize))
 {
     shadeBehind(m_dialog);
     m_dialog->setEnableCloseButton(true);
@@ -37,10 +41,10 @@ WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     m_dialog->setWidth(dialogSize().width());
     m_dialog->setHeight(dialogSize().height());
     m_dialog->setBodyItem(m_body);
-    if (QQuickItem *root = ScreenRoot::item()) {
-        m_dialog->setParentItem(root);
-        connect(root, &QQuickItem::widthChanged, this, &WifiPasswordDialog::adjust);
-        connect(root, &QQuickItem::heightChanged, this, &WifiPasswordDialog::adjust);
+    if (m_root) {
+        m_dialog->setParentItem(m_root);
+        connect(m_root, &QQuickItem::widthChanged, this, &WifiPasswordDialog::adjust);
+        connect(m_root, &QQuickItem::heightChanged, this, &WifiPasswordDialog::adjust);
     }
     adjust();
 
@@ -103,12 +107,12 @@ QQuickItem *WifiPasswordDialog::busyPlace() const
 
 void WifiPasswordDialog::adjust()
 {
-    const QQuickItem *root = ScreenRoot::item();
-    if (!m_dialog || !root)
+    if (!m_dialog || !m_root)
         return;
-    m_dialog->setX(qRound((root->width() - m_dialog->width()) / 2.0));
-    m_dialog->setY(VkbManager::instance().isVisible() ? besideKeyboardY
-                                                      : qRound((root->height() - m_dialog->height()) / 2.0));
+    m_dialog->setX(qRound((m_root->width() - m_dialog->width()) / 2.0));
+    m_dialog->setY(VkbManager::instance().isVisible()
+                       ? besideKeyboardY
+                       : qRound((m_root->height() - m_dialog->height()) / 2.0));
 }
 
 } // namespace QSP

@@ -19,7 +19,7 @@ class WifiPasswordDialog : public QObject
     Q_OBJECT
 
 public:
-    /// @p card owns the dialog; it appears on the screen's root.
+    /// @p card owns the dialog; it appears on the screen of the card.
     WifiPasswordDialog(QQuickItem *card, int fontPixelSize);
 
     void open(const QString &title);
@@ -40,6 +40,7 @@ signals:
     void confirmed();
 
 private:
+    QPointer<QQuickItem> m_root;
     QPointer<Dialog> m_dialog;
     QPointer<WifiPasswordBody> m_body;
 };

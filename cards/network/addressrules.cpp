@@ -35,10 +35,8 @@ void AddressRules::updateEnable(NIC nic) const
 void AddressRules::updateDisplay(const AddressKind &kind, NIC nic) const
 {
     CIpInput *field = m_card->rows().of(nic).*kind.field;
-    if (!field || field->editing())
-        return;
-    if (systemSet().isNicEnabled(nic) && isEnabled(nic))
-        field->setIp(dotted((systemSet().*kind.live)(nic)));
+    if (field && systemSet().isNicEnabled(nic) && isEnabled(nic))
+        field->refreshIp(dotted((systemSet().*kind.live)(nic)));
 }
 
 void AddressRules::updateDisplay(NIC nic) const
@@ -52,7 +50,7 @@ void AddressRules::updateNetInfo(NIC nic) const
     if (!systemSet().isNicEnabled(nic))
         return;
     updateDisplay(nic);
-    CardLinks::reloadDns();
+    CardLinks::reloadDns(m_card);
 }
 
 } // namespace QSP

@@ -21,7 +21,7 @@ public:
 
     void updateEnable(const AddressKind &kind, NIC nic) const;
     void updateEnable(NIC nic) const;
-    /// Shows the address in force, unless the field is being edited or the adapter is off.
+    /// Shows the address in force unless the adapter is off; a field that is being edited keeps its text.
     void updateDisplay(const AddressKind &kind, NIC nic) const;
     void updateDisplay(NIC nic) const;
     /// updateDisplay() of an adapter that the service calls enabled; the DNS card follows.

@@ -3,6 +3,7 @@
 #include "cards/documenttext.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
+#include "cards/rootof.h"
 #include "controls/cipinput.h"
 #include "shell/approotitem.h"
 #include "shell/documentalias.h"
@@ -16,8 +17,8 @@ namespace {
 
 void showAddress(CIpInput *input, HMI::IP address)
 {
-    if (input && !input->editing())
-        input->setIp(dotted(address));
+    if (input)
+        input->refreshIp(dotted(address));
 }
 
 quint32 addressOf(const QString &text)
@@ -38,9 +39,9 @@ void CardDNS::componentComplete()
     m_first = aliasOf<CIpInput>(this, "dns1Input");
     m_second = aliasOf<CIpInput>(this, "dns2Input");
 
-    if (const AppRootItem *root = AppRootItem::instance())
+    if (const AppRootItem *root = rootOf(this))
         connect(root, &AppRootItem::opened, this, &CardDNS::loadDnsAndShow);
-    if (const CardNetwork *network = CardLinks::network()) {
+    if (const CardNetwork *network = CardLinks::network(this)) {
         connect(network, &CardNetwork::netDisabledChanged, this, &CardDNS::updateEnable_DNS);
         connect(network, &CardNetwork::useStaticIpChanged, this, &CardDNS::updateEnable_DNS);
     }
@@ -56,7 +57,7 @@ void CardDNS::componentComplete()
 
 void CardDNS::loadDnsAndShow() const
 {
-    const CardNetwork *network = CardLinks::network();
+    const CardNetwork *network = CardLinks::network(this);
     if (!network)
         return;
     const auto [first, second] = systemSet().getDns(network->currentNIC());
@@ -66,7 +67,7 @@ void CardDNS::loadDnsAndShow() const
 
 void CardDNS::saveDns(const QPair<QString, QString> &dns)
 {
-    if (const CardNetwork *network = CardLinks::network())
+    if (const CardNetwork *network = CardLinks::network(this))
         systemSet().setDns(network->currentNIC(), {addressOf(dns.first), addressOf(dns.second)});
 }
 
@@ -80,7 +81,7 @@ void CardDNS::disableDns()
 
 void CardDNS::updateEnable_DNS()
 {
-    const CardNetwork *network = CardLinks::network();
+    const CardNetwork *network = CardLinks::network(this);
     if (!network)
         return;
     const bool allowed = network->allow_ModifyIPInfo(network->currentNIC());

@@ -2,39 +2,41 @@
 
 #include "cards/network/carddns.h"
 #include "cards/network/cardnetwork.h"
+#include "cards/rootof.h"
 #include "shell/approotitem.h"
 
 namespace QSP {
 
 namespace {
 
-template <class Card> Card *cardOf(const AppRootItem *root, AppRootItem::Cards kind)
+template <class Card> Card *cardBeside(const QQuickItem *card, AppRootItem::Cards kind)
 {
+    const AppRootItem *root = rootOf(card);
     return root ? qobject_cast<Card *>(root->getCardItem(kind)) : nullptr;
 }
 
-CardDNS *dns()
+CardDNS *dns(const QQuickItem *card)
 {
-    return cardOf<CardDNS>(AppRootItem::instance(), AppRootItem::Cards::DNS);
+    return cardBeside<CardDNS>(card, AppRootItem::Cards::DNS);
 }
 
 } // namespace
 
-CardNetwork *CardLinks::network(const AppRootItem *root)
+CardNetwork *CardLinks::network(const QQuickItem *card)
 {
-    return cardOf<CardNetwork>(root ? root : AppRootItem::instance(), AppRootItem::Cards::Network);
+    return cardBeside<CardNetwork>(card, AppRootItem::Cards::Network);
 }
 
-void CardLinks::reloadDns()
+void CardLinks::reloadDns(const QQuickItem *card)
 {
-    if (CardDNS *card = dns())
-        card->loadDnsAndShow();
+    if (CardDNS *other = dns(card))
+        other->loadDnsAndShow();
 }
 
-void CardLinks::updateDnsEnabled()
+void CardLinks::updateDnsEnabled(const QQuickItem *card)
 {
-    if (CardDNS *card = dns())
-        card->updateEnable_DNS();
+    if (CardDNS *other = dns(card))
+        other->updateEnable_DNS();
 }
 
 } // namespace QSP

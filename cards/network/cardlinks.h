@@ -1,19 +1,22 @@
 #pragma once
 
+class QQuickItem;
+
 namespace QSP {
 
-class AppRootItem;
 class CardNetwork;
 
-/// The way from one card of the Network page to another; a card that does not exist yet does nothing.
+/// The way from one card to another of the same screen; a card that does not exist yet does nothing.
+///
+/// Each takes the card (or the screen) that asks.
 namespace CardLinks {
 
-/// The network card of @p root (null: of the newest root), or null.
-CardNetwork *network(const AppRootItem *root = nullptr);
+/// The network card, or null.
+CardNetwork *network(const QQuickItem *card);
 /// Lets the DNS card show its servers again.
-void reloadDns();
+void reloadDns(const QQuickItem *card);
 /// Lets the DNS card find out again whether its fields may be edited.
-void updateDnsEnabled();
+void updateDnsEnabled(const QQuickItem *card);
 
 } // namespace CardLinks
 

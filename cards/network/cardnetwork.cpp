@@ -9,11 +9,12 @@
 #include "cards/network/statustext.h"
 #include "cards/network/vpnmonitor.h"
 #include "cards/network/wifimonitor.h"
+#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "controls/beepswitch.h"
+#include "shell/approotitem.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
-#include "shell/screenroot.h"
 
 #include <QtCore/QUrl>
 #include <QtQuick/private/qquicktext_p.h>
@@ -24,10 +25,10 @@ namespace QSP {
 namespace {
 
 // An edit under way belongs to the adapter that it was begun on.
-void endEdit()
+void endEdit(const CardNetwork *card)
 {
-    QQuickItem *root = ScreenRoot::item();
-    const QQuickItem *column = ScreenRoot::cardColumn();
+    AppRootItem *root = rootOf(card);
+    const QQuickItem *column = root ? root->getCardContainer() : nullptr;
     const QQuickWindow *window = root ? root->window() : nullptr;
     const QQuickItem *focused = window ? window->activeFocusItem() : nullptr;
     if (column && focused && column->isAncestorOf(focused))
@@ -43,6 +44,7 @@ CardNetwork::CardNetwork(QQuickItem *parent)
     , m_wifi(std::make_unique<WifiMonitor>(this))
     , m_rules(std::make_unique<AddressRules>(this))
     , m_actions(std::make_unique<NetworkActions>(this))
+    , m_rows(std::make_unique<NetworkRows>(this))
 {
     const NetworkMetrics metrics = NetworkMetrics::ofScreen();
     m_rowHeight = metrics.rowHeight;
@@ -58,7 +60,6 @@ void CardNetwork::componentComplete()
     m_nicButtonFlow = aliasOf<QQuickItem>(this, "nicButtonFlow");
     m_layout = aliasOf<QQuickItem>(this, "layout");
     setNetworkText(aliasOf<QQuickText>(this, "titleText"), "Network");
-    m_rows = std::make_unique<NetworkRows>(this);
     addNicButtons();
 }
 
@@ -127,7 +128,7 @@ void CardNetwork::setCurrentNIC(NIC nic)
 {
     if (nic == m_currentNic)
         return;
-    endEdit();
+    endEdit(this);
     const NIC old = m_currentNic;
     m_currentNic = nic;
     emit currentNICChanged(nic, old);
@@ -139,8 +140,8 @@ void CardNetwork::changeNIC(NIC newNic, NIC oldNic)
         button->setChecked(true);
     showItems(oldNic, false);
     showItems(newNic, true);
-    CardLinks::reloadDns();
-    CardLinks::updateDnsEnabled();
+    CardLinks::reloadDns(this);
+    CardLinks::updateDnsEnabled(this);
     stopMonitor(oldNic);
     startMonitor(newNic);
 }

@@ -4,6 +4,7 @@
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/pingdialog.h"
+#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
@@ -52,9 +53,9 @@ void CardNIC::componentComplete()
     if (m_comboBox)
         connect(m_comboBox, &ComboBox::currentIndexChanged, this, &CardNIC::setDefaultNic);
     // Adapters may have been switched elsewhere while the screen was away.
-    if (const AppRootItem *root = AppRootItem::instance())
+    if (const AppRootItem *root = rootOf(this))
         connect(root, &AppRootItem::opened, this, &CardNIC::updateComboBoxModel);
-    if (const CardNetwork *network = CardLinks::network())
+    if (const CardNetwork *network = CardLinks::network(this))
         connect(network, &CardNetwork::netDisabledChanged, this, &CardNIC::updateComboBoxModel);
 }
 
@@ -133,7 +134,7 @@ void CardNIC::reportPingTest(int test, bool result)
 void CardNIC::onPingTestResult(bool result)
 {
     // A popup lies over everything: a late one must not come up on another page, or over the host.
-    AppRootItem *root = AppRootItem::instance();
+    AppRootItem *root = rootOf(this);
     if (!root || !isVisible())
         return;
     if (!m_dialog)

@@ -9,6 +9,7 @@
 #include "cards/network/wifilink.h"
 #include "cards/network/wifimonitor.h"
 #include "cards/network/wifitile.h"
+#include "cards/rootof.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
 #include "controls/cmacinput.h"
@@ -35,7 +36,7 @@ NIC rowsKey(NIC nic)
 
 } // namespace
 
-NetworkRows::NetworkRows(CardNetwork *card) : m_card(card), m_make(*card) {}
+NetworkRows::NetworkRows(CardNetwork *card) : m_card(card) {}
 
 void NetworkRows::show(NIC nic, bool visible)
 {
@@ -56,7 +57,7 @@ void NetworkRows::build(NIC nic)
         buildMobile();
     else
         buildAddressed(nic);
-    if (const AppRootItem *root = AppRootItem::instance())
+    if (const AppRootItem *root = rootOf(m_card))
         connect(root, &AppRootItem::opened, this, [this, nic] { reread(nic); });
 }
 
@@ -96,7 +97,7 @@ void NetworkRows::buildAddressed(NIC nic)
 
 BeepSwitch *NetworkRows::addEnableSwitch(NIC nic, const char *label)
 {
-    BeepSwitch *enable = m_make.toggle(append(nic, m_make.labelledRow(label)));
+    BeepSwitch *enable = make().toggle(append(nic, make().labelledRow(label)));
     m_rows[nic].enable = enable;
     const bool enabled = systemSet().isNicEnabled(nic);
     enable->setOn(enabled != hasAddresses(nic));
@@ -104,14 +105,14 @@ BeepSwitch *NetworkRows::addEnableSwitch(NIC nic, const char *label)
         m_card->enableNIC(nic, on);
         emit m_card->netDisabledChanged();
         if (enabled)
-            CardLinks::reloadDns();
+            CardLinks::reloadDns(m_card);
     });
     return enable;
 }
 
 void NetworkRows::addStaticSwitch(NIC nic)
 {
-    BeepSwitch *fixed = m_make.toggle(append(nic, m_make.labelledRow("Static IP")));
+    BeepSwitch *fixed = make().toggle(append(nic, make().labelledRow("Static IP")));
     m_rows[nic].fixed = fixed;
     const bool dhcp = systemSet().isDhcpOn(nic);
     fixed->setOn(!dhcp);
@@ -131,7 +132,7 @@ bool NetworkRows::showsLiveAddress(NIC nic) const
 
 void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
 {
-    CIpInput *field = m_make.address(append(nic, m_make.labelledRow(kind.label, RowFactory::addressRow)));
+    CIpInput *field = make().address(append(nic, make().labelledRow(kind.label, RowFactory::addressRow)));
     if (!field)
         return;
     m_rows[nic].*kind.field = field;
@@ -145,7 +146,7 @@ void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
 
 void NetworkRows::addMac(NIC nic)
 {
-    CMacInput *field = m_make.mac(append(nic, m_make.labelledRow("MAC", RowFactory::addressRow)));
+    CMacInput *field = make().mac(append(nic, make().labelledRow("MAC", RowFactory::addressRow)));
     if (!field)
         return;
     field->setMac(systemSet().getMac(nic));
@@ -173,10 +174,10 @@ void NetworkRows::buildMobile()
     constexpr NIC nic = HMI::SystemSet::MOBILE_4G;
     addEnableSwitch(nic, "4G");
     m_card->mobile().setSignalImage(
-        m_make.image(append(nic, m_make.labelledRow("Signal", RowFactory::statusRow))));
+        make().image(append(nic, make().labelledRow("Signal", RowFactory::statusRow))));
     m_card->update4GSignal();
     StatusText &state = m_card->mobile().stateText();
-    state.setItem(m_make.text(append(nic, m_make.labelledRow("Connection Status", RowFactory::statusRow))));
+    state.setItem(make().text(append(nic, make().labelledRow("Connection Status", RowFactory::statusRow))));
     state.show(systemSet().get4GState(nic) == mobileConnected ? "Connected" : "Disconnected");
 }
 
@@ -185,13 +186,13 @@ void NetworkRows::buildVpn()
     constexpr NIC nic = HMI::SystemSet::VPN;
     addEnableSwitch(nic, "VPN");
     VpnMonitor &vpn = m_card->vpn();
-    vpn.setServerBox(m_make.comboBox(append(nic, m_make.labelledRow("Server", RowFactory::statusRow))));
+    vpn.setServerBox(make().comboBox(append(nic, make().labelledRow("Server", RowFactory::statusRow))));
     vpn.setServerEnabled(!systemSet().isNicEnabled(nic));
     connect(&vpn, &VpnMonitor::serverChosen, this, [this](int server) {
         m_card->actions().chooseVpnServer(static_cast<HMI::SystemSet::VPNServer>(server));
     });
     StatusText &state = vpn.stateText();
-    state.setItem(m_make.text(append(nic, m_make.labelledRow("Connection Status", RowFactory::statusRow))));
+    state.setItem(make().text(append(nic, make().labelledRow("Connection Status", RowFactory::statusRow))));
     const bool idle = systemSet().getVPNServerState(systemSet().getVPNServer()) == 0;
     state.show(idle ? "Disconnected" : "Connected");
 }

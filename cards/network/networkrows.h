@@ -37,9 +37,9 @@ private:
     void reread(NIC nic);
     void rereadStatic(NIC nic);
     bool showsLiveAddress(NIC nic) const;
+    RowFactory make() const { return RowFactory(*m_card); }
 
     CardNetwork *m_card;
-    RowFactory m_make;
     QHash<int, AdapterRows> m_rows;
 };
 

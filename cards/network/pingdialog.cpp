@@ -1,7 +1,7 @@
 #include "cards/network/pingdialog.h"
 
-#include "cards/modalshade.h"
 #include "controls/dialog.h"
+#include "controls/modalshade.h"
 #include "shell/globalinfo.h"
 #include "shell/multilingualtext.h"
 
@@ -47,6 +47,8 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     : QObject(parent), m_dialog(new Dialog(root)), m_text(new QQuickText)
 {
     m_dialog->setParent(this);
+    // By itself it goes with the newest screen.
+    connect(root, &QQuickItem::visibleChanged, m_dialog, &QQuickPopup::close);
     const QSizeF size = dialogSize();
     m_dialog->setWidth(size.width());
     m_dialog->setHeight(size.height());

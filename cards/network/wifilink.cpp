@@ -2,6 +2,7 @@
 
 #include "cards/device/ssid.h"
 #include "cards/network/nic.h"
+#include "cards/rootof.h"
 #include "shell/approotitem.h"
 
 namespace QSP {
@@ -16,13 +17,13 @@ QString WifiLink::ssid()
     return getSsidFromCurWifi(systemSet().currentWifiSsid());
 }
 
-void WifiLink::updateSignalStrength()
+void WifiLink::updateSignalStrength(const QQuickItem *card)
 {
-    const AppRootItem *root = AppRootItem::instance();
-    QQuickItem *card = root ? root->getCardItem(AppRootItem::Cards::Wifi) : nullptr;
+    const AppRootItem *root = rootOf(card);
+    QQuickItem *page = root ? root->getCardItem(AppRootItem::Cards::Wifi) : nullptr;
     // By name: the Wi-Fi page knows this card, so this card must not know the page.
-    if (card && card->metaObject()->indexOfMethod("updateSignalStrength()") >= 0)
-        QMetaObject::invokeMethod(card, "updateSignalStrength");
+    if (page && page->metaObject()->indexOfMethod("updateSignalStrength()") >= 0)
+        QMetaObject::invokeMethod(page, "updateSignalStrength");
 }
 
 } // namespace QSP

@@ -52,7 +52,7 @@ void WifiMonitor::update()
         m_status.show("Online");
         ssid = WifiLink::ssid();
         m_card->updateNetInfoDisplay(m_card->currentNIC());
-        WifiLink::updateSignalStrength();
+        WifiLink::updateSignalStrength(m_card);
     } else {
         m_status.show("Offline");
     }

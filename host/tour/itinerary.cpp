@@ -23,6 +23,7 @@ void visitAdapters(Stops &stops)
          {Do::page("Network"), Do::tapText("CardNetwork", "LAN0"), Do::see("CardNetwork", "MAC")}});
     // The lowest field that can be edited: IP address and mask have four inputs each before it.
     stops.push_back({"network-address-keys", {Do::tapClass("QQuickTextInput", 8, "QSP::CardNetwork")}});
+    stops.push_back({"network-address-typed", {Do::type("192.168.5.")}});
     stops.push_back({"network-lan1", {Do::tapKey("vkbKey_hide"), Do::tapText("CardNetwork", "LAN1")}});
     stops.push_back({"network-wifi", {Do::tapText("CardNetwork", "Wi-Fi")}});
     stops.push_back({"network-4g", {Do::tapText("CardNetwork", "4G")}});

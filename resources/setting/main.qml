@@ -16,17 +16,15 @@ AppRootItem {
     property alias cardsParent: _cardLayout
     property alias cardPool: _cardPool
     property alias settingsText: _settingsText
+    property alias scrollBarTouchItem: _scrollBar.touchItem
 
     visible: false
-
-    // Taps that hit nothing here must not reach the host's items underneath.
-    MouseArea {
-        anchors.fill: parent
-    }
 
     Item {
         id: _title
 
+        // Over the cards, which would take the touches beside the return button for their scrolling.
+        z: 1
         width: parent.width
         // The root sets it; starting at a likely height spares loading a font for nothing.
         height: 72
@@ -126,6 +124,8 @@ AppRootItem {
     }
 
     FlatUI.ScrollBar {
+        id: _scrollBar
+
         anchors.top: _cardPool.top
         anchors.bottom: _cardPool.bottom
         anchors.right: parent.right

@@ -4,24 +4,32 @@
 #include "tests/support/journal.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtQuick/private/qquickflickable_p.h>
 
 using QSP::BeepButton;
 
 namespace {
 
-/// A button alone in a window.
+/// A button alone on a page. One that scrolls waits with a press whether it becomes a scroll.
 struct ButtonScene {
-    ButtonScene() : button(window.contentItem()), clicked(&button, &QQuickAbstractButton::clicked)
+    explicit ButtonScene(bool scrolls = false) : page(window.contentItem()), button(page.contentItem())
     {
         window.resize(200, 100);
+        page.setSize({200, 100});
+        page.setContentHeight(scrolls ? 300 : 100);
+        page.setInteractive(scrolls);
+        page.setPressDelay(200);
         button.setSize({100, 50});
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
     }
 
     QQuickWindow window;
+    QQuickFlickable page;
     BeepButton button;
-    QSignalSpy clicked;
+    QSignalSpy pressed{&button, &QQuickAbstractButton::pressed};
+    QSignalSpy released{&button, &QQuickAbstractButton::released};
+    QSignalSpy clicked{&button, &QQuickAbstractButton::clicked};
 };
 
 } // namespace
@@ -37,7 +45,9 @@ private slots:
     void writeHasEndedOnAnotherThread();
     void beepAsksTheService();
     void clickBeeps();
+    void quickTapsCountEach_data();
     void quickTapsCountEach();
+    void doubleClickAloneIsATap();
     void touchBeeps();
     void holdBeepsNotByItself();
     void disabledOneIsSilent();
@@ -109,10 +119,39 @@ void TestBeepButton::clickBeeps()
     QCOMPARE(Journal::calls(), QStringList{"beep(true)"});
 }
 
+void TestBeepButton::quickTapsCountEach_data()
+{
+    QTest::addColumn<bool>("scrolls");
+    QTest::addColumn<bool>("byTouch");
+    QTest::newRow("mouse, still page") << false << false;
+    QTest::newRow("mouse, scrolling page") << true << false;
+    QTest::newRow("finger, still page") << false << true;
+    QTest::newRow("finger, scrolling page") << true << true;
+}
+
 void TestBeepButton::quickTapsCountEach()
 {
+    QFETCH(bool, scrolls);
+    QFETCH(bool, byTouch);
+    ButtonScene scene(scrolls);
+    for (int pair = 1; pair <= 3; ++pair) {
+        if (byTouch) {
+            Operator::touch(&scene.button);
+            Operator::touch(&scene.button);
+        } else {
+            QTest::mouseDClick(&scene.window, Qt::LeftButton, {}, Operator::centerOf(&scene.button));
+        }
+        QTRY_COMPARE(scene.clicked.count(), 2 * pair);
+        QCOMPARE(scene.pressed.count(), 2 * pair);
+        QCOMPARE(scene.released.count(), 2 * pair);
+        QVERIFY(!scene.button.isPressed());
+    }
+}
+
+// As a host delivers it that forwards the events of another toolkit, where the second press is a double click only.
+void TestBeepButton::doubleClickAloneIsATap()
+{
     ButtonScene scene;
-    // As the window system delivers them: every second press within the double-click time is a double click.
     for (int tap = 0; tap < 6; ++tap) {
         const auto kind = tap % 2 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
         const QPointF point = Operator::centerOf(&scene.button);
@@ -123,6 +162,8 @@ void TestBeepButton::quickTapsCountEach()
         QCoreApplication::sendEvent(&scene.window, &release);
         QVERIFY(!scene.button.isPressed());
         QCOMPARE(scene.clicked.count(), tap + 1);
+        QCOMPARE(scene.pressed.count(), tap + 1);
+        QCOMPARE(scene.released.count(), tap + 1);
     }
 }
 

@@ -289,9 +289,12 @@ void TestCardWifiPassword::strangePasswords()
     Operator::tap(scene.row(QStringLiteral("picky")));
     field(scene)->setText(password);
     for (int shown = 0; shown < 2; ++shown) {
-        const QRectF room = onGlass(scene.input()->parentItem());
-        QVERIFY(room.contains(onGlass(scene.input())));
-        QVERIFY(scene.input()->clip());
+        // Cut off at the sides only, or the field could not be touched above and below what is drawn.
+        const QQuickItem *view = scene.input()->parentItem();
+        QVERIFY(view->clip());
+        QCOMPARE(onGlass(view).left(), onGlass(scene.input()).left());
+        QCOMPARE(onGlass(view).right(), onGlass(scene.input()).right());
+        QVERIFY(onGlass(view->parentItem()).contains(onGlass(scene.input())));
         QVERIFY(!Operator::picture(scene.window()).isNull());
         scene.tapInDialog(QStringLiteral("Show Password"));
     }

@@ -1,7 +1,7 @@
-#include "tests/classes/controlscene.h"
+#include "tests/classes/addressscene.h"
 
+#include <QtQml/QQmlComponent>
 #include <QtQuick/private/qquickrectangle_p.h>
-#include <QtQuick/private/qquicktextinput_p.h>
 
 using QSP::CIpInput;
 
@@ -16,6 +16,7 @@ private slots:
     void startsEmpty();
     void settingFillsTheFields();
     void settingStoresTheNormalForm();
+    void setByItsDocument();
     void nothingButIPv4_data();
     void nothingButIPv4();
     void settingTheSameSaysNothing();
@@ -29,39 +30,24 @@ private slots:
     void comesInEveryEngine();
 
 private:
-    QQuickTextInput *field(int i) const;
-    QString shown() const;
+    QQuickTextInput *field(int i) const { return AddressScene::box(m_ip, i); }
+    QString shown() const { return AddressScene::shown(m_ip); }
 
-    std::unique_ptr<ControlScene> m_scene;
+    std::unique_ptr<AddressScene> m_scene;
     CIpInput *m_ip = nullptr;
 };
 
 void TestCIpInput::init()
 {
     beginWatch();
-    m_scene = std::make_unique<ControlScene>();
-    m_ip = CIpInput::create(m_scene->engine(), m_scene->page());
-    QVERIFY(m_ip);
-    m_ip->setPosition({20, 40});
-    m_ip->setSize({248, 35});
-    Operator::settle();
+    m_scene = std::make_unique<AddressScene>();
+    m_ip = m_scene->addIp(40);
 }
 
 void TestCIpInput::cleanup()
 {
     m_scene.reset();
     endWatch();
-}
-
-QQuickTextInput *TestCIpInput::field(int i) const
-{
-    return m_ip->property(qPrintable(QStringLiteral("ipi%1").arg(i))).value<QQuickTextInput *>();
-}
-
-QString TestCIpInput::shown() const
-{
-    return QStringLiteral("%1.%2.%3.%4")
-        .arg(field(0)->text(), field(1)->text(), field(2)->text(), field(3)->text());
 }
 
 void TestCIpInput::startsEmpty()
@@ -92,6 +78,26 @@ void TestCIpInput::settingStoresTheNormalForm()
     m_ip->setIp(QStringLiteral("10.1"));
     QCOMPARE(m_ip->ip(), QStringLiteral("10.0.0.1"));
     QCOMPARE(shown(), QStringLiteral("10.0.0.1"));
+}
+
+// Properties that a document sets are there before the fields are.
+void TestCIpInput::setByItsDocument()
+{
+    QQmlComponent component(m_scene->engine());
+    component.setData(
+        "import \"qrc:/setting/flatui\"\nIpInput { y: 90; width: 248; height: 35; ip: \"1.2.3.4\" }", QUrl());
+    m_ip = qobject_cast<CIpInput *>(component.create());
+    QVERIFY2(m_ip, qPrintable(component.errorString()));
+    m_ip->setParent(m_scene->page());
+    m_ip->setParentItem(m_scene->page());
+    QCOMPARE(m_ip->ip(), QStringLiteral("1.2.3.4"));
+    QCOMPARE(shown(), QStringLiteral("1.2.3.4"));
+    QSignalSpy edited(m_ip, &CIpInput::ipChangedByEdit);
+    Operator::settle();
+    Operator::tap(field(2));
+    m_scene->key(Qt::Key_Return);
+    QCOMPARE(edited.count(), 0);
+    QCOMPARE(m_ip->ip(), QStringLiteral("1.2.3.4"));
 }
 
 void TestCIpInput::nothingButIPv4_data()

@@ -1,10 +1,9 @@
-#include "tests/classes/controlscene.h"
+#include "tests/classes/addressscene.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtQuick/private/qquickrectangle_p.h>
-#include <QtQuick/private/qquicktextinput_p.h>
 
 using QSP::CIpInput;
 
@@ -34,31 +33,18 @@ private slots:
     void beepsOncePerField();
     void columnSlidesForTheLowestField();
     void settingWhileEditingIsNoEdit();
-    void diesWhileFocused();
-    void screenDiesWhileFocused();
-    void diesWhileDisabledOrHidden();
-    void screenDeletedWhileEditing_data();
-    void screenDeletedWhileEditing();
     void disabledWhileEditing();
     void hiddenWhileEditing();
     void screenClosedWhileEditing();
     void keyStorm();
 
 private:
-    CIpInput *addInput(qreal y);
-    static QQuickTextInput *field(const CIpInput *ip, int i);
-    QQuickTextInput *field(int i) const { return field(m_ip, i); }
-    void enter(int i, const QString &digits);
-    // With a text of its own, since the test library knows no text for the hide key.
-    void key(int code)
-    {
-        const QString text = code < 0x80 ? QString(QChar(code)) : QString();
-        QTest::sendKeyEvent(QTest::Click, m_scene->window(), static_cast<Qt::Key>(code), text,
-                            Qt::NoModifier);
-    }
-    QString shown() const;
+    QQuickTextInput *field(int i) const { return AddressScene::box(m_ip, i); }
+    void enter(int i, const QString &digits) { m_scene->enter(m_ip, i, digits); }
+    void key(int code) { m_scene->key(code); }
+    QString shown() const { return AddressScene::shown(m_ip); }
 
-    std::unique_ptr<ControlScene> m_scene;
+    std::unique_ptr<AddressScene> m_scene;
     CIpInput *m_ip = nullptr;
     std::unique_ptr<QSignalSpy> m_changed;
     std::unique_ptr<QSignalSpy> m_edited;
@@ -67,8 +53,8 @@ private:
 void TestCIpInputEditing::init()
 {
     beginWatch();
-    m_scene = std::make_unique<ControlScene>();
-    m_ip = addInput(40);
+    m_scene = std::make_unique<AddressScene>();
+    m_ip = m_scene->addIp(40);
     m_ip->setIp(QStringLiteral("10.20.30.40"));
     m_changed = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChanged);
     m_edited = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChangedByEdit);
@@ -78,32 +64,6 @@ void TestCIpInputEditing::cleanup()
 {
     m_scene.reset();
     endWatch();
-}
-
-CIpInput *TestCIpInputEditing::addInput(qreal y)
-{
-    CIpInput *ip = CIpInput::create(m_scene->engine(), m_scene->page());
-    ip->setPosition({20, y});
-    ip->setSize({248, 35});
-    Operator::settle();
-    return ip;
-}
-
-QQuickTextInput *TestCIpInputEditing::field(const CIpInput *ip, int i)
-{
-    return ip->property(qPrintable(QStringLiteral("ipi%1").arg(i))).value<QQuickTextInput *>();
-}
-
-void TestCIpInputEditing::enter(int i, const QString &digits)
-{
-    Operator::tap(field(i));
-    Operator::type(m_scene->window(), digits);
-}
-
-QString TestCIpInputEditing::shown() const
-{
-    return QStringLiteral("%1.%2.%3.%4")
-        .arg(field(0)->text(), field(1)->text(), field(2)->text(), field(3)->text());
 }
 
 void TestCIpInputEditing::typedAddressIsReportedOnce()
@@ -178,12 +138,12 @@ void TestCIpInputEditing::leadingZerosAreDropped()
 
 void TestCIpInputEditing::largeNumbersAndLettersAreRefused()
 {
-    enter(0, QStringLiteral("256"));
-    QCOMPARE(field(0)->text(), QStringLiteral("25"));
-    enter(1, QStringLiteral("a-9.x9 9"));
+    enter(3, QStringLiteral("256"));
+    QCOMPARE(field(3)->text(), QStringLiteral("25"));
+    enter(1, QStringLiteral("a-9x9 !"));
     QCOMPARE(field(1)->text(), QStringLiteral("99"));
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("25.99.30.40"));
+    QCOMPARE(m_ip->ip(), QStringLiteral("10.99.30.25"));
 }
 
 void TestCIpInputEditing::pastedRubbishIsRefused()
@@ -281,15 +241,15 @@ void TestCIpInputEditing::fieldToFieldKeepsKeyboardAndEdit()
 
 void TestCIpInputEditing::focusJumpsBetweenTwoInputs()
 {
-    CIpInput *other = addInput(90);
+    CIpInput *other = m_scene->addIp(90);
     QSignalSpy otherEdited(other, &CIpInput::ipChangedByEdit);
     for (int round = 1; round <= 20; ++round) {
         enter(0, QString::number(round + 100));
         QVERIFY(m_ip->editing() && !other->editing());
-        Operator::tap(field(other, 3));
+        Operator::tap(AddressScene::box(other, 3));
         Operator::type(m_scene->window(), QString::number(round));
         QVERIFY(!m_ip->editing() && other->editing());
-        QVERIFY(field(other, 3)->hasActiveFocus());
+        QVERIFY(AddressScene::box(other, 3)->hasActiveFocus());
         QVERIFY(ControlScene::isKeyboardShown());
         QCOMPARE(m_edited->count(), round);
         QCOMPARE(otherEdited.count(), round - 1);
@@ -351,68 +311,6 @@ void TestCIpInputEditing::settingWhileEditingIsNoEdit()
     key(Qt::Key_Return);
     QCOMPARE(m_ip->ip(), QStringLiteral("1.2.3.4"));
     QCOMPARE(m_edited->count(), 0);
-}
-
-void TestCIpInputEditing::diesWhileFocused()
-{
-    CIpInput *other = addInput(90);
-    int reports = 0;
-    connect(m_ip, &CIpInput::ipChanged, this, [reports = &reports] { ++*reports; });
-    connect(m_ip, &CIpInput::editingChanged, this, [reports = &reports] { ++*reports; });
-    enter(0, QStringLiteral("99"));
-    QCOMPARE(reports, 1);
-    HmiSimulator::clearJournal();
-    delete m_ip;
-    QCOMPARE(reports, 1);
-    QCOMPARE(HmiSimulator::calls().size(), 0U);
-    // The next field works as if nothing had been.
-    Operator::tap(field(other, 0));
-    Operator::type(m_scene->window(), QStringLiteral("5"));
-    key(Qt::Key_Return);
-    QCOMPARE(other->ip(), QStringLiteral("5.0.0.0"));
-    QVERIFY(!ControlScene::isKeyboardShown());
-}
-
-void TestCIpInputEditing::screenDiesWhileFocused()
-{
-    enter(0, QStringLiteral("99"));
-    HmiSimulator::clearJournal();
-    m_scene->end();
-    QCOMPARE(HmiSimulator::calls().size(), 0U);
-}
-
-void TestCIpInputEditing::diesWhileDisabledOrHidden()
-{
-    CIpInput *other = addInput(90);
-    QStringList told;
-    connect(other, &CIpInput::ipChanged, this, [told = &told] { *told << QStringLiteral("ip"); });
-    connect(other, &CIpInput::editingChanged, this, [told = &told] { *told << QStringLiteral("editing"); });
-    m_scene->page()->setEnabled(false);
-    delete other;
-    m_scene->page()->setVisible(false);
-    delete m_ip;
-    QCOMPARE(told, QStringList());
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
-}
-
-void TestCIpInputEditing::screenDeletedWhileEditing_data()
-{
-    QTest::addColumn<bool>("emptied");
-    QTest::newRow("half typed") << false;
-    QTest::newRow("emptied") << true;
-}
-
-// As a host may: it deletes the root and keeps its window.
-void TestCIpInputEditing::screenDeletedWhileEditing()
-{
-    QFETCH(bool, emptied);
-    enter(0, QStringLiteral("99"));
-    if (emptied)
-        key(Qt::Key_Clear);
-    delete m_scene->root();
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
-    QVERIFY2(!ControlScene::isKeyboardShown(), "the keyboard stays over the host's page");
-    Operator::type(m_scene->window(), QStringLiteral("7"));
 }
 
 void TestCIpInputEditing::disabledWhileEditing()

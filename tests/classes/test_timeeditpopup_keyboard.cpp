@@ -4,6 +4,7 @@
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QValidator>
+#include <QtQuick/private/qquickrectangle_p.h>
 
 using QSP::VkbManager;
 
@@ -15,6 +16,9 @@ class TestTimeEditPopupKeyboard : public PanelTest
 private slots:
     void init();
     void focusBeepsAndSelects();
+    void ringShowsTheEditedField();
+    void okLeadsToTheWrongField_data();
+    void okLeadsToTheWrongField();
     void keyboardKeysType();
     void fieldToFieldKeepsTheKeyboard();
     void doneKeysEndTheEditing_data();
@@ -46,6 +50,67 @@ void TestTimeEditPopupKeyboard::focusBeepsAndSelects()
     // What is typed takes the place of what was there.
     Operator::type(editor.scene.window(), QStringLiteral("8"));
     QCOMPARE(editor.text("Minute"), QStringLiteral("8"));
+}
+
+void TestTimeEditPopupKeyboard::ringShowsTheEditedField()
+{
+    const TimeEditor editor;
+    const auto ring = [&editor](const QString &name) {
+        return static_cast<QQuickRectangle *>(editor.field(name)->parentItem())->border()->color();
+    };
+    const auto ringed = [&ring] {
+        QStringList names;
+        for (const QString &name : TimeEditor::fieldNames()) {
+            if (ring(name) == QColor(0x32, 0x69, 0xCE))
+                names << name;
+            else
+                [&] { QCOMPARE(ring(name), QColor(0xE6, 0xE7, 0xE9)); }();
+        }
+        return names;
+    };
+    QCOMPARE(ringed(), QStringList());
+    for (const QString &name : TimeEditor::fieldNames()) {
+        Operator::tap(editor.field(name));
+        QCOMPARE(ringed(), QStringList{name});
+    }
+    Operator::tap(editor.scene.keyboardKey("hide"));
+    QCOMPARE(ringed(), QStringList());
+}
+
+void TestTimeEditPopupKeyboard::okLeadsToTheWrongField_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QString>("wrong");
+    const QStringList right{"2024", "02", "09", "14", "05", "07"};
+    for (int i = 0; i < right.size(); ++i) {
+        QStringList texts = right;
+        texts[i].clear();
+        QTest::addRow("no %s", qPrintable(TimeEditor::fieldNames()[i]))
+            << texts << TimeEditor::fieldNames()[i];
+    }
+    QTest::newRow("year begun") << QStringList{"203", "02", "09", "14", "05", "07"} << "Year";
+    QTest::newRow("month 0") << QStringList{"2024", "0", "09", "14", "05", "07"} << "Month";
+    QTest::newRow("day 0") << QStringList{"2024", "02", "0", "14", "05", "07"} << "Day";
+    QTest::newRow("31 February") << QStringList{"2024", "02", "31", "14", "05", "07"} << "Day";
+    QTest::newRow("the first of several") << QStringList{"2024", "02", "", "14", "", ""} << "Day";
+    QTest::newRow("nothing") << QStringList{"", "", "", "", "", ""} << "Year";
+}
+
+void TestTimeEditPopupKeyboard::okLeadsToTheWrongField()
+{
+    QFETCH(QStringList, texts);
+    QFETCH(QString, wrong);
+    TimeEditor editor;
+    for (int i = 0; i < texts.size(); ++i)
+        editor.fill(TimeEditor::fieldNames()[i], texts[i]);
+    QCOMPARE(editor.texts(), texts);
+    Operator::tap(editor.button());
+    QCOMPARE(editor.confirmed.count(), 0);
+    QVERIFY(editor.popup->isVisible());
+    for (const QString &name : TimeEditor::fieldNames())
+        QCOMPARE(editor.field(name)->hasActiveFocus(), name == wrong);
+    QVERIFY(VkbManager::instance().isVisible());
+    QCOMPARE(editor.field(wrong)->selectedText(), editor.text(wrong));
 }
 
 void TestTimeEditPopupKeyboard::keyboardKeysType()

@@ -2,16 +2,23 @@
 
 #include "plugin/pluginregistry.h"
 
-ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ) : m_library(plugin)
+std::shared_ptr<ISystemSet> screenOf(QLibrary *library)
 {
-    if (!m_library.load()) {
-        QTest::qFail(qPrintable(m_library.errorString()), __FILE__, __LINE__);
-        return;
+    if (!library->load()) {
+        QTest::qFail(qPrintable(library->errorString()), __FILE__, __LINE__);
+        return nullptr;
     }
     const auto getInstance =
-        reinterpret_cast<VexPlugin::PluginRegistry *(*)()>(m_library.resolve("VexPluginGetInstance"));
+        reinterpret_cast<VexPlugin::PluginRegistry *(*)()>(library->resolve("VexPluginGetInstance"));
     const auto &factories = getInstance()->factories();
-    m_screen = std::static_pointer_cast<ISystemSet>(factories.at(typeid(ISystemSet))());
+    return std::static_pointer_cast<ISystemSet>(factories.at(typeid(ISystemSet))());
+}
+
+ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ) : m_library(plugin)
+{
+    m_screen = screenOf(&m_library);
+    if (!m_screen)
+        return;
 
     m_engine = std::make_unique<QQmlEngine>();
     m_window = std::make_unique<QQuickWindow>();

@@ -10,6 +10,10 @@
 
 #include <memory>
 
+/// The interface of the plug-in in @p library, as a host obtains it; null, and the test fails, when
+/// the library does not load. VexPluginCloseInstance() is the caller's.
+std::shared_ptr<ISystemSet> screenOf(QLibrary *library);
+
 /// The screen as a host has it: the plug-in loaded from its file, in a window of its own.
 class ScreenFixture
 {

@@ -11,6 +11,8 @@ private slots:
     void setTheClock_data();
     void setTheClock();
     void clockRunsOnFromWhatWasSet();
+    void editorShadesTheRest_data();
+    void editorShadesTheRest();
     void clockRefused();
     void editorLeftAlone();
     void editorTextsFollowTheLanguage();
@@ -75,6 +77,32 @@ void TestClock::clockRunsOnFromWhatWasSet()
     QTRY_VERIFY(shown().startsWith(today.left(4)));
 }
 
+void TestClock::editorShadesTheRest_data()
+{
+    addSizes();
+}
+
+void TestClock::editorShadesTheRest()
+{
+    QFETCH(QSize, size);
+    build(size);
+    const auto corner = [this, size] {
+        return Operator::picture(m_fixture->window()).pixelColor(size.width() - 3, size.height() - 3);
+    };
+    const QColor light(0xF4, 0xF5, 0xF5);
+    QTRY_COMPARE(corner(), light);
+    openEditor();
+    // As behind the dialogs.
+    const auto isShaded = [&corner, &light] {
+        return qAbs(corner().red() - light.red() * 0.6) <= 1.0 &&
+               qAbs(corner().green() - light.green() * 0.6) <= 1.0;
+    };
+    QTRY_VERIFY2(isShaded(), qPrintable(corner().name()));
+    Operator::tap(m_fixture->window(), {3, size.height() - 3});
+    QTRY_VERIFY(!field(QStringLiteral("Year")));
+    QTRY_COMPARE(corner(), light);
+}
+
 void TestClock::clockRefused()
 {
     build({1024, 600});
@@ -97,9 +125,12 @@ void TestClock::editorLeftAlone()
     QVERIFY(!isKeyboardShown());
     m_fixture->tapText(QStringLiteral("OK"));
     QVERIFY2(field(QStringLiteral("Year")), "an empty year was confirmed");
+    // The field to be put right is there to be typed into at once.
+    QVERIFY(field(QStringLiteral("Year"))->hasActiveFocus());
+    QVERIFY(isKeyboardShown());
     // A tap outside puts it away, and does nothing else: there is the menu underneath.
     Operator::tap(m_fixture->window(),
-                  Operator::centerOf(Operator::byText(m_fixture->root(), QStringLiteral("Language"))));
+                  Operator::centerOf(Operator::byText(m_fixture->root(), QStringLiteral("Network"))));
     QTRY_VERIFY(!field(QStringLiteral("Year")));
     QCOMPARE(m_fixture->title(), QStringLiteral("General"));
     QCOMPARE(Journal::callsButBeeps(), QStringList());

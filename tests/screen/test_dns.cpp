@@ -13,6 +13,8 @@ private slots:
     void dhcpLocksTheFields();
     void isReadAgainOnOpening();
     void neverOverwritesAnEdit();
+    void staleServerIsNeverWritten_data();
+    void staleServerIsNeverWritten();
     void editBelongsToItsAdapter();
     void editBelongsToItsAdapterWithoutKeyboard();
     void leaseReloadsTheServers();
@@ -113,6 +115,31 @@ void TestDns::neverOverwritesAnEdit()
     QCOMPARE(NetworkPage::octet(page.dnsInput(2), 0)->property("text").toString(), QString("9"));
     Operator::key(page.window(), Qt::Key_Return);
     QCOMPARE(Journal::calls("setDns"), QStringList("setDns(LAN0, 5.5.5.5, 9.1.1.1)"));
+}
+
+void TestDns::staleServerIsNeverWritten_data()
+{
+    QTest::addColumn<int>("end");
+    QTest::newRow("Escape") << static_cast<int>(Qt::Key_Escape);
+    QTest::newRow("Return") << static_cast<int>(Qt::Key_Return);
+}
+
+// The servers change while the operator is in the field of one, but he leaves it as it is.
+void TestDns::staleServerIsNeverWritten()
+{
+    QFETCH(int, end);
+    NetworkPage page;
+    page.edit(page.dnsInput(1), 0, QString());
+    HmiSimulator::change([](HmiSimulator::Panel &panel) {
+        panel.adapters[HMI::SystemSet::LAN0].dns = {0x05050505, 0x06060606};
+    });
+    QMetaObject::invokeMethod(page.screen().root(), "opened");
+    QCOMPARE(page.dnsAddress(1), QString("8.8.8.8"));
+    Operator::key(page.window(), end);
+    QCOMPARE(page.dnsAddress(1), QString("5.5.5.5"));
+    page.edit(page.dnsInput(2), 3, "42");
+    Operator::key(page.window(), Qt::Key_Return);
+    QCOMPARE(Journal::calls("setDns"), QStringList("setDns(LAN0, 5.5.5.5, 6.6.6.42)"));
 }
 
 void TestDns::editBelongsToItsAdapter()

@@ -320,7 +320,8 @@ void TestGeneral::hostDeletesUnderTheFinger()
     QVERIFY(slider()->property("pressed").toBool());
     delete m_fixture->root();
     QTest::mouseRelease(m_fixture->window(), Qt::LeftButton);
-    QCOMPARE(Journal::callsButBeeps(), QStringList());
+    // Nothing to follow, but what the finger let go of is saved all the same.
+    QCOMPARE(Journal::callsButBeeps(), QStringList{"setBright(20, save)"});
 }
 
 PANEL_TEST_MAIN(TestGeneral)

@@ -16,6 +16,8 @@ private slots:
     void deliveries_data();
     void deliveries();
     void lateAnswerDoesNotOverwriteAnEdit();
+    void lateAnswerIsShownAfterAnEditWithoutChange_data();
+    void lateAnswerIsShownAfterAnEditWithoutChange();
     void answerOnTheGuiThreadAndFromAForeignOne();
     void answerAfterTheScreenIsGone();
     void answerWhileClosed();
@@ -125,6 +127,33 @@ void TestNetworkDhcp::lateAnswerDoesNotOverwriteAnEdit()
     HmiSimulator::clearJournal();
     Operator::key(page.window(), Qt::Key_Return);
     QCOMPARE(Journal::callsButBeeps(), QStringList("setIp(LAN0, 10.168.1.10, persist)"));
+}
+
+void TestNetworkDhcp::lateAnswerIsShownAfterAnEditWithoutChange_data()
+{
+    QTest::addColumn<QString>("field");
+    for (const char *field : {"IP Address", "Subnet Mask", "Default Gateway"})
+        QTest::newRow(field) << field;
+}
+
+void TestNetworkDhcp::lateAnswerIsShownAfterAnEditWithoutChange()
+{
+    QFETCH(QString, field);
+    HmiSimulator::setManual(true);
+    NetworkPage page;
+    page.tapToggle("Static IP");
+    page.tapToggle("Static IP");
+    page.edit(page.addressOf(field), 3, "99");
+    HmiSimulator::change([](HmiSimulator::Panel &panel) {
+        panel.adapters[HMI::SystemSet::LAN0].stored = {0x0A010203, 0x0A010203, 0x0A010203};
+    });
+    HmiSimulator::clearJournal();
+    HmiSimulator::fireAll();
+    Operator::settle();
+    QVERIFY(page.address(field) != QString("10.1.2.3"));
+    Operator::key(page.window(), Qt::Key_Escape);
+    QCOMPARE(page.address(field), QString("10.1.2.3"));
+    QCOMPARE(Journal::callsButBeeps(), QStringList());
 }
 
 void TestNetworkDhcp::answerOnTheGuiThreadAndFromAForeignOne()

@@ -29,7 +29,8 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten_data()
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("end");
     for (const char *field : {"IP Address", "Default Gateway", "DNS 1", "DNS 2"}) {
-        for (const char *end : {"root deleted", "window deleted", "root hidden", "closed"})
+        for (const char *end : {"root deleted", "window deleted", "root hidden", "closed", "root detached",
+                                "root in another window", "item around the root detached"})
             QTest::newRow(qPrintable(QString("%1, %2").arg(field, end))) << field << end;
     }
 }
@@ -38,7 +39,13 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten()
 {
     QFETCH(QString, field);
     QFETCH(QString, end);
+    QQuickWindow another;
     NetworkPage page;
+    auto *around = new QQuickItem(page.glass());
+    if (end.startsWith("item around")) {
+        page.screen().root()->setParent(around);
+        page.screen().root()->setParentItem(around);
+    }
     page.edit(field.startsWith("DNS") ? page.dnsInput(field.rightRef(1).toInt()) : page.addressOf(field), 0,
               "1");
     HmiSimulator::clearJournal();
@@ -49,6 +56,12 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten()
         page.destroy();
     else if (end == "root hidden")
         root->setVisible(false);
+    else if (end == "root detached")
+        root->setParentItem(nullptr);
+    else if (end == "root in another window")
+        root->setParentItem(another.contentItem());
+    else if (end == "item around the root detached")
+        around->setParentItem(nullptr);
     else
         page.screen().close();
     QTest::qWait(50);

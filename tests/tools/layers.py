@@ -18,7 +18,8 @@ import sys
 import tempfile
 
 GROUND_FLOOR = {
-    "documentalias", "embeddedcomponent", "globalinfo", "guithread", "handover", "multilingualtext", "screenroot", "vkbmanager"
+    "documentalias", "documentend", "embeddedcomponent", "focusloan", "globalinfo", "guigate", "guithread", "handover",
+    "multilingualtext", "screenroot", "vkbmanager"
 }
 UPPER_FLOOR = {"approotitem", "approotmenu", "cardinfo"}
 FLOORS = ["contracts", "ground", "controls", "upper", "cards", "plugin"]

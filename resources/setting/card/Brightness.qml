@@ -7,8 +7,10 @@ CardBrightness {
 
     readonly property int rowHeight: brightnessTitleRowHeight
     property alias titleText: _title.label
+    property alias sliderTouchItem: _slider.touchItem
 
     height: Math.round(_content.y + _content.height)
+    held: _minus.pressed || _slider.pressed || _plus.pressed
 
     FlatUI.CardTitle {
         id: _title
@@ -37,11 +39,6 @@ CardBrightness {
             isIncrement: false
             autoRepeat: true
             onPressed: _card.setBrightnessValue(_card.brightnessValue - 1)
-            onPressedChanged: {
-                if (!pressed)
-                    _card.saveBrightness();
-            }
-            onCanceled: _card.saveBrightness()
         }
 
         FlatUI.StepSlider {
@@ -57,11 +54,6 @@ CardBrightness {
             background.height: Math.round(0.18 * _card.rowHeight)
             onMoved: _card.brightnessValue = step
             onGrabbed: _card.beepIfOn()
-            // Without a card when the host deletes the screen under the finger.
-            onReleased: {
-                if (_card)
-                    _card.saveBrightness();
-            }
         }
 
         Item {
@@ -87,11 +79,6 @@ CardBrightness {
             buttonSize: _content.buttonSize
             autoRepeat: true
             onPressed: _card.setBrightnessValue(_card.brightnessValue + 1)
-            onPressedChanged: {
-                if (!pressed)
-                    _card.saveBrightness();
-            }
-            onCanceled: _card.saveBrightness()
         }
     }
 }

@@ -47,12 +47,15 @@ CardTime {
             horizontalAlignment: Text.AlignRight
             // A clock that nobody sees must not cost a frame a second.
             text: _card.visible ? _card.currentDateTime : ""
+            opacity: _edit.pressed ? 0.6 : 1.0
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
             color: "#3482FF"
         }
 
         BeepButton {
+            id: _edit
+
             anchors.right: _dateTime.right
             anchors.verticalCenter: _dateTime.verticalCenter
             width: _dateTime.contentWidth

@@ -67,6 +67,9 @@ CardLanguage {
                 contentItem: Item {
                     id: _content
 
+                    // The marked row has the ground of a pressed one already.
+                    opacity: _row.pressed ? 0.6 : 1.0
+
                     Image {
                         id: _tick
 

@@ -6,9 +6,11 @@ BeepButton {
 
     property alias imgUrl: _icon.source
 
+    // All of it: the background alone lies on its own colour.
+    opacity: pressed ? 0.6 : 1.0
+
     background: Rectangle {
         radius: 12
-        opacity: _button.pressed ? 0.6 : 1.0
     }
 
     Image {

@@ -8,13 +8,13 @@ BeepButton {
     property alias fontSize: _text.font.pixelSize
 
     width: _text.width + 20
+    opacity: pressed ? 0.6 : 1.0
 
     background: Rectangle {
         radius: 4
         color: _button.checked ? "#3482FF" : "#FFFFFF"
         border.color: "#3482FF"
         border.width: _button.checked ? 0 : 1
-        opacity: _button.pressed ? 0.6 : 1.0
     }
 
     Text {

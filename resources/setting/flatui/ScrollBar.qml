@@ -5,6 +5,7 @@ Item {
     id: _bar
 
     property Flickable flickable
+    property alias touchItem: _area
 
     readonly property real ratio: flickable.contentHeight > 0 ? flickable.height / flickable.contentHeight : 1
     readonly property real travel: flickable.contentHeight - flickable.height

@@ -11,13 +11,13 @@ Item {
     property real handleSize: 0
     property alias background: _groove
     property alias handle: _handle
+    property alias touchItem: _area
     readonly property bool pressed: _area.pressed
     readonly property real visualPosition: (Math.max(from, Math.min(to, value)) - from) / (to - from)
 
     // The finger asks for another step; value is the user's to change.
     signal moved(int step)
     signal grabbed
-    signal released
 
     function moveTo(x) {
         var position = (x - handleSize / 2) / Math.max(1, width - handleSize);
@@ -78,13 +78,6 @@ Item {
             if (dragging)
                 _slider.moveTo(mouse.x - offset);
         }
-        onReleased: {
-            _slider.moveTo(mouse.x - offset);
-            _slider.released();
-        }
-        onCanceled: {
-            if (_slider)
-                _slider.released();
-        }
+        onReleased: _slider.moveTo(mouse.x - offset)
     }
 }
