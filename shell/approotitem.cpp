@@ -244,12 +244,14 @@ void AppRootItem::close()
 
 void AppRootItem::hide()
 {
-    const bool wasShown = isVisible();
+    // Not whether it can be seen: the host may have hidden what lies around the screen.
+    const auto isOpen = [this] { return QQuickItemPrivate::get(this)->explicitVisible; };
+    const bool wasOpen = isOpen();
     setVisible(false);
-    if (!wasShown)
+    if (!wasOpen)
         return;
-    const auto tellHost = [this] {
-        if (!isVisible())
+    const auto tellHost = [this, isOpen] {
+        if (!isOpen())
             emit closed();
     };
     QMetaObject::invokeMethod(this, tellHost, Qt::QueuedConnection);
