@@ -132,7 +132,9 @@ void AppRootItem::followVisibility()
     connect(this, &QQuickItem::visibleChanged, this, [this] {
         m_isFocusDue = !isVisible();
         if (m_isFocusDue) {
-            VkbManager::instance().showVkb(false);
+            // With an older screen that a host hides at last goes only what it edits itself.
+            if (g_root == this)
+                VkbManager::instance().showVkb(false);
             return;
         }
         m_focus.begin();
