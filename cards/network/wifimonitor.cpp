@@ -1,5 +1,6 @@
 #include "cards/network/wifimonitor.h"
 
+#include "cards/network/addressrules.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/wifilink.h"
 #include "cards/network/wifitile.h"
@@ -42,6 +43,7 @@ void WifiMonitor::update()
         return;
     if (!systemSet().isNicEnabled(HMI::SystemSet::WIFI)) {
         m_status.show("Offline");
+        m_card->rules().reread(HMI::SystemSet::WIFI);
         m_timer.stop();
         return;
     }
@@ -55,6 +57,8 @@ void WifiMonitor::update()
         WifiLink::updateSignalStrength(m_card);
     } else {
         m_status.show("Offline");
+        // The lease went with the link.
+        m_card->rules().reread(HMI::SystemSet::WIFI);
     }
     emit m_card->wifiStatusChanged(connected, ssid);
 }
