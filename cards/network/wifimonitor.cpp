@@ -38,15 +38,18 @@ void WifiMonitor::start()
 
 void WifiMonitor::update()
 {
-    // In the middle of an attempt to join, the tile would flip to "Offline" and back.
-    if (!m_status.hasItem() || m_connecting)
+    if (!m_status.hasItem())
         return;
+    // An attempt to join says nothing of an adapter that was switched off meanwhile.
     if (!systemSet().isNicEnabled(HMI::SystemSet::WIFI)) {
         m_status.show("Offline");
         m_card->rules().reread(HMI::SystemSet::WIFI);
         m_timer.stop();
         return;
     }
+    // In the middle of an attempt, the tile would flip to "Offline" and back.
+    if (m_connecting)
+        return;
     watch();
     const bool connected = WifiLink::isConnected();
     QString ssid;

@@ -34,6 +34,8 @@ private slots:
     void wifiTileLeadsToItsPage();
     void wifiTileFollowsTheLink();
     void wifiAttemptKeepsTheTile();
+    void disabledWifiIsOfflineWhateverIsAttempted_data();
+    void disabledWifiIsOfflineWhateverIsAttempted();
     void wifiTickDoesNotOverwriteAnEdit();
     void wifiResetClears();
     void wifiFoundDisabledStopsTheWatch();
@@ -206,6 +208,37 @@ void TestNetworkStatus::wifiAttemptKeepsTheTile()
     QCOMPARE(Operator::visibleTexts(tile).value(0), QString("Online"));
     QVERIFY(QMetaObject::invokeMethod(page.network(), "setWifiConnecting", Q_ARG(bool, false)));
     QCOMPARE(Operator::visibleTexts(tile).value(0), QString("Offline"));
+}
+
+void TestNetworkStatus::disabledWifiIsOfflineWhateverIsAttempted_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"tapped", "found by a tick", "found on opening"})
+        QTest::newRow(how) << how;
+}
+
+void TestNetworkStatus::disabledWifiIsOfflineWhateverIsAttempted()
+{
+    QFETCH(QString, how);
+    HmiSimulator::joinNetwork("Plant");
+    NetworkPage page;
+    page.select("Wi-Fi");
+    QCOMPARE(Operator::visibleTexts(page.row("Wi-Fi Settings")).value(0), QString("Online"));
+    // An attempt that the service never reports.
+    QVERIFY(QMetaObject::invokeMethod(page.network(), "setWifiConnecting", Q_ARG(bool, true)));
+    if (how == "tapped") {
+        page.tapToggle("Disable Network");
+    } else if (how == "found by a tick") {
+        HmiSimulator::setNicEnabled(HMI::SystemSet::WIFI, false);
+        tick(page, statusInterval);
+    } else {
+        page.screen().close();
+        HmiSimulator::setNicEnabled(HMI::SystemSet::WIFI, false);
+        page.screen().open();
+        page.screen().tapMenu("Network");
+    }
+    QCOMPARE(Operator::visibleTexts(page.row("Wi-Fi Settings")).value(0), QString("Offline"));
+    QVERIFY(!page.isWatching(statusInterval));
 }
 
 void TestNetworkStatus::wifiTickDoesNotOverwriteAnEdit()
