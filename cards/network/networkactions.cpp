@@ -60,6 +60,9 @@ void NetworkActions::enableMobile(bool enable)
     if (!enable || m_card->currentNIC() == HMI::SystemSet::MOBILE_4G)
         m_card->setup4GTimer(enable);
     systemSet().enableNIC(HMI::SystemSet::MOBILE_4G, enable, true);
+    // Before the call above the service still told the old state.
+    if (enable)
+        m_card->update4GSignal();
 }
 
 void NetworkActions::enableVpn(bool enable)

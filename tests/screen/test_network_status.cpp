@@ -30,6 +30,7 @@ private slots:
     void vpnState_data();
     void vpnState();
     void switchedOffVpnShowsNoOldState();
+    void mobileSwitchedOnShowsItsStateAtOnce();
     void vpnIsWatchedWhileSelected();
     void wifiTileLeadsToItsPage();
     void wifiTileFollowsTheLink();
@@ -149,6 +150,17 @@ void TestNetworkStatus::switchedOffVpnShowsNoOldState()
     page.select("VPN");
     QCOMPARE(page.status("Connection Status"), QString("Not connected"));
     QCOMPARE(page.statusColor("Connection Status"), normal);
+}
+
+void TestNetworkStatus::mobileSwitchedOnShowsItsStateAtOnce()
+{
+    HmiSimulator::setDelays(600000);
+    HmiSimulator::setNicEnabled(HMI::SystemSet::MOBILE_4G, false);
+    NetworkPage page;
+    page.select("4G");
+    QCOMPARE(page.status("Connection Status"), QString("Not connected"));
+    page.tapToggle("4G");
+    QCOMPARE(page.status("Connection Status"), QString("Connecting..."));
 }
 
 void TestNetworkStatus::vpnIsWatchedWhileSelected()
