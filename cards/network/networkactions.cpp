@@ -99,6 +99,8 @@ void NetworkActions::requestLeaseSoon(NIC nic)
     if (!timer) {
         timer = new QTimer(this);
         timer->setSingleShot(true);
+        // A coarse timer may come a twentieth too early.
+        timer->setTimerType(Qt::PreciseTimer);
         connect(timer, &QTimer::timeout, this, [this, nic] { setDhcp(nic, true); });
     }
     timer->start(leaseDelay);
