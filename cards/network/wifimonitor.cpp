@@ -36,6 +36,14 @@ void WifiMonitor::start()
     update();
 }
 
+void WifiMonitor::setPaused(bool paused)
+{
+    if (paused)
+        m_timer.pause();
+    else if (m_timer.resume())
+        update();
+}
+
 void WifiMonitor::update()
 {
     if (!m_status.hasItem())
