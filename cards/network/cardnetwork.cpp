@@ -44,6 +44,21 @@ void CardNetwork::componentComplete()
     m_layout = aliasOf<QQuickItem>(this, "layout");
     setNetworkText(aliasOf<QQuickText>(this, "titleText"), "Network");
     addNicButtons();
+    AppRootItem *root = rootOf(this);
+    if (!root)
+        return;
+    connect(root, &QQuickItem::visibleChanged, this, [this, root] {
+        if (!root->isVisible())
+            setMonitorsPaused(true);
+    });
+    connect(root, &AppRootItem::opened, this, [this] { setMonitorsPaused(false); });
+}
+
+void CardNetwork::setMonitorsPaused(bool paused)
+{
+    m_mobile->setPaused(paused);
+    m_vpn->setPaused(paused);
+    m_wifi->setPaused(paused);
 }
 
 void CardNetwork::setRowHeight(int height)

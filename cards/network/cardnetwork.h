@@ -135,6 +135,7 @@ private:
     void selectFirstNic(int present);
     void startMonitor(HMI::SystemSet::NIC nic);
     void stopMonitor(HMI::SystemSet::NIC nic);
+    void setMonitorsPaused(bool paused);
 
     int m_rowHeight = 62;
     int m_fontPixelSize = 20;

@@ -111,6 +111,8 @@ void CardNIC::setDefaultNic()
     if (m_showing || index < 0 || index >= model.size())
         return;
     systemSet().setDefaultNIC(static_cast<NIC>(nicOf(model.at(index))), false);
+    // The service may have refused: the adapter may have vanished while the list was open.
+    updateComboBoxModel();
 }
 
 void CardNIC::startPingTest()

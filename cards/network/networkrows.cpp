@@ -6,7 +6,6 @@
 #include "cards/network/mobilemonitor.h"
 #include "cards/network/networkactions.h"
 #include "cards/network/vpnmonitor.h"
-#include "cards/network/wifilink.h"
 #include "cards/network/wifimonitor.h"
 #include "cards/network/wifitile.h"
 #include "cards/rootof.h"
@@ -46,6 +45,8 @@ void NetworkRows::show(NIC nic, bool visible)
         return build(key);
     for (QQuickItem *row : rows->items)
         row->setVisible(visible);
+    if (visible)
+        m_card->rules().reread(key);
 }
 
 void NetworkRows::build(NIC nic)
@@ -75,6 +76,7 @@ void NetworkRows::buildAddressed(NIC nic)
     addStaticSwitch(nic);
     for (const AddressKind *kind : g_addressKinds)
         addAddress(*kind, nic);
+    m_card->rules().reread(nic);
     addMac(nic);
 
     connect(m_card, &CardNetwork::netDisabledChanged, this, [this, nic] {
@@ -104,6 +106,9 @@ BeepSwitch *NetworkRows::addEnableSwitch(NIC nic, const char *label)
     connect(enable, &BeepSwitch::onChanged, this, [this, nic, enabled](bool on) {
         m_card->enableNIC(nic, on);
         emit m_card->netDisabledChanged();
+        // Its lease ends with it.
+        if (!m_card->isEnable_FromSwitch(nic))
+            m_card->rules().reread(nic);
         if (enabled)
             CardLinks::reloadDns(m_card);
     });
@@ -125,11 +130,6 @@ void NetworkRows::addStaticSwitch(NIC nic)
         m_card->enableStatic(nic, false);
 }
 
-bool NetworkRows::showsLiveAddress(NIC nic) const
-{
-    return systemSet().isDhcpOn(nic) && (nic != HMI::SystemSet::WIFI || WifiLink::isConnected());
-}
-
 void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
 {
     CIpInput *field = make().address(append(nic, make().labelledRow(kind.label, RowFactory::addressRow)));
@@ -138,8 +138,6 @@ void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
     m_rows[nic].*kind.field = field;
     field->setIp(dotted((systemSet().*kind.stored)(nic)));
     m_card->rules().updateEnable(kind, nic);
-    if (showsLiveAddress(nic))
-        m_card->rules().updateDisplay(kind, nic);
     connect(field, &CIpInput::ipChangedByEdit, this,
             [this, &kind, nic](unsigned int address) { m_card->actions().writeAddress(kind, nic, address); });
 }
@@ -205,8 +203,7 @@ void NetworkRows::reread(NIC nic)
     if (!hasAddresses(nic))
         return;
     rereadStatic(nic);
-    if (showsLiveAddress(nic))
-        m_card->rules().updateDisplay(nic);
+    m_card->rules().reread(nic);
 }
 
 void NetworkRows::rereadStatic(NIC nic)

@@ -18,6 +18,10 @@
 /// or (connectWifi()) several times. The screen copes with reports that come
 /// late, twice or never, and with reports that come after it has gone. The
 /// function may be copied and may be empty; an empty one is not to be called.
+/// The screen does not wait for ever: connectWifi() without a final value for
+/// 60 s counts as WIFI_TIMEOUT, scanWifi() and resetWifi() without a list for
+/// 30 s as failed, pingTest() without an outcome for 15 s as failed. A report
+/// that comes later is dropped. A lease may take as long as it likes.
 ///
 /// Life. After the destructor has returned, no callback comes. Callbacks never
 /// run while a lock is held that a call of this class needs: they may call it.
