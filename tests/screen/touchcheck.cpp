@@ -260,7 +260,7 @@ void TouchCheck::checkOverlap(const Place &place, const Place &other, QStringLis
         return;
     const QRectF common = place.area.adjusted(-4.0, -4.0, 4.0, 4.0) &
                           other.area.adjusted(-4.0, -4.0, 4.0, 4.0) & bounds(place.item) & bounds(other.item);
-    const auto takes = [](const QQuickItem *item, const QPointF &point) {
+    const auto isTakenBy = [](const QQuickItem *item, const QPointF &point) {
         return item->contains(item->mapFromScene(point));
     };
     // What they share is no finer than that, or no finger could hit it.
@@ -269,7 +269,7 @@ void TouchCheck::checkOverlap(const Place &place, const Place &other, QStringLis
         for (int x = 0; x < common.width(); x += step) {
             // Off the lines on which areas meet.
             const QPointF point = common.topLeft() + QPointF(x + 0.37, y + 0.37);
-            if (!takes(place.item, point) || !takes(other.item, point))
+            if (!isTakenBy(place.item, point) || !isTakenBy(other.item, point))
                 continue;
             *faults << QStringLiteral("%1 and %2 both take touches at %3,%4")
                            .arg(say(place.item), say(other.item))
