@@ -200,8 +200,9 @@ void TestSimulatorHostileScenarios::keysAreToldBriefly_data()
     QTest::newRow("unknown") << QByteArray("{\n\"" + filled("k", 2000000) + "\": 1}")
                              << QStringLiteral("s:2: unknown key \"%1\"").arg(cut);
     const QByteArray twice = '"' + filled("k", 1000000) + "\": 1";
-    QTest::newRow("twice") << QByteArray("{\"comment\": {" + twice + ",\n" + twice + "}}")
-                           << QStringLiteral("s:1: \"comment\" must be a text");
+    QTest::newRow("twice, where none may stand")
+        << QByteArray("{\"comment\": {" + twice + ",\n" + twice + "}}")
+        << QStringLiteral("s:1: \"comment\" must be a text");
     QTest::newRow("terminal") << QByteArray(R"({"\u001b]0;mine\u0007\n\u009b": 1})")
                               << QString::fromUtf8("s:1: unknown key \"�]0;mine���\"");
 }
