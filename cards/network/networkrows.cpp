@@ -15,14 +15,10 @@
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
 
-#include <QtQuick/private/qquickanchors_p.h>
-#include <QtQuick/private/qquickitem_p.h>
-
 namespace QSP {
 
 namespace {
 
-constexpr double tileHeight = 41.0 / 31.0;
 constexpr int mobileConnected = 2;
 
 // Which adapter's rows are shown for a value: an unknown small one is taken for a modem, a large one for a tunnel.
@@ -153,14 +149,8 @@ void NetworkRows::addMac(NIC nic)
 
 void NetworkRows::addWifiTile()
 {
-    QQuickItem *column = m_card->layout();
-    auto *tile = new WifiTile(tileHeight * m_card->rowHeight(), m_card->fontPixelSize(), column);
+    WifiTile *tile = make().wifiTile();
     append(HMI::SystemSet::WIFI, tile);
-    QQuickAnchors *anchors = QQuickItemPrivate::get(tile)->anchors();
-    anchors->setLeft(QQuickItemPrivate::get(column)->left());
-    anchors->setRight(QQuickItemPrivate::get(column)->right());
-    anchors->setLeftMargin(m_card->fontPixelSize());
-    anchors->setRightMargin(m_card->fontPixelSize());
     tile->setWifiEnabled(systemSet().isNicEnabled(HMI::SystemSet::WIFI));
     connect(m_card, &CardNetwork::wifiEnableChanged, tile, &WifiTile::setWifiEnabled);
     connect(tile, &QQuickAbstractButton::clicked, m_card, &CardNetwork::switchToWifiCard);
