@@ -120,6 +120,9 @@ void NetworkRows::addStaticSwitch(NIC nic)
     fixed->onChangeEnabled(m_card->isEnable_FromSwitch(nic));
     connect(fixed, &BeepSwitch::onChanged, this, [this, nic](bool on) {
         m_card->enableStatic(nic, on);
+        // The fields can be edited from now on, whenever the service reports.
+        if (on)
+            m_card->rules().offerStored(nic);
         emit m_card->useStaticIpChanged(nic);
     });
     if (dhcp)
