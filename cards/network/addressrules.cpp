@@ -87,6 +87,16 @@ void AddressRules::reread(NIC nic) const
     }
 }
 
+void AddressRules::offerStored(NIC nic) const
+{
+    const AdapterRows rows = m_card->rows().of(nic);
+    for (const AddressKind *kind : g_addressKinds) {
+        CIpInput *field = rows.*kind->field;
+        if (field && (field->ip().isEmpty() || field->ip() == dotted(0)))
+            field->refreshIp(dotted(storedAddress(*kind, nic)));
+    }
+}
+
 void AddressRules::updateNetInfo(NIC nic) const
 {
     if (!systemSet().isNicEnabled(nic))

@@ -27,6 +27,8 @@ public:
     void updateDisplay(NIC nic) const;
     /// Shows what rows built now would show: the lease of an adapter that is on DHCP and in use, else what is stored.
     void reread(NIC nic) const;
+    /// Shows what is stored where nothing is shown, so that no edit starts from nothing.
+    void offerStored(NIC nic) const;
     /// updateDisplay() of an adapter that the service calls enabled; the DNS card follows.
     void updateNetInfo(NIC nic) const;
 

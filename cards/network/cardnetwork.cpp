@@ -68,6 +68,7 @@ void CardNetwork::setRowHeight(int height)
     if (m_rowHeight == height)
         return;
     m_rowHeight = height;
+    sizeNicButtons();
     emit rowHeightChanged();
 }
 
@@ -77,6 +78,7 @@ void CardNetwork::setFontPixelSize(int size)
         return;
     m_fontPixelSize = size;
     m_vpn->setFontPixelSize(size);
+    sizeNicButtons();
     emit fontPixelSizeChanged();
 }
 
@@ -89,6 +91,7 @@ void CardNetwork::addNicButtons()
         if (present & nic)
             addNicButton(nic);
     }
+    sizeNicButtons();
     selectFirstNic(present);
 }
 
@@ -99,13 +102,19 @@ void CardNetwork::addNicButton(NIC nic)
     auto *button = component.create<BeepButton>(document, m_nicButtonFlow);
     if (!button)
         return;
-    button->setHeight(0.5 * m_rowHeight);
-    button->setProperty("fontSize", m_fontPixelSize);
     button->setCheckable(true);
     button->setAutoExclusive(true);
     setNetworkText(aliasOf<QQuickText>(button, "txt"), adapterLabel(nic));
     connect(button, &QQuickAbstractButton::clicked, this, [this, nic] { setCurrentNIC(nic); });
     m_buttons.insert(nic, button);
+}
+
+void CardNetwork::sizeNicButtons()
+{
+    for (BeepButton *button : qAsConst(m_buttons)) {
+        button->setHeight(0.5 * m_rowHeight);
+        button->setProperty("fontSize", m_fontPixelSize);
+    }
 }
 
 void CardNetwork::selectFirstNic(int present)

@@ -132,6 +132,7 @@ protected:
 private:
     void addNicButtons();
     void addNicButton(HMI::SystemSet::NIC nic);
+    void sizeNicButtons();
     void selectFirstNic(int present);
     void startMonitor(HMI::SystemSet::NIC nic);
     void stopMonitor(HMI::SystemSet::NIC nic);

@@ -15,14 +15,10 @@
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
 
-#include <QtQuick/private/qquickanchors_p.h>
-#include <QtQuick/private/qquickitem_p.h>
-
 namespace QSP {
 
 namespace {
 
-constexpr double tileHeight = 41.0 / 31.0;
 constexpr int mobileConnected = 2;
 
 // Which adapter's rows are shown for a value: an unknown small one is taken for a modem, a large one for a tunnel.
@@ -124,6 +120,9 @@ void NetworkRows::addStaticSwitch(NIC nic)
     fixed->onChangeEnabled(m_card->isEnable_FromSwitch(nic));
     connect(fixed, &BeepSwitch::onChanged, this, [this, nic](bool on) {
         m_card->enableStatic(nic, on);
+        // The fields can be edited from now on, whenever the service reports.
+        if (on)
+            m_card->rules().offerStored(nic);
         emit m_card->useStaticIpChanged(nic);
     });
     if (dhcp)
@@ -153,14 +152,8 @@ void NetworkRows::addMac(NIC nic)
 
 void NetworkRows::addWifiTile()
 {
-    QQuickItem *column = m_card->layout();
-    auto *tile = new WifiTile(tileHeight * m_card->rowHeight(), m_card->fontPixelSize(), column);
+    WifiTile *tile = make().wifiTile();
     append(HMI::SystemSet::WIFI, tile);
-    QQuickAnchors *anchors = QQuickItemPrivate::get(tile)->anchors();
-    anchors->setLeft(QQuickItemPrivate::get(column)->left());
-    anchors->setRight(QQuickItemPrivate::get(column)->right());
-    anchors->setLeftMargin(m_card->fontPixelSize());
-    anchors->setRightMargin(m_card->fontPixelSize());
     tile->setWifiEnabled(systemSet().isNicEnabled(HMI::SystemSet::WIFI));
     connect(m_card, &CardNetwork::wifiEnableChanged, tile, &WifiTile::setWifiEnabled);
     connect(tile, &QQuickAbstractButton::clicked, m_card, &CardNetwork::switchToWifiCard);

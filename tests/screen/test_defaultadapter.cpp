@@ -44,7 +44,6 @@ private slots:
     void pingUsesTheServicesDefault();
     void pingDeliveries_data();
     void pingDeliveries();
-    void onlyTheNewestPingCounts();
     void lateResultStaysAwayFromOtherPages();
     void lateResultAfterTheScreenIsGone();
     void closingTheScreenClosesTheDialog();
@@ -250,19 +249,6 @@ void TestDefaultAdapter::pingDeliveries()
     Operator::settle(200);
     QCOMPARE(page.isShown("Test Result"), shown);
     QCOMPARE(results.count(), shown ? 1 : 0);
-}
-
-void TestDefaultAdapter::onlyTheNewestPingCounts()
-{
-    NetworkPage page;
-    QSignalSpy results(page.defaultAdapter(), SIGNAL(pingTestResult(bool)));
-    QQuickItem *test = Operator::byText(page.defaultAdapter(), "Test");
-    for (int i = 0; i < 5; ++i)
-        page.tap(test);
-    QCOMPARE(Journal::calls("pingTest").size(), 5);
-    QCOMPARE(HmiSimulator::fireAll(), 5);
-    QTRY_VERIFY(page.isShown("Test Result"));
-    QCOMPARE(results.count(), 1);
 }
 
 void TestDefaultAdapter::lateResultStaysAwayFromOtherPages()

@@ -18,6 +18,7 @@ private slots:
     void noLeaseOfALostWifi();
     void emptiedFieldsStayEmpty();
     void editOfAnOfflineAdapterStartsFromWhatIsStored();
+    void switchingToStaticWithoutALinkOffersWhatIsStored();
 };
 
 namespace {
@@ -200,6 +201,22 @@ void TestNetworkAddresses::editOfAnOfflineAdapterStartsFromWhatIsStored()
         QMetaObject::invokeMethod(page.network(), "updateNetInfoDisplay", Q_ARG(HMI::SystemSet::NIC, lan0)));
     QCOMPARE(addresses(page), QStringList({"192.168.1.10", "255.255.255.0", "192.168.1.1"}));
     QVERIFY(page.isEditable("IP Address"));
+}
+
+void TestNetworkAddresses::switchingToStaticWithoutALinkOffersWhatIsStored()
+{
+    HmiSimulator::setStoredAddress(lan1, 0x0A010203, 0xFF000000, 0x0A010001);
+    HmiSimulator::change([](HmiSimulator::Panel &panel) {
+        panel.adapters[lan1].link = false;
+        panel.adapters[lan1].live = {};
+    });
+    NetworkPage page;
+    page.select("LAN1");
+    QCOMPARE(page.address("IP Address"), QString("0.0.0.0"));
+    page.tapToggle("Static IP");
+    // No report yet, and the operator may type already.
+    QVERIFY(page.isEditable("IP Address"));
+    QCOMPARE(addresses(page), QStringList({"10.1.2.3", "255.0.0.0", "10.1.0.1"}));
 }
 
 PANEL_TEST_MAIN(TestNetworkAddresses)
