@@ -11,6 +11,8 @@ namespace {
 // Popups of the settings screen lie above everything that this host shows.
 constexpr int settingsPopupZ = 1000;
 constexpr int frameWidth = 64;
+// Above the toolkit's layer of popups, which shades all of the window.
+constexpr int frameZ = 2000000;
 
 } // namespace
 
@@ -55,6 +57,7 @@ void OperatorPanel::addFrame()
     frame->setParentItem(m_view.contentItem());
     frame->setPosition(QPointF(m_glass.width(), 0));
     frame->setSize(QSizeF(frameWidth, m_glass.height()));
+    frame->setZ(frameZ);
     m_key = std::make_unique<FrameKey>(&m_view, frame);
     connect(m_key.get(), &FrameKey::clicked, this, &OperatorPanel::toggleSettings);
 }

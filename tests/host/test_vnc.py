@@ -197,6 +197,20 @@ class Vnc(unittest.TestCase):
             other.click(WIDTH + FRAME // 2, HEIGHT // 2)
             self.assertTrue(other.wait_until(lambda: other.pixel(2, HEIGHT - 2) == viewer.pixel(2, HEIGHT - 2)))
 
+    def test_key_works_while_a_dialog_is_open(self):
+        with host("--open", "--size", "1024x600") as (_, port):
+            viewer = Viewer(port)
+            self.addCleanup(viewer.close)
+            viewer.greet()
+            viewer.update(False)
+            corner, frame = viewer.pixel(1020, 597), viewer.pixel(1026, 597)
+            # The time: its editor shades the glass, and the glass alone.
+            viewer.click(960, 300)
+            self.assertTrue(viewer.wait_until(lambda: viewer.pixel(1020, 597) != corner))
+            self.assertEqual(viewer.pixel(1026, 597), frame)
+            viewer.click(1024 + FRAME // 2, 300)
+            self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, 597)[:3] == bytes([0x28, 0x21, 0x1B])))
+
     def test_formats(self):
         viewer = self.greeted()
         # The corner of the page is #1B2128.
