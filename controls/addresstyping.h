@@ -13,8 +13,8 @@ namespace QSP {
 /// Lets an operator type an address into its four boxes in one go.
 ///
 /// A dot, or a digit that a box has no room for, moves on to the next box, whose content the next digit
-/// replaces; backspace in an empty box moves back; Tab goes either way. Escape and the hide key of the on-screen keyboard take
-/// back every box that was reached so since the operator last aimed at one.
+/// replaces; backspace in an empty box moves back; Tab goes either way. Escape and the hide key of the
+/// on-screen keyboard take back every box that was reached so since the operator last aimed at one.
 class AddressTyping : public QObject
 {
     Q_OBJECT

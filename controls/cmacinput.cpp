@@ -65,9 +65,8 @@ void CMacInput::componentComplete()
 void CMacInput::itemChange(ItemChange change, const ItemChangeData &data)
 {
     QQuickItem::itemChange(change, data);
-    // The toolkit keeps the field's focus, and with it the keyboard, for the next scene.
     if (change == ItemSceneChange && !data.window && m_field)
-        m_field->setFocus(false);
+        abandonEdit();
 }
 
 void CMacInput::onClick()
@@ -131,9 +130,9 @@ void CMacInput::onFocusChanged(bool focused)
 
 void CMacInput::abandonEdit()
 {
-    if (!m_field->hasActiveFocus())
-        return;
-    restoreText();
+    if (m_field->hasActiveFocus())
+        restoreText();
+    // Else the toolkit would hand the focus back, and with it the keyboard, as soon as it can be had again.
     m_field->setFocus(false);
 }
 

@@ -1,18 +1,8 @@
 #include "controls/focusloss.h"
 
+#include "shell/focusscope.h"
+
 namespace QSP {
-
-namespace {
-
-const QQuickItem *focusScopeOf(const QQuickItem *item)
-{
-    const QQuickItem *scope = item->parentItem();
-    while (scope && !scope->isFocusScope())
-        scope = scope->parentItem();
-    return scope;
-}
-
-} // namespace
 
 bool losesFocusByRemoval(const QQuickItem *item)
 {

@@ -15,6 +15,7 @@
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/private/qquickflickable_p.h>
+#include <QtQuick/private/qquickitem_p.h>
 #include <QtQuick/private/qquicktext_p.h>
 
 #include <utility>
@@ -132,7 +133,9 @@ void AppRootItem::followVisibility()
     connect(this, &QQuickItem::visibleChanged, this, [this] {
         m_isFocusDue = !isVisible();
         if (m_isFocusDue) {
-            VkbManager::instance().showVkb(false);
+            // With an older screen that a host hides at last goes only what it edits itself.
+            if (g_root == this)
+                VkbManager::instance().showVkb(false);
             return;
         }
         m_focus.begin();
@@ -242,12 +245,14 @@ void AppRootItem::close()
 
 void AppRootItem::hide()
 {
-    const bool wasShown = isVisible();
+    // Not whether it can be seen: the host may have hidden what lies around the screen.
+    const auto isOpen = [this] { return QQuickItemPrivate::get(this)->explicitVisible; };
+    const bool wasOpen = isOpen();
     setVisible(false);
-    if (!wasShown)
+    if (!wasOpen)
         return;
-    const auto tellHost = [this] {
-        if (!isVisible())
+    const auto tellHost = [this, isOpen] {
+        if (!isOpen())
             emit closed();
     };
     QMetaObject::invokeMethod(this, tellHost, Qt::QueuedConnection);

@@ -77,7 +77,7 @@ signals:
     /// The screen was shown: cards read their state from the service again.
     void opened();
     /// The visit ended, by Exit or by close(). Comes from the event loop when all that led to it is over,
-    /// and not at all if the screen is shown again by then: the host may delete the screen at once.
+    /// and not at all if the screen was opened again by then: the host may delete the screen at once.
     void closed();
 
 protected:

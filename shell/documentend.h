@@ -4,7 +4,8 @@ class QObject;
 
 namespace QSP {
 
-/// Ends the documents of @p root and of all objects below it: none of their bindings and handlers runs from now on.
+/// Ends the documents of @p root and of all objects below it: none of their bindings and handlers runs
+/// from now on.
 ///
 /// An object that is deleted on its own ends its document itself. One that goes with an object of
 /// another document does not: what it binds is worked out again in the course of dying, from

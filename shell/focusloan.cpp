@@ -1,5 +1,7 @@
 #include "shell/focusloan.h"
 
+#include "shell/focusscope.h"
+
 #include <QtQuick/QQuickWindow>
 
 namespace QSP {
@@ -44,9 +46,7 @@ void FocusLoan::end()
 void FocusLoan::drop()
 {
     // The scope may not be active itself: what has the focus in it would get the active focus one day.
-    const QQuickItem *scope = m_root->parentItem();
-    while (scope && !scope->isFocusScope())
-        scope = scope->parentItem();
+    const QQuickItem *scope = focusScopeOf(m_root);
     QQuickItem *focused = scope ? scope->scopedFocusItem() : nullptr;
     if (isMine(focused))
         focused->setFocus(false);

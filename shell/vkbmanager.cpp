@@ -25,7 +25,9 @@ bool VkbManager::loadOnce()
     static bool _loadTried = false;
 
     const QQuickItem *root = ScreenRoot::item();
-    if (isLoaded() && (!root || root->window() == m_window))
+    const QQuickWindow *window = root ? root->window() : nullptr;
+    // A screen that was just built has no window yet, while an older one may still be in use.
+    if (isLoaded() && (!window || window == m_window))
         return true;
     // A keyboard goes with its window; a screen built anew in another one needs it once more.
     const bool anotherWindow = m_keyboard != nullptr;
@@ -79,12 +81,15 @@ void VkbManager::takeFocus() const
     QQuickItem *root = ScreenRoot::item();
     const QQuickWindow *window = root ? root->window() : nullptr;
     QQuickItem *focused = window ? window->activeFocusItem() : nullptr;
+    // A field may stand beside the newest screen: in a popup, or on an older screen.
+    if (m_field && m_field->hasActiveFocus())
+        focused = m_field;
     // Nothing of the screen has it when the host took it, or the toolkit, which does so before it takes the
     // screen out of its window: an item that gets the focus then keeps it, in a window that it is not in.
     const bool isOfScreen = focused && (focused == m_field || root->isAncestorOf(focused));
     if (!isOfScreen)
         return;
-    if (root->isVisible() && root->isEnabled())
+    if (window && focused->window() == window && root->isVisible() && root->isEnabled())
         root->forceActiveFocus();
     else
         focused->setFocus(false);

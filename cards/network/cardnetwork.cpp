@@ -9,33 +9,16 @@
 #include "cards/network/statustext.h"
 #include "cards/network/vpnmonitor.h"
 #include "cards/network/wifimonitor.h"
-#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "controls/beepswitch.h"
-#include "shell/approotitem.h"
 #include "shell/documentalias.h"
 #include "shell/embeddedcomponent.h"
+#include "shell/vkbmanager.h"
 
 #include <QtCore/QUrl>
 #include <QtQuick/private/qquicktext_p.h>
-#include <QtQuick/QQuickWindow>
 
 namespace QSP {
-
-namespace {
-
-// An edit under way belongs to the adapter that it was begun on.
-void endEdit(const CardNetwork *card)
-{
-    AppRootItem *root = rootOf(card);
-    const QQuickItem *column = root ? root->getCardContainer() : nullptr;
-    const QQuickWindow *window = root ? root->window() : nullptr;
-    const QQuickItem *focused = window ? window->activeFocusItem() : nullptr;
-    if (column && focused && column->isAncestorOf(focused))
-        root->forceActiveFocus();
-}
-
-} // namespace
 
 CardNetwork::CardNetwork(QQuickItem *parent)
     : BaseCard(parent)
@@ -128,7 +111,8 @@ void CardNetwork::setCurrentNIC(NIC nic)
 {
     if (nic == m_currentNic)
         return;
-    endEdit(this);
+    // An edit under way belongs to the adapter that it was begun on.
+    VkbManager::instance().endEdit();
     const NIC old = m_currentNic;
     m_currentNic = nic;
     emit currentNICChanged(nic, old);

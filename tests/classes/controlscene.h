@@ -35,6 +35,8 @@ public:
     void close() { m_screen.close(); }
     /// As the host does when it ends: the scene goes, then the engine.
     void end();
+    /// The window goes alone.
+    void endWindow() { m_window.reset(); }
 
     /// A key of the on-screen keyboard while it can be tapped, for example "7" or "hide"; else null.
     QQuickItem *keyboardKey(const QString &name) const;

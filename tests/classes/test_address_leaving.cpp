@@ -30,6 +30,8 @@ private slots:
     void screenDeleted_data();
     void screenDeleted();
     void windowDeleted();
+    void windowDeletedAroundTheScreen_data();
+    void windowDeletedAroundTheScreen();
     void deletedWhileDisabledOrHidden();
 
 private:
@@ -301,6 +303,30 @@ void TestAddressLeaving::windowDeleted()
     m_scene->end();
     QCOMPARE(changed.count() + edited.count(), 0);
     QCOMPARE(HmiSimulator::calls().size(), 0U);
+}
+
+void TestAddressLeaving::windowDeletedAroundTheScreen_data()
+{
+    QTest::addColumn<bool>("hardware");
+    QTest::newRow("address") << false;
+    QTest::newRow("hardware address") << true;
+}
+
+// The screen lives on, for another window.
+void TestAddressLeaving::windowDeletedAroundTheScreen()
+{
+    QFETCH(bool, hardware);
+    build(false);
+    const std::unique_ptr<QQuickItem> root(m_scene->root());
+    root->setParent(nullptr);
+    if (hardware)
+        m_scene->enter(m_mac, QStringLiteral("AABBCC"));
+    else
+        m_scene->enter(m_ip, 0, QStringLiteral("99"));
+    m_scene->endWindow();
+    QCOMPARE(m_mac->mac(), someMac);
+    QCOMPARE(AddressScene::shown(m_ip), QStringLiteral("10.20.30.40"));
+    QVERIFY(!AddressScene::field(m_mac)->hasFocus() && !m_ip->editing());
 }
 
 void TestAddressLeaving::deletedWhileDisabledOrHidden()

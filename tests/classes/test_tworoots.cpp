@@ -71,6 +71,8 @@ private slots:
     void wifiPageStandsOnItsScreen();
     void joiningTellsItsNetworkCard();
     void editEndsOnItsScreen();
+    void editGoesOnWhileAnotherScreenIsHidden();
+    void editGoesOnWhileAnotherScreenIsBuilt();
 };
 
 void TestTwoRoots::init()
@@ -225,6 +227,48 @@ void TestTwoRoots::editEndsOnItsScreen()
     QVERIFY(!field->hasActiveFocus());
     QCOMPARE(Journal::calls("setDns").size(), 1);
     QVERIFY(Journal::calls("setDns").constFirst().startsWith(QLatin1String("setDns(LAN0")));
+}
+
+void TestTwoRoots::editGoesOnWhileAnotherScreenIsHidden()
+{
+    TwoScreens screens;
+    screens.newer->setCurrentPage(Page::Network);
+    QQuickItem *field = Operator::allByClass(TwoScreens::dnsInput(screens.newer), "QQuickTextInput").value(3);
+    Operator::settle();
+    field->forceActiveFocus();
+    Operator::type(screens.window(), QStringLiteral("9"));
+    screens.older->setVisible(false);
+    QVERIFY(field->hasActiveFocus());
+    QVERIFY(screens.keyboardKey(QStringLiteral("7")));
+    QCOMPARE(Journal::calls("setDns").size(), 0);
+}
+
+void TestTwoRoots::editGoesOnWhileAnotherScreenIsBuilt()
+{
+    HmiSimulator::setDhcpOn(lan0, false);
+    CardScene scene(size);
+    auto *shown = AppRootItem::instance();
+    shown->setCurrentPage(Page::Network);
+    auto *network = TwoScreens::cardOf<QSP::CardNetwork>(shown, Cards::Network);
+    QSP::CIpInput *input = network->rows().of(lan0).ip;
+    const auto boxes = Operator::allByClass(input, "QQuickTextInput");
+    Operator::settle();
+    Operator::tap(boxes.value(0));
+    // It has no window yet.
+    ImplSystemSet another;
+    const std::unique_ptr<QQuickItem> built(another.init(scene.engine(), size.width(), size.height(), 1000));
+
+    Operator::tap(boxes.value(1));
+    QVERIFY(scene.keyboardKey(QStringLiteral("7")));
+    Operator::type(scene.window(), QStringLiteral("9"));
+    HmiSimulator::clearJournal();
+    Operator::tap(Operator::ancestorOf(Operator::byText(shown, "LAN0"), "QSP::BeepButton"));
+    QVERIFY(!input->editing());
+    QVERIFY(!scene.keyboardKey(QStringLiteral("7")));
+    QCOMPARE(Journal::calls("setIp").size(), 1);
+    // Nor was the keyboard lost.
+    Operator::tap(boxes.value(0));
+    QVERIFY(scene.keyboardKey(QStringLiteral("7")));
 }
 
 PANEL_TEST_MAIN(TestTwoRoots)

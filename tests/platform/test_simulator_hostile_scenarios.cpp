@@ -127,7 +127,7 @@ void TestSimulatorHostileScenarios::refused_data()
         "s:3: \"stored\" has 1000000 bytes, may have 100000");
     row("joined", "{\n\"wifi\": {\n\"joined\": {\"text\": \"AB\", \"repeat\": 100000}}}",
         "s:3: \"joined\" has 200000 bytes, may have 33");
-    row("long hex", object("serialNumber", "{\"hex\": \"" + filled("41", 4000000) + "\"}"),
+    row("long hex", object("serialNumber", R"({"hex": ")" + filled("41", 4000000) + R"("})"),
         "s:2: \"serialNumber\" has 2000000 bytes, may have 100000");
     row("long text", object("serialNumber", '"' + filled("A", 4000000) + '"'),
         "s:2: \"serialNumber\" has 4000000 bytes, may have 100000");
@@ -157,12 +157,12 @@ void TestSimulatorHostileScenarios::refused_data()
     row("one key again and again", "{" + filled("\"buzzer\": true,\n", 500000) + "\"buzzer\": true}",
         "s:2: key \"buzzer\" stands twice");
 
-    row("address of dots", lan0("\"stored\": {\"ip\": \"" + filled(".", 4000000) + "\"}"),
-        "s:2: \"ip\" must be an address like \"192.168.1.10\"");
-    row("address of digits", lan0("\"stored\": {\"ip\": \"1.2.3." + filled("0", 4000000) + "\"}"),
-        "s:2: \"ip\" must be an address like \"192.168.1.10\"");
-    row("hardware address", lan0("\"mac\": \"" + filled("00:", 4000000) + "00\""),
-        "s:2: \"mac\" must be a hardware address like \"02:1B:44:11:3A:B7\"");
+    row("address of dots", lan0(R"("stored": {"ip": ")" + filled(".", 4000000) + R"("})"),
+        R"(s:2: "ip" must be an address like "192.168.1.10")");
+    row("address of digits", lan0(R"("stored": {"ip": "1.2.3.)" + filled("0", 4000000) + R"("})"),
+        R"(s:2: "ip" must be an address like "192.168.1.10")");
+    row("hardware address", lan0(R"("mac": ")" + filled("00:", 4000000) + R"(00")"),
+        R"(s:2: "mac" must be a hardware address like "02:1B:44:11:3A:B7")");
     row("choice", object("language", '"' + filled("zh", 4000000) + '"'),
         R"(s:2: "language" must be one of "zh", "en")");
     row("long number", object("brightness", filled("1", 4000000)), "s:2: not JSON: illegal number");
@@ -200,9 +200,10 @@ void TestSimulatorHostileScenarios::keysAreToldBriefly_data()
     QTest::newRow("unknown") << QByteArray("{\n\"" + filled("k", 2000000) + "\": 1}")
                              << QStringLiteral("s:2: unknown key \"%1\"").arg(cut);
     const QByteArray twice = '"' + filled("k", 1000000) + "\": 1";
-    QTest::newRow("twice") << QByteArray("{\"comment\": {" + twice + ",\n" + twice + "}}")
-                           << QStringLiteral("s:1: \"comment\" must be a text");
-    QTest::newRow("terminal") << QByteArray("{\"\\u001b]0;mine\\u0007\\n\\u009b\": 1}")
+    QTest::newRow("twice, where none may stand")
+        << QByteArray("{\"comment\": {" + twice + ",\n" + twice + "}}")
+        << QStringLiteral("s:1: \"comment\" must be a text");
+    QTest::newRow("terminal") << QByteArray(R"({"\u001b]0;mine\u0007\n\u009b": 1})")
                               << QString::fromUtf8("s:1: unknown key \"�]0;mine���\"");
 }
 

@@ -16,6 +16,7 @@ private slots:
     void closedComesOnceAVisit_data() { addWays(); }
     void closedComesOnceAVisit();
     void closedIsNotForAScreenShownAgain();
+    void closedComesAlsoInAHiddenPage();
     void closedMayBeAnsweredByDeletion_data() { addWays(); }
     void closedMayBeAnsweredByDeletion();
     void hidingMayBeAnsweredByDeletionLater_data() { addWays(); }
@@ -83,6 +84,28 @@ void TestClosing::closedIsNotForAScreenShownAgain()
     host->screen()->open();
     Operator::settle();
     QCOMPARE(closed.size(), 0);
+}
+
+// A host may hide the page in which the screen lies before it closes the screen, and show it after it opened it.
+void TestClosing::closedComesAlsoInAHiddenPage()
+{
+    const std::unique_ptr<Host> host = Host::make("an item made by QML");
+    QQuickItem *page = host->root()->parentItem();
+    QSignalSpy closed(host->root(), SIGNAL(closed()));
+    host->screen()->open();
+    page->setVisible(false);
+    QCoreApplication::processEvents();
+    QCOMPARE(closed.size(), 0);
+    host->screen()->close();
+    QTRY_COMPARE(closed.size(), 1);
+
+    page->setVisible(true);
+    host->screen()->open();
+    host->screen()->close();
+    page->setVisible(false);
+    host->screen()->open();
+    QCoreApplication::processEvents();
+    QCOMPARE(closed.size(), 1);
 }
 
 void TestClosing::closedMayBeAnsweredByDeletion()

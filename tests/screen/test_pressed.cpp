@@ -61,7 +61,7 @@ private:
     QQuickWindow *window() const { return m_screen->window(); }
     bool isNarrow() const { return window()->width() < 800; }
     /// The next frame, as it is on the glass.
-    QImage frame() const;
+    QImage frame() const { return Operator::picture(window()); }
     /// Presses all that can be pressed in @p place; what does not show it is noted.
     void pressAllIn(QQuickItem *place, int least, const char *where);
     void checkPress(QQuickItem *control, const char *where);
@@ -96,15 +96,6 @@ void TestPressed::cleanup()
 {
     m_screen.reset();
     endWatch();
-}
-
-QImage TestPressed::frame() const
-{
-    QSignalSpy swapped(window(), &QQuickWindow::frameSwapped);
-    window()->update();
-    if (!swapped.wait())
-        qWarning("there was no frame");
-    return Operator::picture(window());
 }
 
 bool TestPressed::reveal(QQuickItem *item) const
@@ -180,7 +171,7 @@ void TestPressed::tap(QQuickItem *item) const
     Operator::tap(item);
     // The list of another adapter or page is made at once; what the panel reports comes soon.
     HmiSimulator::waitIdle();
-    frame();
+    Operator::awaitFrame(window());
 }
 
 void TestPressed::toPage(const QString &entry)

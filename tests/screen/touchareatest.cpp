@@ -52,7 +52,7 @@ void TouchAreaTest::build()
 void TouchAreaTest::look(const char *state, int controls)
 {
     Operator::settle(30);
-    const int found = m_check->controls().size();
+    const int found = m_check->controls();
     QVERIFY2(found >= controls, qPrintable(QStringLiteral("%1: %2 controls").arg(state).arg(found)));
     const QStringList faults = m_check->faults();
     if (!faults.isEmpty())

@@ -165,26 +165,34 @@ QVector<TouchCheck::Place> TouchCheck::placesInSight() const
     QVector<Place> found;
     const QVector<Place> all = places();
     for (const Place &place : all) {
-        if (place.item->isEnabled() && !isCovered(place.drawn.center()))
+        if (isInSight(place))
             found.append({place.item, place.drawn, measure(place.item, place.drawn)});
     }
     return found;
 }
 
-QVector<QQuickItem *> TouchCheck::controls() const
+bool TouchCheck::isInSight(const Place &place) const
 {
-    QVector<QQuickItem *> items;
-    const QVector<Place> found = placesInSight();
-    for (const Place &place : found)
-        items.append(place.item);
-    return items;
+    return place.item->isEnabled() && !isCovered(place.drawn.center());
+}
+
+int TouchCheck::controls() const
+{
+    const QVector<Place> all = places();
+    return static_cast<int>(
+        std::count_if(all.begin(), all.end(), [this](const Place &place) { return isInSight(place); }));
 }
 
 QPoint TouchCheck::edgeOf(const QQuickItem *control, Side side) const
 {
     const QRectF drawn = visiblePart(control);
+    return edgeOf(drawn, measure(control, drawn), side);
+}
+
+QPoint TouchCheck::edgeOf(const QRectF &drawn, const QRectF &area, Side side)
+{
     // Where two areas meet, either may have the very line.
-    const QPointF edge = middleOf(measure(control, drawn).adjusted(0.5, 0.5, -0.5, -0.5), side);
+    const QPointF edge = middleOf(area.adjusted(0.5, 0.5, -0.5, -0.5), side);
     const QPointF middle = drawn.center();
     switch (side) {
     case Left:
@@ -250,13 +258,18 @@ void TouchCheck::checkOverlap(const Place &place, const Place &other, QStringLis
 {
     if (isNested(place.item, other.item))
         return;
-    const QRectF common =
-        place.area.adjusted(-4.0, -4.0, 4.0, 4.0) & other.area.adjusted(-4.0, -4.0, 4.0, 4.0);
-    for (int y = 0; y < common.height(); ++y) {
-        for (int x = 0; x < common.width(); ++x) {
+    const QRectF common = place.area.adjusted(-4.0, -4.0, 4.0, 4.0) &
+                          other.area.adjusted(-4.0, -4.0, 4.0, 4.0) & bounds(place.item) & bounds(other.item);
+    const auto isTakenBy = [](const QQuickItem *item, const QPointF &point) {
+        return item->contains(item->mapFromScene(point));
+    };
+    // What they share is no finer than that, or no finger could hit it.
+    constexpr int step = 2;
+    for (int y = 0; y < common.height(); y += step) {
+        for (int x = 0; x < common.width(); x += step) {
             // Off the lines on which areas meet.
             const QPointF point = common.topLeft() + QPointF(x + 0.37, y + 0.37);
-            if (!takes(place.item, point) || !takes(other.item, point))
+            if (!isTakenBy(place.item, point) || !isTakenBy(other.item, point))
                 continue;
             *faults << QStringLiteral("%1 and %2 both take touches at %3,%4")
                            .arg(say(place.item), say(other.item))
@@ -306,12 +319,18 @@ void TouchCheck::checkPresses(const Place &place, QStringList *faults) const
     const auto liesOnIt = [&place](const QQuickItem *item) {
         return item != place.item && item->isVisible() && item->isEnabled() && isPressable(item);
     };
-    // The keyboard has gone meanwhile, and what it had moved is back in its place.
-    if (!Operator::items(place.item, liesOnIt).isEmpty() || visiblePart(place.item).isEmpty())
+    if (!Operator::items(place.item, liesOnIt).isEmpty())
         return;
+    Place now = place;
     const qreal scrolled = m_pool->property("contentY").toReal();
     for (const Side side : {Left, Top, Right, Bottom}) {
-        const QPoint point = edgeOf(place.item, side);
+        // The keyboard goes meanwhile, and what it had moved is back in its place.
+        const QRectF drawn = visiblePart(place.item);
+        if (drawn.isEmpty())
+            return;
+        if (drawn != now.drawn)
+            now = {place.item, drawn, measure(place.item, drawn)};
+        const QPoint point = edgeOf(now.drawn, now.area, side);
         // A press on what is drawn is a matter of other tests.
         if (!isCovered(point) && !placeOf(place.item).contains(point))
             press(place.item, point, side == Top || side == Right, faults);

@@ -12,8 +12,8 @@ public:
 
     explicit TouchCheck(const ScreenFixture &fixture);
 
-    /// Everything in sight that can be pressed.
-    QVector<QQuickItem *> controls() const;
+    /// How many things are in sight that can be pressed.
+    int controls() const;
     /// Areas that are too small without a reason, that overlap, or at whose edges a press goes astray.
     QStringList faults() const;
 
@@ -30,9 +30,11 @@ private:
     QQuickItem *layer() const;
     QVector<Place> places() const;
     QVector<Place> placesInSight() const;
+    bool isInSight(const Place &place) const;
     QRectF bounds(const QQuickItem *item) const;
     bool takes(const QQuickItem *item, const QPointF &point) const;
     QRectF visiblePart(const QQuickItem *item) const;
+    static QPoint edgeOf(const QRectF &drawn, const QRectF &area, Side side);
     QRectF measure(const QQuickItem *item, const QRectF &drawn) const;
     bool isBounded(const Place &place, Side side, const QVector<Place> &all) const;
     bool isCovered(const QPointF &point) const;

@@ -178,11 +178,9 @@ QQuickItem *ancestorOf(QQuickItem *item, const char *className)
 
 void awaitFrame(QQuickWindow *window)
 {
-    bool isPainted = false;
-    QObject context;
-    QObject::connect(window, &QQuickWindow::frameSwapped, &context, [&isPainted] { isPainted = true; });
+    QSignalSpy painted(window, &QQuickWindow::frameSwapped);
     window->update();
-    QVERIFY2(QTest::qWaitFor([&isPainted] { return isPainted; }, longestFrame), "the window is not painted");
+    QVERIFY2(painted.wait(longestFrame), "the window is not painted");
 }
 
 QImage picture(QQuickWindow *window)

@@ -18,8 +18,8 @@ import sys
 import tempfile
 
 GROUND_FLOOR = {
-    "documentalias", "documentend", "embeddedcomponent", "focusloan", "globalinfo", "guigate", "guithread", "handover",
-    "multilingualtext", "screenroot", "vkbmanager"
+    "documentalias", "documentend", "embeddedcomponent", "focusloan", "focusscope", "globalinfo", "guigate", "guithread",
+    "handover", "multilingualtext", "screenroot", "vkbmanager"
 }
 UPPER_FLOOR = {"approotitem", "approotmenu", "cardinfo"}
 FLOORS = ["contracts", "ground", "controls", "upper", "cards", "plugin"]
