@@ -6,7 +6,8 @@
 function(panel_install target)
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "EXECUTABLE")
-        set(search_path "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+        # Beside itself too, where a panel has all of it in one directory.
+        set(search_path "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
     else()
         set(search_path "$ORIGIN")
     endif()

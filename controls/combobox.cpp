@@ -24,21 +24,51 @@ namespace {
 constexpr QColor closedBorder(226, 226, 226);
 constexpr QColor openBorder(110, 162, 226);
 
+// All that is seen is our own, so that the box looks the same in whatever style the host has its controls.
 const char *const boxText = R"(
+import QtQuick 2.15
 import QtQuick.Controls 2.15
+import QtQuick.Templates 2.15 as T
 ComboBox {
     id: _com
     property int fontPixelSize: 20
     font.pixelSize: fontPixelSize
-    // The arrow keeps its distance from the frame; the text stands where the rows' texts stand.
+    background: null
+    indicator: null
+    implicitWidth: 140
+    implicitHeight: 40
+    topInset: 0
+    bottomInset: 0
+    leftInset: 0
+    rightInset: 0
+    topPadding: 0
+    bottomPadding: 0
+    // Where the rows' texts stand, within the border of the list.
+    leftPadding: 11
     rightPadding: 0
-    leftPadding: -1
-    // The toolkit keeps 6 pixels above and below the text; in a low box they would cut it.
-    topPadding: -6
-    bottomPadding: -6
-    palette.buttonText: enabled ? "#1D2129" : "#B4B4B4"
-    // The toolkit's list frames itself in this colour, inside the frame that it gets here.
-    palette.mid: "transparent"
+    contentItem: Text {
+        // The arrow's room.
+        rightPadding: 0.6 * _com.height
+        text: _com.displayText
+        font: _com.font
+        color: _com.enabled ? "#1D2129" : "#B4B4B4"
+        elide: Text.ElideRight
+        verticalAlignment: Text.AlignVCenter
+    }
+    popup: T.Popup {
+        y: _com.height
+        width: _com.width
+        topMargin: 6
+        bottomMargin: 6
+        contentItem: ListView {
+            clip: true
+            implicitHeight: contentHeight
+            model: _com.delegateModel
+            currentIndex: _com.highlightedIndex
+            highlightMoveDuration: 0
+            ScrollIndicator.vertical: ScrollIndicator { }
+        }
+    }
 }
 )";
 
@@ -49,6 +79,7 @@ import QtQuick.Controls 2.15
 ItemDelegate {
     width: _com.width
     height: _com.height
+    background: null
     Rectangle {
         anchors.fill: parent
         opacity: parent.down ? 0.6 : 1.0

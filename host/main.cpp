@@ -1,3 +1,4 @@
+#include "host/endingsignals.h"
 #include "host/operatorpanel.h"
 #include "host/options.h"
 #include "host/panelservice.h"
@@ -60,13 +61,14 @@ int main(int argc, char **argv)
     }
 
     // Qt wants a place of its own for its sockets, and warns when the session offers none.
-    const QTemporaryDir runtimeDirectory;
+    QTemporaryDir runtimeDirectory;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDirectory.path()));
 
     // The options are all ours: the toolkit gets none of them to interpret.
     int noArguments = 1;
     QGuiApplication application(noArguments, argv);
+    const EndingSignals endingSignals([&runtimeDirectory] { runtimeDirectory.remove(); });
     QCoreApplication::setApplicationName(options->applicationName);
     const QString family = QStringLiteral("WenQuanYi Micro Hei");
     QGuiApplication::setFont(QFont(family));
@@ -84,11 +86,15 @@ int main(int argc, char **argv)
     if (!settings)
         return complain(QStringLiteral("no settings screen: ") + loader.errorString(), failed);
 
-    OperatorPanel panel(options->size);
+    OperatorPanel panel(options->size,
+                        options->isTour() ? OperatorPanel::Frame::None : OperatorPanel::Frame::WithKey);
     if (!panel.addSettings(std::move(settings)))
         return complain(QStringLiteral("the settings screen could not be built"), failed);
     // Only now: the screen begins in English, and follows the panel when it is opened.
     PanelService::setLanguage(options->language);
+
+    if (options->isOpenWanted)
+        panel.openSettings();
 
     panel.window()->show();
     if (options->isTour())
@@ -98,7 +104,9 @@ int main(int argc, char **argv)
     if (options->vncPort) {
         vnc.emplace(panel.window());
         if (!vnc->listen(*options->vncPort))
-            return complain(QStringLiteral("port %1: %2").arg(*options->vncPort).arg(vnc->errorString()),
+            return complain(QStringLiteral("port %1: %2; --vnc PORT takes another one")
+                                .arg(*options->vncPort)
+                                .arg(vnc->errorString()),
                             failed);
         std::printf("Look at the panel with a VNC viewer on 127.0.0.1:%d; from elsewhere first"
                     " ssh -L %d:127.0.0.1:%d to this machine. Ctrl+C ends it.\n",

@@ -9,13 +9,18 @@
 
 #include <memory>
 
+class FrameKey;
+
 /// The panel: one window with the operator's page, and the settings screen over it.
 class OperatorPanel : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit OperatorPanel(const QSize &size);
+    /// Whether the window shows the glass alone, or the panel's frame with its key beside it.
+    enum class Frame { None, WithKey };
+
+    OperatorPanel(const QSize &glass, Frame frame);
     ~OperatorPanel() override;
 
     /// Builds @p settings in this panel's engine, hidden. False when that fails;
@@ -27,15 +32,21 @@ public:
 public slots:
     void openSettings();
     void closeSettings();
+    /// What the key beside the glass does.
+    void toggleSettings();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void addFrame();
+    void keepGlassSize();
     void showRightPage();
 
+    const QSize m_glass;
     QQmlEngine m_engine;
     QQuickView m_view;
     std::shared_ptr<ISystemSet> m_settings;
     QPointer<QQuickItem> m_settingsRoot;
+    std::unique_ptr<FrameKey> m_key;
 };

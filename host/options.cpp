@@ -79,6 +79,8 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
 
         if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
             options.isHelpWanted = true;
+        } else if (name == QLatin1String("--open")) {
+            options.isOpenWanted = true;
         } else if (name == QLatin1String("--vnc")) {
             if (!readPort(reader.value(), &options.vncPort))
                 return fail(QStringLiteral("a port is a number up to 65535"));
@@ -111,6 +113,10 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
         *error = QStringLiteral("--tour: goes without --vnc, it needs nobody who looks on");
         return std::nullopt;
     }
+    if (options.isTour() && options.isOpenWanted) {
+        *error = QStringLiteral("--tour: goes without --open, it begins on the operator's page");
+        return std::nullopt;
+    }
     return options;
 }
 
@@ -119,17 +125,20 @@ QString Options::help()
     return QStringLiteral(
         "Usage: panel-host [OPTIONS]\n"
         "\n"
-        "An operator panel to try the settings screen with. Esc leaves the settings.\n"
+        "An operator panel to try the settings screen with. The key beside the glass\n"
+        "leads into the settings and back; Esc leads back too.\n"
         "\n"
         "  --size WxH         size of the panel in pixels (1024x600)\n"
         "  --scenario FILE    the state, speed and faults of the simulated panel\n"
         "  --as NAME          application name; \"vistor\" is offered Exit in place of Reboot\n"
         "  --language en|zh   language chosen elsewhere on the panel (en)\n"
+        "  --open             begin with the settings open\n"
         "  --library FILE     the settings screen to load, if not the one that belongs here;\n"
         "                     a name without a slash is searched where the system has its\n"
         "                     libraries, so write ./FILE for one in the current directory\n"
         "  --tour DIR         walk the screen by real clicks, without a display, and put\n"
-        "                     numbered pictures into DIR; fails on any warning\n"
+        "                     numbered pictures into DIR; fails on any warning. The panel\n"
+        "                     needs all five adapters and the networks of the default one\n"
         "  --vnc [PORT]       no window: serve VNC on the loopback address (5900)\n"
         "  --help             this\n");
 }

@@ -18,6 +18,8 @@ struct Options {
     QString tourDirectory;
     /// Port to serve VNC on; 0 is any free one.
     std::optional<quint16> vncPort;
+    /// The panel begins with the settings open.
+    bool isOpenWanted = false;
     bool isHelpWanted = false;
 
     bool isTour() const { return !tourDirectory.isEmpty(); }

@@ -230,8 +230,6 @@ void AppRootItem::close()
                         false);
     if (!shouldMenuFill()) {
         setCurrentPage(MenuIndex::General);
-        // Reboot takes the highlight from the current page, which may be General itself.
-        highlightMenuButton(MenuIndex::General, true);
         hide();
         return;
     }
@@ -262,8 +260,10 @@ void AppRootItem::hide()
 
 void AppRootItem::setCurrentPage(MenuIndex page)
 {
-    if (page == m_currentPage)
+    if (page == m_currentPage) {
+        returnHighlight();
         return;
+    }
     const MenuIndex old = m_currentPage;
     m_currentPage = page;
     emit currentPageChanged(page, old);
@@ -275,7 +275,7 @@ void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
 {
     GlobalInfo::instance().checkExternalLanguageChange();
     highlightMenuButton(oldPage, false);
-    highlightMenuButton(newPage, true);
+    returnHighlight();
     showCard(oldPage, false);
     showCard(newPage, true);
     m_cardPool->setContentY(0.0);

@@ -106,6 +106,7 @@ private:
     QString titleOf(MenuIndex page) const;
     bool isMenuShown() const { return m_menuShown; }
     void setMenuShown(bool shown);
+    void returnHighlight();
     void updateTitleText();
     void updateTitlePosition();
     void prepareMenuButton(MenuIndex entry, QQuickItem *container);

@@ -279,6 +279,13 @@ void AppRootItem::highlightMenuButton(MenuIndex entry, bool on)
     button->setProperty("imgUrl", iconUrl(on ? icons.second : icons.first));
 }
 
+// Reboot takes the highlight from the current page, and has it until the operator goes on.
+void AppRootItem::returnHighlight()
+{
+    highlightMenuButton(MenuIndex::Reboot, false);
+    highlightMenuButton(m_currentPage, true);
+}
+
 void AppRootItem::hideMenu()
 {
     setMenuShown(false);

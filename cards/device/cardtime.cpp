@@ -1,5 +1,6 @@
 #include "cards/device/cardtime.h"
 
+#include "cards/device/secondtimer.h"
 #include "cards/device/titlerow.h"
 #include "cards/documenttext.h"
 #include "cards/rootof.h"
@@ -10,15 +11,15 @@
 #include "shell/globalinfo.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QTimer>
 
 namespace QSP {
 
 CardTime::CardTime(QQuickItem *parent)
-    : BaseCard(parent), m_refreshTimer(new QTimer(this)), m_titleRowHeight(exactTitleRowHeight())
+    : BaseCard(parent), m_refreshTimer(new SecondTimer(this)), m_titleRowHeight(exactTitleRowHeight())
 {
-    connect(m_refreshTimer, &QTimer::timeout, this, &CardTime::updateDateTime);
-    m_refreshTimer->start(1000);
+    connect(m_refreshTimer, &SecondTimer::timeout, this, &CardTime::updateDateTime);
+    m_refreshTimer->start();
+    m_refreshTimer->startOnTheSecond();
     connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardTime::updateDateTime);
     updateDateTime();
 }
@@ -33,6 +34,8 @@ void CardTime::componentComplete()
     BaseCard::componentComplete();
     setDocumentText(this, "titleText", [] { return QCoreApplication::translate("CardTime", "Time"); });
     setDocumentText(this, "dateLabel", [] { return QCoreApplication::translate("CardTime", "Date & Time"); });
+    if (const AppRootItem *root = rootOf(this))
+        connect(root, &AppRootItem::opened, this, &CardTime::catchUp);
 }
 
 void CardTime::updateDateTime()
@@ -47,6 +50,12 @@ void CardTime::updateDateTime()
         return;
     m_currentDateTime = text;
     emit currentDateTimeChanged();
+}
+
+void CardTime::catchUp()
+{
+    m_refreshTimer->startOnTheSecond();
+    updateDateTime();
 }
 
 void CardTime::openDialog()
@@ -76,7 +85,7 @@ void CardTime::setSystemTime(const QDateTime &dateTime)
     if (!service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch())))
         return;
     service.syncHwclock();
-    updateDateTime();
+    catchUp();
 }
 
 } // namespace QSP

@@ -4,10 +4,9 @@
 
 #include <QtCore/QDateTime>
 
-class QTimer;
-
 namespace QSP {
 
+class SecondTimer;
 class TimeEditPopup;
 
 /// Date, weekday and time of the panel, shown anew each second; a tap on them opens the editor.
@@ -42,10 +41,12 @@ protected:
     void componentComplete() override;
 
 private:
+    /// After what the timer may have missed: the clock was set, or the panel slept.
+    void catchUp();
     void addDialog();
     void setSystemTime(const QDateTime &dateTime);
 
-    QTimer *m_refreshTimer;
+    SecondTimer *m_refreshTimer;
     QString m_currentDateTime;
     qreal m_titleRowHeight = 54.0;
     TimeEditPopup *m_dialog = nullptr;

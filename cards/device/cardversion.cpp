@@ -18,13 +18,6 @@ constexpr int imageError = 3;
 // What devices without a number of their own report: the placeholder's text.
 constexpr char noSerialNumber[] = "QR Code";
 
-// The toolkit answers nothing for a temporary directory that was named but does not exist yet.
-QDir temporaryDirectory()
-{
-    const QString existing = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
-    return existing.isEmpty() ? QDir(qEnvironmentVariable("TMPDIR")) : QDir(existing);
-}
-
 } // namespace
 
 CardVersion::CardVersion(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(titleRowHeight()) {}
@@ -74,7 +67,8 @@ void CardVersion::createQRCodeImage(const QString &text, int size)
         }
         return;
     }
-    const QDir directory = temporaryDirectory();
+    const QDir directory = temporaryDirectory(QStandardPaths::writableLocation(QStandardPaths::TempLocation),
+                                              qEnvironmentVariable("TMPDIR"));
     if (!directory.exists())
         directory.mkpath(QStringLiteral("."));
     const QString path = directory.absolutePath() + QLatin1String("/barcodeImg.png");

@@ -73,4 +73,11 @@ bool replaceWithPng(const QImage &picture, const QString &path)
     return true;
 }
 
+QDir temporaryDirectory(const QString &existing, const QString &named)
+{
+    if (!existing.isEmpty())
+        return QDir(existing);
+    return QDir(named.isEmpty() ? QStringLiteral("/tmp") : named);
+}
+
 } // namespace QSP

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QDir>
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
@@ -16,5 +17,10 @@ QImage qrPicture(const QString &text, int size);
 /// and so is a link: what it points to stays as it is. False, after a warning,
 /// when that fails; the path is as it was then.
 bool replaceWithPng(const QImage &picture, const QString &path);
+
+/// The directory for the picture: @p existing, which is what the toolkit calls the temporary one. It answers nothing
+/// for one that does not exist yet; then it is the one that is @p named, or the system's. It is never the directory
+/// in which the host happens to run.
+QDir temporaryDirectory(const QString &existing, const QString &named);
 
 } // namespace QSP

@@ -94,6 +94,12 @@ bool walkTour(QQuickWindow *window, const QString &directory)
     }
     if (const int messages = MessageWatch::count())
         report(directory, QStringLiteral("%1 warning(s) in all").arg(messages));
+    if (problemCount > 0) {
+        say(directory,
+            QStringLiteral(
+                "the tour is for a panel as the simulator has it by default, with LAN0, LAN1, Wi-Fi,"
+                " 4G and VPN, and the networks Maintenance, Works Hall and Works Hall Guests"));
+    }
     std::printf("%d pictures in %s, %d problems\n", album.count(), qUtf8Printable(directory), problemCount);
     return problemCount == 0;
 }

@@ -29,6 +29,16 @@ AppRootItem {
         // The root sets it; starting at a likely height spares loading a font for nothing.
         height: 72
 
+        // Painted before the left one: a column of pixels that both have part in is white in the menu too.
+        Rectangle {
+            id: titleRightBg
+
+            anchors.left: titleLeftBg.right
+            width: parent.width - titleLeftBg.width
+            height: parent.height
+            color: _app.isNarrowPortrait ? "#FFFFFF" : "#F4F5F5"
+        }
+
         Rectangle {
             id: titleLeftBg
 
@@ -46,15 +56,6 @@ AppRootItem {
                 font.pixelSize: Math.max(1, _title.height / 3)
                 color: "#2C2E30"
             }
-        }
-
-        Rectangle {
-            id: titleRightBg
-
-            anchors.left: titleLeftBg.right
-            width: parent.width - titleLeftBg.width
-            height: parent.height
-            color: _app.isNarrowPortrait ? "#FFFFFF" : "#F4F5F5"
         }
 
         Text {
@@ -111,9 +112,11 @@ AppRootItem {
         height: Math.max(0, _app.height - _title.height - topMargin12)
         clip: true
         contentHeight: _cardLayout.height
+        // What comes last does not end where the glass does.
+        bottomMargin: _cardLayout.spacing
         boundsBehavior: Flickable.StopAtBounds
         // A page that fits answers to a tap at once instead of waiting whether it becomes a scroll.
-        interactive: contentHeight > height
+        interactive: contentHeight + bottomMargin > height
 
         Column {
             id: _cardLayout

@@ -27,6 +27,28 @@ void awaitSecondsBeginning()
         QTest::qSleep(20);
 }
 
+void awaitMiddleOfSecond()
+{
+    while (qAbs(QTime::currentTime().msec() - 500) > 100)
+        QTest::qSleep(20);
+}
+
+/// Whether the next tick falls due when the second has just changed.
+bool isOnTheSecond(const QTimer *timer)
+{
+    const int before = QTime::currentTime().msec();
+    const int due = (before + timer->remainingTime()) % 1000;
+    // Unless something came in between, and it says nothing.
+    return qAbs(QTime::currentTime().msec() - before) <= 5 && timer->isActive() && due > 0 && due <= 40;
+}
+
+/// Waits until what the card began with is over, so that all that happens next has a new cause.
+void awaitTicks(const QTimer *timer)
+{
+    QSignalSpy ticks(timer, &QTimer::timeout);
+    QTRY_VERIFY(ticks.count() >= 2);
+}
+
 QString dateTimeText(const QDateTime &moment, const QLocale &locale)
 {
     return locale.toString(moment, QStringLiteral("yyyy/MM/dd ddd hh:mm:ss"));
@@ -49,6 +71,10 @@ private slots:
     void rowHeight();
     void showsTheTimeAtOnce();
     void ticksEachSecond();
+    void changesWithTheSecond();
+    void changesWithTheSecondAfterABusyTime();
+    void startsAnewWhenOpened();
+    void startsAnewWhenTheClockWasSet();
     void twoTicksInASecondTellOnce();
     void weekdayFollowsTheLanguageAtOnce();
     void editorIsMadeOnceAndStartsAtThePresent();
@@ -106,6 +132,55 @@ void TestCardTime::ticksEachSecond()
     const QString before = card.currentDateTime();
     QTRY_COMPARE_WITH_TIMEOUT(changed.count(), 1, 2500);
     QVERIFY(card.currentDateTime() != before);
+}
+
+void TestCardTime::changesWithTheSecond()
+{
+    awaitMiddleOfSecond();
+    const CardTime card;
+    const auto *timer = card.findChild<QTimer *>();
+    QCOMPARE(timer->timerType(), Qt::PreciseTimer);
+    QVERIFY(!isOnTheSecond(timer));
+    QTRY_VERIFY(isOnTheSecond(timer));
+}
+
+void TestCardTime::changesWithTheSecondAfterABusyTime()
+{
+    const CardTime card;
+    const auto *timer = card.findChild<QTimer *>();
+    QTRY_VERIFY(isOnTheSecond(timer));
+    // More than a second late, and by another half: the toolkit counts from there.
+    QTest::qSleep(1200);
+    awaitMiddleOfSecond();
+    QCoreApplication::processEvents();
+    QTRY_VERIFY(isOnTheSecond(timer));
+}
+
+void TestCardTime::startsAnewWhenOpened()
+{
+    const CardScene scene;
+    const auto *card = scene.card<CardTime>("QSP::CardTime");
+    auto *timer = card->findChild<QTimer *>();
+    awaitTicks(timer);
+    scene.root()->setVisible(false);
+    timer->stop();
+    const QString before = card->currentDateTime();
+    awaitNextSecond(card);
+    scene.root()->setVisible(true);
+    QVERIFY(card->currentDateTime() != before);
+    QTRY_VERIFY(isOnTheSecond(timer));
+}
+
+void TestCardTime::startsAnewWhenTheClockWasSet()
+{
+    const CardScene scene;
+    auto *card = scene.card<CardTime>("QSP::CardTime");
+    auto *timer = card->findChild<QTimer *>();
+    awaitTicks(timer);
+    card->openDialog();
+    timer->stop();
+    editorOf(card)->onConfirmClicked();
+    QTRY_VERIFY(isOnTheSecond(timer));
 }
 
 void TestCardTime::twoTicksInASecondTellOnce()

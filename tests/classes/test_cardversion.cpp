@@ -24,6 +24,7 @@ private slots:
     void sizesOfTheCode();
     void readsBack_data();
     void readsBack();
+    void directoryOfThePicture();
     void tooLongForAnyCode();
     void tooLongForThePicture();
     void serialNumberShown_data();
@@ -122,6 +123,14 @@ void TestCardVersion::readsBack()
 {
     QFETCH(QString, text);
     QCOMPARE(readQrCode(QSP::qrPicture(text, 167)), text);
+}
+
+void TestCardVersion::directoryOfThePicture()
+{
+    QCOMPARE(QSP::temporaryDirectory(QStringLiteral("/run/tmp"), {}).path(), QStringLiteral("/run/tmp"));
+    QCOMPARE(QSP::temporaryDirectory({}, QStringLiteral("/run/new")).path(), QStringLiteral("/run/new"));
+    // Named by nobody, and the system has none: where this program runs is no place for it.
+    QCOMPARE(QSP::temporaryDirectory({}, {}).path(), QStringLiteral("/tmp"));
 }
 
 void TestCardVersion::tooLongForAnyCode()

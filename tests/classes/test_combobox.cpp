@@ -29,6 +29,7 @@ private slots:
     void fontSizeReachesBoxAndRows();
     void geometryForHeight40();
     void framesAndColours();
+    void isReadable();
     void popupLiesOverEverything();
     void fromADocument();
     void needsAnEngine();
@@ -205,6 +206,32 @@ void TestComboBox::framesAndColours()
     QVERIFY(!m_combo->popup()->isOpened());
     QCOMPARE(frame->border()->color(), QColor(226, 226, 226));
     QCOMPARE(list->border()->color(), QColor(110, 162, 226));
+}
+
+void TestComboBox::isReadable()
+{
+    // Below the title bar.
+    m_box->setY(120.0);
+    m_box->setStringListModel({QStringLiteral("Asia"), QStringLiteral("Europe")});
+    m_box->setCurrentIndex(0);
+    // Dark letters, and nothing else but white above them, from edge to edge.
+    const auto look = [this](const QQuickItem *item, int firstColumn) {
+        const QRect place = item->mapRectToScene(QRectF(QPointF(), item->size())).toRect();
+        const QImage seen = Operator::picture(m_scene->window()).copy(place);
+        int darkest = 255;
+        for (int x = firstColumn; x < seen.width() / 2; ++x) {
+            QCOMPARE(seen.pixelColor(x, 3), QColor(Qt::white));
+            for (int y = 3; y < seen.height() - 3; ++y)
+                darkest = qMin(darkest, seen.pixelColor(x, y).lightness());
+        }
+        QVERIFY2(darkest < 100, qPrintable(QString::number(darkest)));
+    };
+    look(m_box, 8);
+    Operator::tap(m_box);
+    Operator::settle();
+    QQuickItem *europe = Operator::byText(m_scene->glass(), QStringLiteral("Europe"));
+    QVERIFY(europe);
+    look(europe->parentItem(), 2);
 }
 
 void TestComboBox::popupLiesOverEverything()

@@ -54,11 +54,12 @@ class Options(unittest.TestCase):
 
     def test_tour_and_vnc(self):
         self.assert_refused(["--tour", "somewhere", "--vnc"], "--tour")
+        self.assert_refused(["--tour", "somewhere", "--open"], "--tour")
 
     def test_help(self):
         code, out, err = run("--help")
         self.assertEqual((code, err), (0, ""))
-        for option in ("--size", "--scenario", "--as", "--language", "--library", "--tour", "--vnc"):
+        for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--vnc"):
             self.assertIn(option, out)
 
     def test_no_display(self):
@@ -102,6 +103,23 @@ class Libraries(unittest.TestCase):
             # It could have been loaded: with a path it is.
             _, _, err = run("--library", "./planted.so", cwd=directory, QT_QPA_PLATFORM="offscreen")
             self.assertIn("no plug-in", err)
+
+    def test_all_in_one_directory(self):
+        with hostprocess.temporary_directory() as directory:
+            for file in (HOST, PLUGIN, SERVICE, PLUGIN.parent / "libqvkbpluginloader.so"):
+                shutil.copy(file, directory)
+            album = pathlib.Path(directory, "libpanelsettings.so", "album")
+            done = subprocess.run(
+                [pathlib.Path(directory, HOST.name), "--tour", album],
+                env=hostprocess.environment(),
+                stdin=subprocess.DEVNULL,
+                capture_output=True,
+                encoding="utf-8",
+                timeout=60,
+                check=False,
+            )
+            # All of it was loaded.
+            self.assertIn("cannot be made", done.stderr)
 
     def test_nothing_comes_from_the_current_directory(self):
         names = {"libpanelsettings.so", "libqvkbpluginloader.so"} | needed_by(HOST) | needed_by(PLUGIN)

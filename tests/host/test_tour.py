@@ -64,6 +64,8 @@ class Tour(unittest.TestCase):
             code, _, err = run("--tour", directory, "--scenario", SCENARIOS / "no-adapter.json")
             self.assertEqual(code, 1, err)
             self.assertRegex(err, r'tour: \d\d-network[a-z-]*: there is no "')
+            # And what it takes.
+            self.assertRegex(err, r"for a panel .*LAN1, Wi-Fi, 4G and VPN, and the networks Maintenance")
 
 
 if __name__ == "__main__":

@@ -11,6 +11,8 @@ import unittest
 import hostprocess
 
 WIDTH, HEIGHT = 640, 480
+# Of the panel's frame, to the right of the glass.
+FRAME = 64
 
 
 class Viewer:
@@ -74,6 +76,10 @@ class Viewer:
     def point(self, x, y, buttons):
         self.socket.sendall(struct.pack(">BBHH", 5, buttons, x, y))
 
+    def click(self, x, y):
+        for buttons in (0, 1, 0):
+            self.point(x, y, buttons)
+
     def press_key(self, symbol):
         for down in (1, 0):
             self.socket.sendall(struct.pack(">BBxxI", 4, down, symbol))
@@ -88,8 +94,8 @@ class Viewer:
 
 
 @contextlib.contextmanager
-def host():
-    command = [hostprocess.HOST, "--size", f"{WIDTH}x{HEIGHT}", "--vnc", "0"]
+def host(*options):
+    command = [hostprocess.HOST, "--size", f"{WIDTH}x{HEIGHT}", "--vnc", "0", *options]
     with subprocess.Popen(
         command,
         env=hostprocess.environment(),
@@ -149,22 +155,61 @@ class Vnc(unittest.TestCase):
         code, _, err = hostprocess.run("--vnc", str(self.port))
         self.assertEqual(code, 1)
         self.assertIn(f"port {self.port}", err)
+        self.assertIn("--vnc PORT", err)
 
     def test_shows_and_is_operated(self):
         viewer = self.greeted()
-        self.assertEqual(viewer.size, (WIDTH, HEIGHT))
+        self.assertEqual(viewer.size, (WIDTH + FRAME, HEIGHT))
         self.assertEqual(viewer.name, "Operator panel")
         viewer.update(False)
         corner = viewer.pixel(2, HEIGHT - 2)
         self.assertEqual(corner[:3], bytes([0x28, 0x21, 0x1B]))
 
         # The Settings button is in the lower right corner; Esc leads back.
-        viewer.point(WIDTH - 60, HEIGHT - 35, 0)
-        viewer.point(WIDTH - 60, HEIGHT - 35, 1)
-        viewer.point(WIDTH - 60, HEIGHT - 35, 0)
+        viewer.click(WIDTH - 60, HEIGHT - 35)
         self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, HEIGHT - 2) != corner))
         viewer.press_key(0xFF1B)
         self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, HEIGHT - 2) == corner))
+
+    def test_key_beside_the_glass(self):
+        viewer = self.greeted()
+        viewer.update(False)
+        corner = viewer.pixel(2, HEIGHT - 2)
+        frame = viewer.pixel(WIDTH + 2, HEIGHT - 2)
+        for _ in range(2):
+            viewer.click(WIDTH + FRAME // 2, HEIGHT // 2)
+            self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, HEIGHT - 2) != corner))
+            # The settings are on the glass, and the frame is where it was.
+            self.assertEqual(viewer.pixel(WIDTH + 2, HEIGHT - 2), frame)
+            viewer.click(WIDTH + FRAME // 2, HEIGHT // 2)
+            self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, HEIGHT - 2) == corner))
+
+    def test_begins_with_the_settings(self):
+        viewer = self.greeted()
+        viewer.update(False)
+        with host("--open") as (_, port):
+            other = Viewer(port)
+            self.addCleanup(other.close)
+            other.greet()
+            other.update(False)
+            self.assertNotEqual(other.pixel(2, HEIGHT - 2), viewer.pixel(2, HEIGHT - 2))
+            # Left by the key, there is the operator's page.
+            other.click(WIDTH + FRAME // 2, HEIGHT // 2)
+            self.assertTrue(other.wait_until(lambda: other.pixel(2, HEIGHT - 2) == viewer.pixel(2, HEIGHT - 2)))
+
+    def test_key_works_while_a_dialog_is_open(self):
+        with host("--open", "--size", "1024x600") as (_, port):
+            viewer = Viewer(port)
+            self.addCleanup(viewer.close)
+            viewer.greet()
+            viewer.update(False)
+            corner, frame = viewer.pixel(1020, 597), viewer.pixel(1026, 597)
+            # The time: its editor shades the glass, and the glass alone.
+            viewer.click(960, 300)
+            self.assertTrue(viewer.wait_until(lambda: viewer.pixel(1020, 597) != corner))
+            self.assertEqual(viewer.pixel(1026, 597), frame)
+            viewer.click(1024 + FRAME // 2, 300)
+            self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, 597)[:3] == bytes([0x28, 0x21, 0x1B])))
 
     def test_formats(self):
         viewer = self.greeted()
@@ -230,7 +275,7 @@ class Vnc(unittest.TestCase):
                 viewer.greet()
             if steps > 1:
                 viewer.point(WIDTH // 2, HEIGHT // 2, 1)
-                viewer.socket.sendall(struct.pack(">BBHHHH", 3, 0, 0, 0, WIDTH, HEIGHT))
+                viewer.socket.sendall(struct.pack(">BBHHHH", 3, 0, 0, 0, WIDTH + FRAME, HEIGHT))
             viewer.close()
         self.greeted().update(False)
         self.assertIsNone(self.process.poll())

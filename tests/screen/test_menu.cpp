@@ -34,6 +34,18 @@ QQuickItem *imageOf(QQuickItem *button, const QString &file)
     return Operator::items(button, [file](QQuickItem *item) { return sourceOf(item) == file; }).value(0);
 }
 
+/// The entries that are marked, by their texts.
+QStringList marked(const ScreenFixture &fixture)
+{
+    QStringList texts;
+    const auto buttons = entries(fixture);
+    for (const QQuickItem *button : buttons) {
+        if (colorOf(alias(button, "background")) == highlight)
+            texts << button->property("text").toString();
+    }
+    return texts;
+}
+
 } // namespace
 
 /// How the menu, the title bar and what is in them are drawn.
@@ -53,9 +65,13 @@ private slots:
     void narrowLandscapeMarksThePage();
     void wifiPageMarksNetwork();
     void rebootTakesTheHighlight();
+    void pageAfterRebootIsMarkedAlone_data();
+    void pageAfterRebootIsMarkedAlone();
+    void pageThatRebootLeftIsMarkedAgain();
     void barsHaveTheirColours_data();
     void barsHaveTheirColours();
-    void scrollingIsToldFromTapping();
+    void titleBarAndMenuEndAlike_data();
+    void titleBarAndMenuEndAlike();
 };
 
 void TestMenu::init()
@@ -228,6 +244,39 @@ void TestMenu::rebootTakesTheHighlight()
     QCOMPARE(colorOf(alias(buttons.last(), "background")), QColor(Qt::white));
 }
 
+void TestMenu::pageAfterRebootIsMarkedAlone_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("wide") << QSize(1024, 600);
+    QTest::newRow("narrow landscape") << QSize(799, 480);
+}
+
+void TestMenu::pageAfterRebootIsMarkedAlone()
+{
+    QFETCH(QSize, size);
+    ScreenFixture fixture(plugin, size);
+    fixture.open();
+    Operator::tap(entries(fixture).last());
+    QCOMPARE(marked(fixture), QStringList{QStringLiteral("Reboot")});
+    fixture.tapMenu(QStringLiteral("Network"));
+    QCOMPARE(fixture.title(), QStringLiteral("Network"));
+    if (!alias(fixture.root(), "menuBar")->isVisible())
+        Operator::tap(Operator::byClass(alias(fixture.root(), "titleBar"), "QSP::BeepButton"));
+    QCOMPARE(marked(fixture), QStringList{QStringLiteral("Network")});
+}
+
+void TestMenu::pageThatRebootLeftIsMarkedAgain()
+{
+    ScreenFixture fixture(plugin, {1024, 600});
+    fixture.open();
+    Operator::tap(entries(fixture).last());
+    QCOMPARE(marked(fixture), QStringList{QStringLiteral("Reboot")});
+    // It was the current page all the time.
+    fixture.tapMenu(QStringLiteral("General"));
+    QCOMPARE(marked(fixture), QStringList{QStringLiteral("General")});
+    QCOMPARE(fixture.title(), QStringLiteral("General"));
+}
+
 void TestMenu::barsHaveTheirColours_data()
 {
     QTest::addColumn<QSize>("size");
@@ -247,7 +296,7 @@ void TestMenu::barsHaveTheirColours()
     QQuickItem *titleBar = alias(fixture.root(), "titleBar");
     const QQuickItem *settings = alias(fixture.root(), "settingsText");
     const QQuickItem *left = settings->parentItem();
-    const QQuickItem *right = titleBar->childItems().at(1);
+    const QQuickItem *right = titleBar->childItems().constFirst();
     QCOMPARE(colorOf(left), QColor(Qt::white));
     QCOMPARE(left->width(), alias(fixture.root(), "menuBar")->width());
     QTEST(colorOf(right), "right");
@@ -264,27 +313,30 @@ void TestMenu::barsHaveTheirColours()
     QCOMPARE(right->width(), qreal(size.width()));
 }
 
-void TestMenu::scrollingIsToldFromTapping()
+void TestMenu::titleBarAndMenuEndAlike_data()
 {
-    ScreenFixture fixture(plugin, {800, 480});
+    QTest::addColumn<QSize>("size");
+    for (const QSize size :
+         {QSize(800, 480), QSize(1024, 600), QSize(1280, 800), QSize(1366, 768), QSize(850, 1280)})
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
+}
+
+void TestMenu::titleBarAndMenuEndAlike()
+{
+    QFETCH(QSize, size);
+    ScreenFixture fixture(plugin, size);
     fixture.open();
-    QQuickItem *pool = alias(fixture.root(), "cardPool");
-    QCOMPARE(pool->property("pressDelay").toInt(), 200);
-    QVERIFY(pool->clip());
-    fixture.tapMenu(QStringLiteral("Network"));
-    QVERIFY(pool->property("contentHeight").toReal() > pool->height());
-    QCOMPARE(pool->property("contentHeight").toReal(), alias(fixture.root(), "cardsParent")->height());
-    // At the pace of a hand: the toolkit works with the time between the moves.
-    QTest::mousePress(fixture.window(), Qt::LeftButton, Qt::NoModifier, {500, 400});
-    for (int y = 400; y >= 200; y -= 20) {
-        QTest::mouseMove(fixture.window(), {500, y});
-        QTest::qWait(10);
-    }
-    QTest::mouseRelease(fixture.window(), Qt::LeftButton, Qt::NoModifier, {500, 200});
-    QVERIFY(pool->property("contentY").toReal() > 0.0);
-    // Each page begins at its top.
-    fixture.tapMenu(QStringLiteral("Version"));
-    QCOMPARE(pool->property("contentY").toReal(), 0.0);
+    const QImage glass = Operator::picture(fixture.window());
+    const auto whiteEnd = [&glass](int y) {
+        int x = 0;
+        while (x < glass.width() && glass.pixelColor(x, y) == QColor(Qt::white))
+            ++x;
+        return x;
+    };
+    const int edge = qRound(alias(fixture.root(), "titleBar")->height());
+    const int inTitle = whiteEnd(edge - 3);
+    QVERIFY(inTitle > size.width() / 10 && inTitle < size.width() / 2);
+    QCOMPARE(whiteEnd(edge + 3), inTitle);
 }
 
 PANEL_TEST_MAIN(TestMenu)

@@ -75,7 +75,8 @@ void TouchAreaTest::lookScrolled(const char *state, int controls)
 
 qreal TouchAreaTest::longestWay() const
 {
-    return qMax(0.0, pool()->property("contentHeight").toReal() - pool()->height());
+    return qMax(0.0, pool()->property("contentHeight").toReal() + pool()->property("bottomMargin").toReal() -
+                         pool()->height());
 }
 
 void TouchAreaTest::scrollTo(qreal y)

@@ -1,5 +1,6 @@
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
@@ -103,6 +104,7 @@ private slots:
     void signalLevelsDiffer();
     void indicatorTurnsAroundItsCentre();
     void bundleIsStoredUncompressed();
+    void documentsAreCompressed();
     void catalogueHasItsEntries();
     void catalogueTranslates();
     void catalogueKeepsItsGaps();
@@ -200,6 +202,24 @@ void TestResources::bundleIsStoredUncompressed()
     const QResource compiled{QLatin1String(catalogue)};
     QVERIFY(compiled.isValid());
     QCOMPARE(compiled.compressionAlgorithm(), QResource::NoCompression);
+}
+
+void TestResources::documentsAreCompressed()
+{
+    int count = 0;
+    QDirIterator documents(QStringLiteral(":/setting"), {"*.qml"}, QDir::Files, QDirIterator::Subdirectories);
+    while (documents.hasNext()) {
+        const QString path = documents.next();
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        // Ahead of the compressed bytes qCompress() puts four with the length.
+        const bool shrinks = qCompress(text).size() - 4 < text.size();
+        QVERIFY2(!shrinks || QResource(path).compressionAlgorithm() != QResource::NoCompression,
+                 qPrintable(path));
+        ++count;
+    }
+    QVERIFY(count > 0);
 }
 
 void TestResources::catalogueHasItsEntries()

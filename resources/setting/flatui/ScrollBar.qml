@@ -7,8 +7,9 @@ Item {
     property Flickable flickable
     property alias touchItem: _area
 
-    readonly property real ratio: flickable.contentHeight > 0 ? flickable.height / flickable.contentHeight : 1
-    readonly property real travel: flickable.contentHeight - flickable.height
+    readonly property real extent: flickable.contentHeight + flickable.bottomMargin
+    readonly property real ratio: extent > 0 ? flickable.height / extent : 1
+    readonly property real travel: extent - flickable.height
 
     width: 12
     visible: flickable.visible && ratio < 1

@@ -1,0 +1,94 @@
+"""The command that builds and starts the host says what is wrong with its options before it builds anything."""
+
+import os
+import pathlib
+import re
+import subprocess
+import unittest
+
+import hostprocess
+from hostprocess import SCENARIOS
+
+RUN = SCENARIOS.parents[2] / "run"
+BUILDS = 7
+
+WRONG = (
+    ["--colour", "red"],
+    ["general"],
+    [""],
+    ["-platform", "xcb"],
+    ["--size", "9x9"],
+    ["--size=1024x600x2"],
+    ["--size", "8193x600"],
+    ["--size", "1024x600 "],
+    ["--size"],
+    ["--size", "--vnc"],
+    ["--scenario="],
+    ["--as"],
+    ["--library"],
+    ["--tour", ""],
+    ["--help=please"],
+    ["--open=yes"],
+    ["--language", "fr"],
+    ["--vnc", "70000"],
+    ["--vnc=http"],
+    ["--tour", "somewhere", "--vnc"],
+    ["--tour", "somewhere", "--open"],
+)
+
+
+class Run(unittest.TestCase):
+    def call(self, *options):
+        """Calls the command where nothing is missing and every build ends with BUILDS."""
+        with hostprocess.temporary_directory() as directory:
+            for name, text in (("dpkg-query", "echo -n installed"), ("cmake", f"exit {BUILDS}"), ("ninja", "exit 9")):
+                tool = pathlib.Path(directory, name)
+                tool.write_text(f"#!/bin/sh\n{text}\n", encoding="utf-8")
+                tool.chmod(0o755)
+            done = subprocess.run(
+                [RUN, *options],
+                env=hostprocess.environment(PATH=directory + os.pathsep + os.environ["PATH"]),
+                stdin=subprocess.DEVNULL,
+                capture_output=True,
+                encoding="utf-8",
+                timeout=60,
+                check=False,
+            )
+        return done.returncode, done.stderr
+
+    def test_wrong_options(self):
+        for options in WRONG:
+            code, said = self.call(*options)
+            self.assertEqual(code, 2, (options, said))
+            # In the words of the host itself.
+            host_code, _, host_said = hostprocess.run(*options)
+            self.assertEqual(host_code, 2, options)
+            self.assertEqual(said, host_said.replace("panel-host: ", "run: ", 1), options)
+
+    def test_files_that_are_not_there(self):
+        for options in (["--scenario", "/nowhere/panel.json"], ["--library", "/nowhere/libpanelsettings.so"]):
+            code, said = self.call(*options)
+            self.assertEqual(code, 2, said)
+            self.assertIn(options[1], said)
+
+    def test_right_options_build(self):
+        values = {
+            "--size": ["800x480"],
+            "--scenario": [SCENARIOS / "quick.json"],
+            "--as": ["vistor"],
+            "--language": ["zh"],
+            "--library": ["libpanelsettings.so"],
+            "--tour": ["somewhere"],
+        }
+        _, told, _ = hostprocess.run("--help")
+        names = re.findall(r"^  (--\w+)", told, re.MULTILINE)
+        self.assertIn("--open", names)
+        for name in names:
+            if name != "--help":
+                self.assertEqual(self.call(name, *values.get(name, [])), (BUILDS, ""), name)
+        for options in ([], ["--vnc", "5901"], ["--vnc=0", "--open"], ["--vnc", "--size", "480x800"]):
+            self.assertEqual(self.call(*options), (BUILDS, ""), options)
+
+
+if __name__ == "__main__":
+    hostprocess.main()

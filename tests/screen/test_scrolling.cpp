@@ -1,0 +1,94 @@
+#include "tests/screen/screenfixture.h"
+
+#include "simulator/simulator.h"
+
+#include <QtGui/QGuiApplication>
+
+namespace {
+
+const QString plugin = QStringLiteral(PANEL_PLUGIN);
+
+QQuickItem *alias(const QObject *object, const char *name)
+{
+    return object->property(name).value<QQuickItem *>();
+}
+
+/// At the pace of a hand: the toolkit works with the time between the moves.
+void dragUp(const ScreenFixture &fixture, int x)
+{
+    QTest::mousePress(fixture.window(), Qt::LeftButton, Qt::NoModifier, {x, 400});
+    for (int y = 400; y >= 200; y -= 20) {
+        QTest::mouseMove(fixture.window(), {x, y});
+        QTest::qWait(10);
+    }
+    QTest::mouseRelease(fixture.window(), Qt::LeftButton, Qt::NoModifier, {x, 200});
+}
+
+} // namespace
+
+/// Pages that are higher than the glass.
+class TestScrolling : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void scrollingIsToldFromTapping();
+    void lastCardKeepsItsDistance_data();
+    void lastCardKeepsItsDistance();
+};
+
+void TestScrolling::init()
+{
+    beginWatch();
+    HmiSimulator::reset();
+}
+
+void TestScrolling::scrollingIsToldFromTapping()
+{
+    ScreenFixture fixture(plugin, {800, 480});
+    fixture.open();
+    QQuickItem *pool = alias(fixture.root(), "cardPool");
+    QCOMPARE(pool->property("pressDelay").toInt(), 200);
+    QVERIFY(pool->clip());
+    fixture.tapMenu(QStringLiteral("Network"));
+    QVERIFY(pool->property("contentHeight").toReal() > pool->height());
+    QCOMPARE(pool->property("contentHeight").toReal(), alias(fixture.root(), "cardsParent")->height());
+    dragUp(fixture, 500);
+    QVERIFY(pool->property("contentY").toReal() > 0.0);
+    // Each page begins at its top.
+    fixture.tapMenu(QStringLiteral("Version"));
+    QCOMPARE(pool->property("contentY").toReal(), 0.0);
+}
+
+void TestScrolling::lastCardKeepsItsDistance_data()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize size : {QSize(800, 480), QSize(1024, 600), QSize(799, 480)})
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
+}
+
+void TestScrolling::lastCardKeepsItsDistance()
+{
+    QFETCH(QSize, size);
+    ScreenFixture fixture(plugin, size);
+    fixture.open();
+    fixture.tapMenu(QStringLiteral("Network"));
+    QQuickItem *pool = alias(fixture.root(), "cardPool");
+    const QQuickItem *column = alias(fixture.root(), "cardsParent");
+    QVERIFY(column->height() > pool->height());
+    const auto roomBelow = [column, size] {
+        return size.height() - column->mapToScene({0, column->height()}).y();
+    };
+    // Once more than it takes: it ends there.
+    for (int more = 2, i = 0; more > 0 && i < 20; ++i) {
+        dragUp(fixture, 500);
+        QTRY_VERIFY(!pool->property("moving").toBool());
+        more -= roomBelow() > 0.0 ? 1 : 0;
+    }
+    QVERIFY2(qAbs(roomBelow() - 12.0) <= 0.5, qPrintable(QString::number(roomBelow())));
+}
+
+PANEL_TEST_MAIN(TestScrolling)
+
+#include "test_scrolling.moc"
