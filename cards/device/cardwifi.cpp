@@ -77,7 +77,7 @@ void CardWifi::componentComplete()
     m_busy = item("scaning");
     m_busyHome = m_busy ? m_busy->parentItem() : nullptr;
     if (QQuickItem *container = item("list")) {
-        m_list = new WifiList(container, m_rowHeight, this);
+        m_list = new WifiList(container, m_rowHeight, m_refusals, this);
         connect(m_list, &WifiList::chosen, this, &CardWifi::onChosen);
     }
     if (m_column)
@@ -277,10 +277,9 @@ void CardWifi::onWifiReset()
         m_dialog->close();
     if (m_current)
         m_current->hide();
-    if (m_list) {
+    m_refusals.clear();
+    if (m_list)
         m_list->clear();
-        m_list->forgetRefusals();
-    }
     if (isScanning())
         return;
     setState(Scanning);

@@ -2,6 +2,7 @@
 
 #include "cards/device/ssid.h"
 #include "cards/device/wifilist.h"
+#include "cards/device/wifirefusals.h"
 
 #include <QtCore/QPointer>
 #include <QtQuickTemplates2/private/qquickcontrol_p.h>
@@ -116,6 +117,7 @@ private:
     int m_fontSize = 20;
     CardState m_state = Idle;
     FingerWatch *m_finger;
+    WifiRefusals m_refusals;
     WifiList *m_list = nullptr;
     WifiCurrentRow *m_current = nullptr;
     WifiPasswordDialog *m_dialog = nullptr;
@@ -131,6 +133,7 @@ private:
     HMI::SSID m_selectedSsid{};
     int m_selectedSignal = 0;
     HMI::SSID m_attemptSsid{};
+    WifiRefusals::Digest m_attemptDigest;
     // Grow with each request; a report that carries an older number comes too late to count.
     int m_scan = 0;
     int m_attempt = 0;

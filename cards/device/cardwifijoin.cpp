@@ -42,7 +42,7 @@ void CardWifi::openPwDialog()
     if (m_isDialogOfAttempt) {
         const HMI::SSID joining = systemSet().currentWifiSsid();
         dialog->setBodyVisible(false);
-        dialog->open(getSsidFromCurWifi(isEmptySsid(joining) ? m_attemptSsid : joining));
+        dialog->open(isEmptySsid(joining) ? getSsidFromScan(m_attemptSsid) : getSsidFromCurWifi(joining));
         return;
     }
     if (!m_list || !m_list->findWifiBySsid(m_selectedSsid))
@@ -69,6 +69,7 @@ void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
     const int attempt = ++m_attempt;
     m_attemptEnded = false;
     m_attemptSsid = terminatedSsid(wifiname);
+    m_attemptDigest = m_refusals.digestOf(m_attemptSsid, password);
     m_lastReport = -1;
     m_isDialogOfAttempt = true;
     setState(Connecting);
@@ -100,8 +101,7 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
     case SystemSet::WIFI_CONNECTED:
         m_attemptEnded = true;
         setState(Connected);
-        if (m_list)
-            m_list->acceptPassword(m_attemptSsid);
+        m_refusals.remove(m_attemptDigest);
         if (m_list && m_list->findWifiBySsid(terminatedSsid(systemSet().currentWifiSsid())))
             update_afterOnLine();
         else
@@ -118,8 +118,9 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
         tellConnecting(this, false);
         break;
     case SystemSet::WIFI_WRONG_PASSWORD:
+        m_refusals.add(m_attemptDigest);
         if (m_list)
-            m_list->refusePassword(m_attemptSsid);
+            m_list->dropRefused();
         onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wrong password"));
         tellConnecting(this, false);
         break;

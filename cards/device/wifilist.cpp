@@ -1,6 +1,7 @@
 #include "cards/device/wifilist.h"
 
 #include "cards/device/ssid.h"
+#include "cards/device/wifirefusals.h"
 #include "cards/device/wifirow.h"
 
 #include <QtQuick/private/qquickflickable_p.h>
@@ -13,11 +14,6 @@ namespace QSP {
 
 namespace {
 
-QByteArray bytesOf(const HMI::SSID &ssid)
-{
-    return {ssid.data(), static_cast<int>(ssid.size())};
-}
-
 // The row's own flag; on a hidden page no item is visible.
 bool isShown(const WifiInfo &info)
 {
@@ -26,8 +22,8 @@ bool isShown(const WifiInfo &info)
 
 } // namespace
 
-WifiList::WifiList(QQuickItem *container, int rowHeight, QObject *parent)
-    : QObject(parent), m_container(container), m_rowHeight(rowHeight)
+WifiList::WifiList(QQuickItem *container, int rowHeight, const WifiRefusals &refusals, QObject *parent)
+    : QObject(parent), m_container(container), m_rowHeight(rowHeight), m_refusals(refusals)
 {
     connect(container, &QQuickItem::widthChanged, this, [this] {
         for (const WifiInfo &info : qAsConst(m_infos))
@@ -67,10 +63,7 @@ void WifiList::addItem(const HMI::SystemSet::SsidInfo &record, int index, int fo
     connect(row, &WifiRow::clicked, this, [this, index] { emit chosen(index); });
 
     WifiInfo info{row, ssid, QString::fromStdString(record.password), record.needsPassword, record.signal};
-    if (m_refused.contains(bytesOf(ssid))) {
-        info.password.clear();
-        info.needsPassword = 1;
-    }
+    dropIfRefused(info);
     m_infos.append(info);
 }
 
@@ -130,20 +123,18 @@ void WifiList::showAll()
     show([](const WifiInfo &) { return true; });
 }
 
-void WifiList::refusePassword(const HMI::SSID &ssid)
+void WifiList::dropRefused()
 {
-    m_refused.insert(bytesOf(ssid));
-    for (WifiInfo &info : m_infos) {
-        if (info.ssid == ssid) {
-            info.password.clear();
-            info.needsPassword = 1;
-        }
-    }
+    for (WifiInfo &info : m_infos)
+        dropIfRefused(info);
 }
 
-void WifiList::acceptPassword(const HMI::SSID &ssid)
+void WifiList::dropIfRefused(WifiInfo &info) const
 {
-    m_refused.remove(bytesOf(ssid));
+    if (!m_refusals.contains(info.ssid, info.password))
+        return;
+    info.password.clear();
+    info.needsPassword = 1;
 }
 
 void WifiList::watchPage()
