@@ -10,6 +10,7 @@
 #include "cards/network/nic.h"
 #include "cards/network/wifilink.h"
 #include "cards/rootof.h"
+#include "cards/servicelimits.h"
 #include "controls/basecard.h"
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
@@ -43,7 +44,11 @@ void showButton(BeepButton *button, QQuickItem *image)
 
 } // namespace
 
-CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_finger(new FingerWatch(this))
+CardWifi::CardWifi(QQuickItem *parent)
+    : QQuickControl(parent)
+    , m_finger(new FingerWatch(this))
+    , m_scanLimit(new AnswerLimit(ServiceLimits::scan, "scanLimit", this))
+    , m_joinLimit(new AnswerLimit(ServiceLimits::join, "joinLimit", this))
 {
     qRegisterMetaType<HMI::SSID>("HMI::SSID");
     const GlobalInfo &info = GlobalInfo::instance();
@@ -59,6 +64,8 @@ CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_finger(new Fin
     connect(this, &CardWifi::cardStateChanged, this, &CardWifi::showState);
     connect(this, &CardWifi::wifiReset, this, &CardWifi::onWifiReset);
     connect(m_finger, &FingerWatch::lifted, this, &CardWifi::onLifted);
+    connect(m_scanLimit, &QTimer::timeout, this, [this] { onListReport(nullptr); });
+    connect(m_joinLimit, &QTimer::timeout, this, &CardWifi::onJoinOverdue);
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &CardWifi::adjustPwDialog);
 }
 
@@ -203,6 +210,12 @@ void CardWifi::showState()
     m_busy->setVisible(isScanning() || place != m_busyHome);
 }
 
+// The dialog is modal, so that nobody can ask for anything else then but by a finger that was down before.
+bool CardWifi::isBusyShownInDialog() const
+{
+    return m_busy && m_busy->isVisible() && m_busy->parentItem() != m_busyHome;
+}
+
 // --- The list ---
 
 void CardWifi::onClickScanWifi()
@@ -214,7 +227,7 @@ void CardWifi::onClickScanWifi()
 void CardWifi::scanWifi()
 {
     // By the state, not by the indicator, which is invisible while another page is shown.
-    if (isScanning())
+    if (isScanning() || isBusyShownInDialog())
         return;
     setState(Scanning);
     systemSet().scanWifi(listReceiver());
@@ -226,18 +239,24 @@ SystemSet::WifiListCallback CardWifi::listReceiver()
     // What is held for the finger is of an older scan.
     m_heldRecords.reset();
     m_isListHeld = false;
+    m_scanLimit->start();
     return onGuiThread(this, [scan](CardWifi *card, std::unique_ptr<WifiList::Records> records) {
-        if (scan != card->m_scan)
-            return;
-        // A second report of the same scan would take the list from under the operator's finger.
-        ++card->m_scan;
-        if (!card->m_finger->isDown()) {
-            card->onScanResult(std::move(records));
-            return;
-        }
-        card->m_heldRecords = std::move(records);
-        card->m_isListHeld = true;
+        if (scan == card->m_scan)
+            card->onListReport(std::move(records));
     });
+}
+
+void CardWifi::onListReport(std::unique_ptr<WifiList::Records> records)
+{
+    // A further report of the same scan would take the list from under the operator's finger.
+    ++m_scan;
+    m_scanLimit->stop();
+    if (!m_finger->isDown()) {
+        onScanResult(std::move(records));
+        return;
+    }
+    m_heldRecords = std::move(records);
+    m_isListHeld = true;
 }
 
 void CardWifi::refreshCurrentWifi()
@@ -266,8 +285,7 @@ void CardWifi::onScanResult(std::unique_ptr<WifiList::Records> records)
     else if (m_list)
         m_list->clear();
     setState(Idle);
-    if (m_list && !m_list->isEmpty() && isConnected())
-        updateCurrentWifi();
+    updateCurrentWifi();
 }
 
 void CardWifi::onWifiReset()
@@ -315,6 +333,8 @@ void CardWifi::updateCurrentWifi()
         return;
     if (!m_current)
         m_current = new WifiCurrentRow(m_currentContainer, m_rowHeight, this);
+    if (m_isNameAwaited)
+        finishJoin();
     const bool connected = isConnected();
     const HMI::SSID ssid = terminatedSsid(systemSet().currentWifiSsid());
     if (connected && !isEmptySsid(ssid)) {

@@ -11,6 +11,7 @@
 
 namespace QSP {
 
+class AnswerLimit;
 class BeepButton;
 class FingerWatch;
 class WifiCurrentRow;
@@ -19,7 +20,7 @@ class WifiPasswordDialog;
 /// The Wi-Fi page: the joined network, the networks nearby, scanning, joining and resetting.
 ///
 /// Reports of the service count only for the newest scan and the newest
-/// attempt to join; a reset ends the attempt under way. Nothing that comes from
+/// attempt to join, and only for so long; a reset ends the attempt under way. Nothing that comes from
 /// the service moves the list while a finger is down. GUI thread only.
 class CardWifi : public QQuickControl
 {
@@ -100,16 +101,20 @@ private:
     HMI::SystemSet::WifiListCallback listReceiver();
     void refreshCurrentWifi();
     void onLifted();
+    void onListReport(std::unique_ptr<WifiList::Records> records);
     void onScanResult(std::unique_ptr<WifiList::Records> records);
     void onChosen(int index);
     void openPwDialog();
     void onConnectResult(HMI::SystemSet::StateWifi result);
     void onAttemptFailed(const char *text);
+    void onJoinOverdue();
+    void finishJoin();
     void update_afterOnLine();
     void setDhcpAndUpdateCurWifi();
     void closeDialog_and_updateCurWifiInfo();
     void endAttempt();
     bool concernsDialog() const;
+    bool isBusyShownInDialog() const;
     WifiPasswordDialog *pwDialog();
     void showState();
 
@@ -117,6 +122,8 @@ private:
     int m_fontSize = 20;
     CardState m_state = Idle;
     FingerWatch *m_finger;
+    AnswerLimit *m_scanLimit;
+    AnswerLimit *m_joinLimit;
     WifiRefusals m_refusals;
     WifiList *m_list = nullptr;
     WifiCurrentRow *m_current = nullptr;
@@ -139,6 +146,7 @@ private:
     int m_attempt = 0;
     bool m_attemptEnded = true;
     int m_lastReport = -1;
+    bool m_isNameAwaited = false;
     bool m_isLeaseAwaited = false;
     // Else the dialog is open for a password of some network, and reports of the attempt leave it alone.
     bool m_isDialogOfAttempt = false;

@@ -6,6 +6,7 @@
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/nic.h"
+#include "cards/servicelimits.h"
 #include "shell/guithread.h"
 
 #include <utility>
@@ -71,7 +72,9 @@ void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
     m_attemptSsid = terminatedSsid(wifiname);
     m_attemptDigest = m_refusals.digestOf(m_attemptSsid, password);
     m_lastReport = -1;
+    m_isNameAwaited = false;
     m_isDialogOfAttempt = true;
+    m_joinLimit->start();
     setState(Connecting);
     if (m_dialog) {
         // It may have been opened to show the attempt that this one replaces.
@@ -102,10 +105,7 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
         m_attemptEnded = true;
         setState(Connected);
         m_refusals.remove(m_attemptDigest);
-        if (m_list && m_list->findWifiBySsid(terminatedSsid(systemSet().currentWifiSsid())))
-            update_afterOnLine();
-        else
-            closeDialog_and_updateCurWifiInfo();
+        finishJoin();
         tellConnecting(this, false);
         break;
     case SystemSet::WIFI_OFFLINE:
@@ -130,6 +130,8 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
 void CardWifi::onAttemptFailed(const char *text)
 {
     m_attemptEnded = true;
+    m_isNameAwaited = false;
+    m_joinLimit->stop();
     setState(Idle);
     // A list that came meanwhile has ended the state before.
     showState();
@@ -144,9 +146,35 @@ void CardWifi::onAttemptFailed(const char *text)
     m_dialog->setStatus(text, true);
 }
 
+void CardWifi::onJoinOverdue()
+{
+    // What is still reported of it comes too late.
+    ++m_attempt;
+    if (m_attemptEnded)
+        closeDialog_and_updateCurWifiInfo();
+    else
+        onConnectResult(SystemSet::WIFI_TIMEOUT);
+}
+
+// The service may know that it has joined before it knows the name; each look at the joined network tries again.
+void CardWifi::finishJoin()
+{
+    const HMI::SSID joined = terminatedSsid(systemSet().currentWifiSsid());
+    m_isNameAwaited = isEmptySsid(joined);
+    if (m_isNameAwaited)
+        return;
+    m_joinLimit->stop();
+    if (m_list && m_list->findWifiBySsid(joined))
+        update_afterOnLine();
+    else
+        closeDialog_and_updateCurWifiInfo();
+}
+
 void CardWifi::endAttempt()
 {
     ++m_attempt;
+    m_isNameAwaited = false;
+    m_joinLimit->stop();
     if (m_attemptEnded)
         return;
     m_attemptEnded = true;
@@ -183,6 +211,7 @@ void CardWifi::setDhcpAndUpdateCurWifi()
 
 void CardWifi::closeDialog_and_updateCurWifiInfo()
 {
+    m_isNameAwaited = false;
     if (m_dialog && concernsDialog())
         m_dialog->close();
     emit connectedChanged(true);

@@ -260,7 +260,8 @@ void TestCardWifiJoin::connectedToAnUnlistedNetwork()
     QVERIFY(WifiScene::report("connectWifi"));
     // The list is lost while the panel joins.
     HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.nullList = true; });
-    WifiScene::wifi()->onClickScanWifi();
+    scene.closeDialog();
+    Operator::tap(WifiScene::scanButton());
     QVERIFY(WifiScene::report("scanWifi"));
     QVERIFY(WifiScene::wifi()->networks().isEmpty());
     QVERIFY(WifiScene::report("connectWifi"));
