@@ -81,11 +81,16 @@ void CardWifi::componentComplete()
     m_currentContainer = item("current");
     m_scanButton = qobject_cast<BeepButton *>(item("scanButton"));
     m_scanImage = item("scanButtonImage");
+    m_bigScanButton = qobject_cast<BeepButton *>(item("bigScanButton"));
+    m_bigScanImage = item("bigScanButtonImage");
+    m_emptyRoom = item("emptyRoom");
+    m_offlineText = item("offlineText");
     m_busy = item("scaning");
     m_busyHome = m_busy ? m_busy->parentItem() : nullptr;
     if (QQuickItem *container = item("list")) {
         m_list = new WifiList(container, m_rowHeight, m_refusals, this);
         connect(m_list, &WifiList::chosen, this, &CardWifi::onChosen);
+        connect(m_list, &WifiList::shownChanged, this, &CardWifi::showEmptiness);
     }
     if (m_column)
         connect(m_column, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
@@ -111,13 +116,16 @@ void CardWifi::addTexts()
     };
     show("connectedWlanText", QT_TRANSLATE_NOOP("CardWifi", "Connected Wi-Fi"));
     show("nearWlanTxt", QT_TRANSLATE_NOOP("CardWifi", "Nearby Wi-Fi"));
+    show("offlineText", QT_TRANSLATE_NOOP("CardWifi", "Wi-Fi Offline"));
 }
 
 void CardWifi::addButtons()
 {
-    if (m_scanButton) {
-        connect(m_scanButton, &QQuickAbstractButton::clicked, this, &CardWifi::onClickScanWifi);
-        connect(m_scanButton, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
+    for (BeepButton *button : {m_scanButton.data(), m_bigScanButton.data()}) {
+        if (!button)
+            continue;
+        connect(button, &QQuickAbstractButton::clicked, this, &CardWifi::onClickScanWifi);
+        connect(button, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
     }
     if (auto *row = qobject_cast<QQuickItem *>(property("resetRow").value<QObject *>())) {
         m_resetButton = addWifiResetButton(row, m_rowHeight, m_fontSize);
@@ -191,11 +199,12 @@ void CardWifi::setState(CardState state)
 
 void CardWifi::showState()
 {
-    for (BeepButton *button : {m_scanButton.data(), m_resetButton}) {
+    for (BeepButton *button : {m_scanButton.data(), m_bigScanButton.data(), m_resetButton}) {
         if (button)
             button->setEnabled(!isScanning());
     }
     showButton(m_scanButton, m_scanImage);
+    showButton(m_bigScanButton, m_bigScanImage);
     showButton(m_resetButton, nullptr);
 
     // By the attempt and not by the state alone: a list that comes meanwhile ends the state.
@@ -288,6 +297,12 @@ void CardWifi::onScanResult(std::unique_ptr<WifiList::Records> records)
     updateCurrentWifi();
 }
 
+void CardWifi::showEmptiness()
+{
+    if (m_emptyRoom)
+        m_emptyRoom->setVisible(m_list->isBlank());
+}
+
 void CardWifi::onWifiReset()
 {
     endAttempt();
@@ -295,6 +310,7 @@ void CardWifi::onWifiReset()
         m_dialog->close();
     if (m_current)
         m_current->hide();
+    showOffline();
     m_refusals.clear();
     if (m_list)
         m_list->clear();
@@ -335,6 +351,7 @@ void CardWifi::updateCurrentWifi()
         m_current = new WifiCurrentRow(m_currentContainer, m_rowHeight, this);
     if (m_isNameAwaited)
         finishJoin();
+    showOffline();
     const bool connected = isConnected();
     const HMI::SSID ssid = terminatedSsid(systemSet().currentWifiSsid());
     if (connected && !isEmptySsid(ssid)) {
@@ -349,6 +366,13 @@ void CardWifi::updateCurrentWifi()
     // What was hidden as joined is a network like any other again.
     if (m_list)
         m_list->showAll();
+}
+
+// In the room of the row, which is empty then. A network whose name is not known yet is no reason to say so.
+void CardWifi::showOffline()
+{
+    if (m_offlineText)
+        m_offlineText->setVisible(!isConnected());
 }
 
 void CardWifi::updateSignalStrength()

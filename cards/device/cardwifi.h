@@ -95,6 +95,8 @@ protected:
 private:
     void addTexts();
     void addButtons();
+    void showEmptiness();
+    void showOffline();
     void watchNetworkCard();
 
     void scanWifi();
@@ -132,6 +134,10 @@ private:
     BeepButton *m_resetButton = nullptr;
     QPointer<BeepButton> m_scanButton;
     QPointer<QQuickItem> m_scanImage;
+    QPointer<BeepButton> m_bigScanButton;
+    QPointer<QQuickItem> m_bigScanImage;
+    QPointer<QQuickItem> m_emptyRoom;
+    QPointer<QQuickItem> m_offlineText;
     QPointer<QQuickItem> m_busy;
     QPointer<QQuickItem> m_busyHome;
     QPointer<QQuickItem> m_column;

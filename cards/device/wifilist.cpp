@@ -82,8 +82,10 @@ void WifiList::placeRows()
     for (const WifiInfo &info : qAsConst(m_infos)) {
         if (!isShown(info))
             continue;
-        info.item->setY(m_shown.size() * m_rowHeight);
-        m_shown.append(static_cast<WifiRow *>(info.item));
+        auto *row = static_cast<WifiRow *>(info.item);
+        row->setY(m_shown.size() * m_rowHeight);
+        row->setFirst(m_shown.isEmpty());
+        m_shown.append(row);
     }
     // Any of them may have contents from where it was before.
     m_nearBegin = 0;
@@ -93,6 +95,7 @@ void WifiList::placeRows()
     // lie over the top of the page until the next frame.
     m_container->setHeight(qMax(1, m_shown.size() * m_rowHeight));
     updateNear();
+    emit shownChanged();
 }
 
 WifiInfo *WifiList::findWifiBySsid(const HMI::SSID &ssid)

@@ -43,7 +43,8 @@ public:
     void clear();
 
     const QVector<WifiInfo> &infos() const { return m_infos; }
-    bool isEmpty() const { return m_infos.isEmpty(); }
+    /// Whether no row can be seen, be it that the joined network is the only one.
+    bool isBlank() const { return m_shown.isEmpty(); }
     /// The first network of that name, comparing all bytes; null when there is none.
     WifiInfo *findWifiBySsid(const HMI::SSID &ssid);
 
@@ -58,6 +59,8 @@ public:
 signals:
     /// A row was tapped.
     void chosen(int index);
+    /// Other rows are shown.
+    void shownChanged();
 
 private:
     void addItem(const HMI::SystemSet::SsidInfo &record, int index, int fontPixelSize);

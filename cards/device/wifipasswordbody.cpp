@@ -17,7 +17,9 @@ namespace QSP {
 namespace {
 
 constexpr QColor accent(0x34, 0x82, 0xFF);
-constexpr QColor outline(0xC9, 0xCD, 0xD4);
+// White stands out against it, as it would not against the accent.
+constexpr QColor connectColor(0x1D, 0x6B, 0xE5);
+constexpr QColor outline(0x86, 0x90, 0x9C);
 constexpr QColor errorColor(0xFF, 0x00, 0x00);
 
 void setFontSize(QQuickText *text, int pixelSize)
@@ -111,7 +113,7 @@ void WifiPasswordBody::addConnectButton()
 {
     m_connectButton = addQuietButton(m_entry);
     auto *background = new QQuickRectangle(m_connectButton);
-    background->setColor(accent);
+    background->setColor(connectColor);
     background->setRadius(5.0);
     m_connectButton->setBackground(background);
     m_connectText = addText(m_connectButton, QT_TRANSLATE_NOOP("CardWifi", "Connect"));
