@@ -2,6 +2,7 @@
 
 #include "cards/device/cardwifi.h"
 
+#include "cards/device/secrets.h"
 #include "cards/device/wifipassworddialog.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
@@ -60,8 +61,11 @@ void CardWifi::onClickConFirm()
     const QString password = m_dialog->password();
     m_dialog->endEditing();
     // A network that the last scan did not find may be there all the same: the service will say.
-    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(m_selectedSsid) : nullptr)
-        info->password = password;
+    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(m_selectedSsid) : nullptr) {
+        overwrite(info->password);
+        // Not shared with the field, which overwrites its own when it is closed.
+        info->password = QString(password.constData(), password.size());
+    }
     connectWifi(m_selectedSsid, password);
 }
 
@@ -83,11 +87,15 @@ void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
     }
     showState();
     tellConnecting(this, true);
-    systemSet().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
+    QByteArray utf8 = password.toUtf8();
+    std::string bytes = utf8.toStdString();
+    overwrite(utf8);
+    systemSet().connectWifi(m_attemptSsid, bytes,
                             onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
                                 if (attempt == card->m_attempt)
                                     card->onConnectResult(result);
                             }));
+    overwrite(bytes);
 }
 
 void CardWifi::onConnectResult(SystemSet::StateWifi result)

@@ -1,5 +1,6 @@
 #include "cards/device/wifilist.h"
 
+#include "cards/device/secrets.h"
 #include "cards/device/ssid.h"
 #include "cards/device/wifirefusals.h"
 #include "cards/device/wifirow.h"
@@ -36,8 +37,12 @@ WifiList::WifiList(QQuickItem *container, int rowHeight, const WifiRefusals &ref
 
 WifiList::~WifiList()
 {
-    if (m_container)
+    if (m_container) {
         removeRows();
+        return;
+    }
+    for (WifiInfo &info : m_infos)
+        overwrite(info.password);
 }
 
 void WifiList::rebuild(const Records &records, int fontPixelSize)
@@ -69,8 +74,10 @@ void WifiList::addItem(const HMI::SystemSet::SsidInfo &record, int index, int fo
 
 void WifiList::removeRows()
 {
-    for (const WifiInfo &info : qAsConst(m_infos))
+    for (WifiInfo &info : m_infos) {
+        overwrite(info.password);
         delete info.item;
+    }
     m_infos.clear();
     m_shown.clear();
     m_nearBegin = m_nearEnd = 0;
@@ -136,6 +143,7 @@ void WifiList::dropIfRefused(WifiInfo &info) const
 {
     if (!m_refusals.contains(info.ssid, info.password))
         return;
+    overwrite(info.password);
     info.password.clear();
     info.needsPassword = 1;
 }

@@ -1,5 +1,6 @@
 #include "cards/device/wifipasswordbody.h"
 
+#include "cards/device/passwordinput.h"
 #include "controls/beepbutton.h"
 #include "controls/keypressfilter.h"
 #include "controls/touchmask.h"
@@ -10,7 +11,6 @@
 #include <QtQuick/private/qquickimage_p.h>
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/private/qquicktext_p.h>
-#include <QtQuick/private/qquicktextinput_p.h>
 
 namespace QSP {
 
@@ -76,7 +76,7 @@ void WifiPasswordBody::addField()
     // A field that cut off its own text at its sides would cut its touch area as well, above and below.
     m_inputView = new QQuickItem(m_frame);
     m_inputView->setClip(true);
-    m_input = new QQuickTextInput(m_inputView);
+    m_input = new PasswordInput(m_inputView);
     TouchMask::cover(m_input, TouchArea::fingerHeight);
     QFont font = m_input->font();
     font.setPixelSize(qMax(1, static_cast<int>(m_fontPixelSize * 0.8)));
@@ -151,8 +151,7 @@ QString WifiPasswordBody::password() const
 void WifiPasswordBody::clear()
 {
     endEditing();
-    // Drops what could be undone as well.
-    m_input->setText(QString());
+    m_input->wipe();
     m_showButton->setChecked(false);
 }
 

@@ -7,6 +7,12 @@
 
 namespace QSP {
 
+namespace {
+
+constexpr int blockSize = 64;
+
+} // namespace
+
 // Drawn anew each time, so that nobody who sees a digest can look its password up.
 WifiRefusals::WifiRefusals()
 {
@@ -22,7 +28,10 @@ WifiRefusals::Digest WifiRefusals::digestOf(const HMI::SSID &ssid, const QString
     hash.addData(ssid.data(), static_cast<int>(ssid.size()));
     hash.addData(reinterpret_cast<const char *>(password.constData()),
                  password.size() * static_cast<int>(sizeof(QChar)));
-    return hash.result();
+    QByteArray digest = hash.result();
+    // Its last block holds the password until others come.
+    hash.addData(QByteArray(blockSize, '\0'));
+    return digest;
 }
 
 } // namespace QSP
