@@ -8,6 +8,7 @@
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/private/qquicktext_p.h>
 
+#include <cmath>
 #include <utility>
 
 namespace QSP {
@@ -78,8 +79,11 @@ void WifiRow::layout()
         return;
     m_button->setSize(size());
     const qreal x = height() * 16.0 / 13.0;
-    m_line->setX(x);
-    m_line->setWidth(qMax(0.0, width() - x));
+    // On whole pixels of the glass, between which the page lies: the shade of a dialog leaves out a part of one.
+    const QPointF place = mapToScene(QPointF());
+    const qreal lineX = std::round(place.x() + x);
+    m_line->setPosition({lineX - place.x(), std::round(place.y()) - place.y()});
+    m_line->setWidth(qMax(0.0, std::floor(place.x() + width()) - lineX));
     m_label->setX(x);
     m_label->setSize(QSizeF(qMax(0.0, width() - x - height() / 4.0), height()));
 }
