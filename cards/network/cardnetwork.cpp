@@ -61,6 +61,21 @@ void CardNetwork::componentComplete()
     m_layout = aliasOf<QQuickItem>(this, "layout");
     setNetworkText(aliasOf<QQuickText>(this, "titleText"), "Network");
     addNicButtons();
+    AppRootItem *root = rootOf(this);
+    if (!root)
+        return;
+    connect(root, &QQuickItem::visibleChanged, this, [this, root] {
+        if (!root->isVisible())
+            setMonitorsPaused(true);
+    });
+    connect(root, &AppRootItem::opened, this, [this] { setMonitorsPaused(false); });
+}
+
+void CardNetwork::setMonitorsPaused(bool paused)
+{
+    m_mobile->setPaused(paused);
+    m_vpn->setPaused(paused);
+    m_wifi->setPaused(paused);
 }
 
 void CardNetwork::setRowHeight(int height)
@@ -68,6 +83,7 @@ void CardNetwork::setRowHeight(int height)
     if (m_rowHeight == height)
         return;
     m_rowHeight = height;
+    sizeNicButtons();
     emit rowHeightChanged();
 }
 
@@ -77,6 +93,7 @@ void CardNetwork::setFontPixelSize(int size)
         return;
     m_fontPixelSize = size;
     m_vpn->setFontPixelSize(size);
+    sizeNicButtons();
     emit fontPixelSizeChanged();
 }
 
@@ -89,6 +106,7 @@ void CardNetwork::addNicButtons()
         if (present & nic)
             addNicButton(nic);
     }
+    sizeNicButtons();
     selectFirstNic(present);
 }
 
@@ -99,13 +117,19 @@ void CardNetwork::addNicButton(NIC nic)
     auto *button = component.create<BeepButton>(document, m_nicButtonFlow);
     if (!button)
         return;
-    button->setHeight(0.5 * m_rowHeight);
-    button->setProperty("fontSize", m_fontPixelSize);
     button->setCheckable(true);
     button->setAutoExclusive(true);
     setNetworkText(aliasOf<QQuickText>(button, "txt"), adapterLabel(nic));
     connect(button, &QQuickAbstractButton::clicked, this, [this, nic] { setCurrentNIC(nic); });
     m_buttons.insert(nic, button);
+}
+
+void CardNetwork::sizeNicButtons()
+{
+    for (BeepButton *button : qAsConst(m_buttons)) {
+        button->setHeight(0.5 * m_rowHeight);
+        button->setProperty("fontSize", m_fontPixelSize);
+    }
 }
 
 void CardNetwork::selectFirstNic(int present)

@@ -132,9 +132,11 @@ protected:
 private:
     void addNicButtons();
     void addNicButton(HMI::SystemSet::NIC nic);
+    void sizeNicButtons();
     void selectFirstNic(int present);
     void startMonitor(HMI::SystemSet::NIC nic);
     void stopMonitor(HMI::SystemSet::NIC nic);
+    void setMonitorsPaused(bool paused);
 
     int m_rowHeight = 62;
     int m_fontPixelSize = 20;

@@ -5,6 +5,7 @@
 #include "cards/network/cardnetwork.h"
 #include "cards/network/pingdialog.h"
 #include "cards/rootof.h"
+#include "cards/servicelimits.h"
 #include "controls/beepbutton.h"
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
@@ -31,7 +32,11 @@ int nicOf(const QVariant &entry)
 
 } // namespace
 
-CardNIC::CardNIC(QQuickItem *parent) : NetworkSideCard(parent) {}
+CardNIC::CardNIC(QQuickItem *parent)
+    : NetworkSideCard(parent), m_pingLimit(new AnswerLimit(ServiceLimits::ping, "pingLimit", this))
+{
+    connect(m_pingLimit, &QTimer::timeout, this, [this] { reportPingTest(m_awaitedTest, false); });
+}
 
 CardNIC::~CardNIC() = default;
 
@@ -48,8 +53,10 @@ void CardNIC::componentComplete()
 
     connect(this, &CardNIC::pingTestResult, this, &CardNIC::onPingTestResult);
     connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardNIC::updateComboBoxModel);
-    if (const auto *button = aliasOf<BeepButton>(this, "testBeepButton"))
-        connect(button, &QQuickAbstractButton::clicked, this, &CardNIC::startPingTest);
+    m_testButton = aliasOf<BeepButton>(this, "testBeepButton");
+    m_busy = aliasOf<QQuickItem>(this, "pingBusy");
+    if (m_testButton)
+        connect(m_testButton, &QQuickAbstractButton::clicked, this, &CardNIC::startPingTest);
     if (m_comboBox)
         connect(m_comboBox, &ComboBox::currentIndexChanged, this, &CardNIC::setDefaultNic);
     // Adapters may have been switched elsewhere while the screen was away.
@@ -111,23 +118,48 @@ void CardNIC::setDefaultNic()
     if (m_showing || index < 0 || index >= model.size())
         return;
     systemSet().setDefaultNIC(static_cast<NIC>(nicOf(model.at(index))), false);
+    // The service may have refused: the adapter may have vanished while the list was open.
+    updateComboBoxModel();
+    forgetPingTestOfFormerDefault();
 }
 
 void CardNIC::startPingTest()
 {
     const int test = ++m_lastTest;
-    m_awaitedTest = test;
+    m_testedNic = systemSet().getDefaultNIC();
+    awaitPingTest(test);
     const auto done =
         onGuiThread(this, [test](CardNIC *card, bool result) { card->reportPingTest(test, result); });
-    systemSet().pingTest(systemSet().getDefaultNIC(), done);
+    systemSet().pingTest(m_testedNic, done);
+}
+
+void CardNIC::awaitPingTest(int test)
+{
+    m_awaitedTest = test;
+    const bool isWaiting = test != 0;
+    if (isWaiting)
+        m_pingLimit->start();
+    else
+        m_pingLimit->stop();
+    if (m_testButton)
+        m_testButton->setEnabled(!isWaiting);
+    if (m_busy)
+        m_busy->setVisible(isWaiting);
+}
+
+void CardNIC::forgetPingTestOfFormerDefault()
+{
+    if (m_awaitedTest != 0 && systemSet().getDefaultNIC() != m_testedNic)
+        awaitPingTest(0);
 }
 
 void CardNIC::reportPingTest(int test, bool result)
 {
+    forgetPingTestOfFormerDefault();
     // The newest test counts, and its first report: a second one would bring back a closed dialog.
-    if (test != m_awaitedTest)
+    if (test == 0 || test != m_awaitedTest)
         return;
-    m_awaitedTest = 0;
+    awaitPingTest(0);
     emit pingTestResult(result);
 }
 

@@ -7,6 +7,8 @@
 
 namespace QSP {
 
+class AnswerLimit;
+class BeepButton;
 class ComboBox;
 class PingDialog;
 
@@ -42,12 +44,18 @@ private:
     void setDefaultNic();
     void startPingTest();
     void reportPingTest(int test, bool result);
+    void awaitPingTest(int test);
+    void forgetPingTestOfFormerDefault();
 
     ComboBox *m_comboBox = nullptr;
+    BeepButton *m_testButton = nullptr;
+    QQuickItem *m_busy = nullptr;
     PingDialog *m_dialog = nullptr;
+    AnswerLimit *m_pingLimit;
     bool m_showing = false;
     int m_lastTest = 0;
     int m_awaitedTest = 0; ///< 0 while no report is due
+    NIC m_testedNic = g_noAdapter;
 };
 
 } // namespace QSP

@@ -60,6 +60,14 @@ void MobileMonitor::clear()
     m_state.show(stateSource(0));
 }
 
+void MobileMonitor::setPaused(bool paused)
+{
+    if (paused)
+        m_timer.pause();
+    else if (m_timer.resume())
+        update();
+}
+
 void MobileMonitor::update()
 {
     if (m_signal)

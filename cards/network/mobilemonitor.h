@@ -21,6 +21,8 @@ public:
     /// Starts the refreshing, or stops it and shows a modem without a link.
     void setup(bool enable);
     void stop() { m_timer.stop(); }
+    /// Pauses the refreshing, or goes on with it and refreshes at once.
+    void setPaused(bool paused);
     /// Shows a modem without a link.
     void clear();
     /// Asks the service.

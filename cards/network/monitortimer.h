@@ -6,12 +6,15 @@
 namespace QSP {
 
 /// The timer of a status monitor: made on first need as a child of the card, then reused.
+///
+/// While the screen is closed it is paused: what is started then begins to tick when the screen is opened.
 class MonitorTimer
 {
 public:
     MonitorTimer(QObject *card, int interval) : m_card(card), m_interval(interval) {}
 
-    bool isRunning() const { return m_timer && m_timer->isActive(); }
+    /// Whether it was started, be it paused or not.
+    bool isRunning() const { return m_isRunning; }
 
     /// Makes the timer if there is none yet; true when it did. @p tick runs as long as @p monitor lives.
     template <class Monitor, class Tick> bool ensure(Monitor *monitor, Tick tick)
@@ -27,22 +30,45 @@ public:
     /// Starts it; a running one keeps its phase. True when it was not running.
     bool start()
     {
-        if (!m_timer || m_timer->isActive())
+        if (!m_timer || m_isRunning)
             return false;
-        m_timer->start();
+        m_isRunning = true;
+        if (!m_isPaused)
+            m_timer->start();
         return true;
     }
 
     void stop()
     {
+        m_isRunning = false;
         if (m_timer)
             m_timer->stop();
+    }
+
+    void pause()
+    {
+        m_isPaused = true;
+        if (m_timer)
+            m_timer->stop();
+    }
+
+    /// Goes on after a pause; true when it runs, and what it keeps fresh is to be read at once.
+    bool resume()
+    {
+        if (!m_isPaused)
+            return false;
+        m_isPaused = false;
+        if (m_isRunning)
+            m_timer->start();
+        return m_isRunning;
     }
 
 private:
     QObject *m_card;
     int m_interval;
     QTimer *m_timer = nullptr;
+    bool m_isRunning = false;
+    bool m_isPaused = false;
 };
 
 } // namespace QSP

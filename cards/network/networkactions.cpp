@@ -60,6 +60,9 @@ void NetworkActions::enableMobile(bool enable)
     if (!enable || m_card->currentNIC() == HMI::SystemSet::MOBILE_4G)
         m_card->setup4GTimer(enable);
     systemSet().enableNIC(HMI::SystemSet::MOBILE_4G, enable, true);
+    // Before the call above the service still told the old state.
+    if (enable)
+        m_card->update4GSignal();
 }
 
 void NetworkActions::enableVpn(bool enable)
@@ -96,6 +99,8 @@ void NetworkActions::requestLeaseSoon(NIC nic)
     if (!timer) {
         timer = new QTimer(this);
         timer->setSingleShot(true);
+        // A coarse timer may come a twentieth too early.
+        timer->setTimerType(Qt::PreciseTimer);
         connect(timer, &QTimer::timeout, this, [this, nic] { setDhcp(nic, true); });
     }
     timer->start(leaseDelay);

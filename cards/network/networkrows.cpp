@@ -6,7 +6,6 @@
 #include "cards/network/mobilemonitor.h"
 #include "cards/network/networkactions.h"
 #include "cards/network/vpnmonitor.h"
-#include "cards/network/wifilink.h"
 #include "cards/network/wifimonitor.h"
 #include "cards/network/wifitile.h"
 #include "cards/rootof.h"
@@ -16,14 +15,10 @@
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
 
-#include <QtQuick/private/qquickanchors_p.h>
-#include <QtQuick/private/qquickitem_p.h>
-
 namespace QSP {
 
 namespace {
 
-constexpr double tileHeight = 41.0 / 31.0;
 constexpr int mobileConnected = 2;
 
 // Which adapter's rows are shown for a value: an unknown small one is taken for a modem, a large one for a tunnel.
@@ -46,6 +41,8 @@ void NetworkRows::show(NIC nic, bool visible)
         return build(key);
     for (QQuickItem *row : rows->items)
         row->setVisible(visible);
+    if (visible)
+        m_card->rules().reread(key);
 }
 
 void NetworkRows::build(NIC nic)
@@ -75,6 +72,7 @@ void NetworkRows::buildAddressed(NIC nic)
     addStaticSwitch(nic);
     for (const AddressKind *kind : g_addressKinds)
         addAddress(*kind, nic);
+    m_card->rules().reread(nic);
     addMac(nic);
 
     connect(m_card, &CardNetwork::netDisabledChanged, this, [this, nic] {
@@ -104,6 +102,9 @@ BeepSwitch *NetworkRows::addEnableSwitch(NIC nic, const char *label)
     connect(enable, &BeepSwitch::onChanged, this, [this, nic, enabled](bool on) {
         m_card->enableNIC(nic, on);
         emit m_card->netDisabledChanged();
+        // Its lease ends with it.
+        if (!m_card->isEnable_FromSwitch(nic))
+            m_card->rules().reread(nic);
         if (enabled)
             CardLinks::reloadDns(m_card);
     });
@@ -119,15 +120,13 @@ void NetworkRows::addStaticSwitch(NIC nic)
     fixed->onChangeEnabled(m_card->isEnable_FromSwitch(nic));
     connect(fixed, &BeepSwitch::onChanged, this, [this, nic](bool on) {
         m_card->enableStatic(nic, on);
+        // The fields can be edited from now on, whenever the service reports.
+        if (on)
+            m_card->rules().offerStored(nic);
         emit m_card->useStaticIpChanged(nic);
     });
     if (dhcp)
         m_card->enableStatic(nic, false);
-}
-
-bool NetworkRows::showsLiveAddress(NIC nic) const
-{
-    return systemSet().isDhcpOn(nic) && (nic != HMI::SystemSet::WIFI || WifiLink::isConnected());
 }
 
 void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
@@ -138,8 +137,6 @@ void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
     m_rows[nic].*kind.field = field;
     field->setIp(dotted((systemSet().*kind.stored)(nic)));
     m_card->rules().updateEnable(kind, nic);
-    if (showsLiveAddress(nic))
-        m_card->rules().updateDisplay(kind, nic);
     connect(field, &CIpInput::ipChangedByEdit, this,
             [this, &kind, nic](unsigned int address) { m_card->actions().writeAddress(kind, nic, address); });
 }
@@ -155,14 +152,8 @@ void NetworkRows::addMac(NIC nic)
 
 void NetworkRows::addWifiTile()
 {
-    QQuickItem *column = m_card->layout();
-    auto *tile = new WifiTile(tileHeight * m_card->rowHeight(), m_card->fontPixelSize(), column);
+    WifiTile *tile = make().wifiTile();
     append(HMI::SystemSet::WIFI, tile);
-    QQuickAnchors *anchors = QQuickItemPrivate::get(tile)->anchors();
-    anchors->setLeft(QQuickItemPrivate::get(column)->left());
-    anchors->setRight(QQuickItemPrivate::get(column)->right());
-    anchors->setLeftMargin(m_card->fontPixelSize());
-    anchors->setRightMargin(m_card->fontPixelSize());
     tile->setWifiEnabled(systemSet().isNicEnabled(HMI::SystemSet::WIFI));
     connect(m_card, &CardNetwork::wifiEnableChanged, tile, &WifiTile::setWifiEnabled);
     connect(tile, &QQuickAbstractButton::clicked, m_card, &CardNetwork::switchToWifiCard);
@@ -205,8 +196,7 @@ void NetworkRows::reread(NIC nic)
     if (!hasAddresses(nic))
         return;
     rereadStatic(nic);
-    if (showsLiveAddress(nic))
-        m_card->rules().updateDisplay(nic);
+    m_card->rules().reread(nic);
 }
 
 void NetworkRows::rereadStatic(NIC nic)

@@ -36,7 +36,6 @@ private:
     QQuickItem *append(NIC nic, QQuickItem *row);
     void reread(NIC nic);
     void rereadStatic(NIC nic);
-    bool showsLiveAddress(NIC nic) const;
     RowFactory make() const { return RowFactory(*m_card); }
 
     CardNetwork *m_card;

@@ -1,5 +1,6 @@
 #include "cards/network/pingdialog.h"
 
+#include "cards/network/outcomemark.h"
 #include "controls/dialog.h"
 #include "controls/modalshade.h"
 #include "shell/globalinfo.h"
@@ -19,6 +20,7 @@ constexpr QRgb textColor = 0xFF3269CE;
 constexpr int portraitWidth = 426;
 constexpr int portraitHeight = 243;
 constexpr int portraitFontPixelSize = 18;
+constexpr double markFactor = 1.4; // of the font
 
 // The longer side of the glass counts, whichever way round the panel is mounted.
 int referenceWidth()
@@ -37,39 +39,63 @@ QSizeF dialogSize()
 
 int fontPixelSize()
 {
-    return GlobalInfo::instance().isScreenPortrait() ? portraitFontPixelSize
-                                                     : static_cast<int>(referenceWidth() * fontFactor);
+    // Qt knows no font of 0 pixels.
+    return GlobalInfo::instance().isScreenPortrait()
+               ? portraitFontPixelSize
+               : qMax(1, static_cast<int>(referenceWidth() * fontFactor));
 }
 
 } // namespace
 
 PingDialog::PingDialog(QQuickItem *root, QObject *parent)
-    : QObject(parent), m_dialog(new Dialog(root)), m_text(new QQuickText)
+    : QObject(parent)
+    , m_root(root)
+    , m_dialog(new Dialog(root))
+    , m_text(new QQuickText)
+    , m_mark(new OutcomeMark(qRound(markFactor * fontPixelSize()), m_text))
 {
     m_dialog->setParent(this);
     // By itself it goes with the newest screen.
     connect(root, &QQuickItem::visibleChanged, m_dialog, &QQuickPopup::close);
-    const QSizeF size = dialogSize();
-    m_dialog->setWidth(size.width());
-    m_dialog->setHeight(size.height());
-    m_dialog->setX(qRound((root->width() - size.width()) / 2.0));
-    m_dialog->setY(qRound((root->height() - size.height()) / 2.0));
+    connect(root, &QQuickItem::widthChanged, this, &PingDialog::place);
+    connect(root, &QQuickItem::heightChanged, this, &PingDialog::place);
+    place();
     m_dialog->setModal(true);
     shadeBehind(m_dialog);
     m_dialog->setEnableCloseButton(true);
     m_dialog->setClosePolicy(QQuickPopup::CloseOnEscape | QQuickPopup::CloseOnPressOutside);
 
     QFont font = m_text->font();
-    font.setPixelSize(qMax(1, fontPixelSize()));
+    font.setPixelSize(fontPixelSize());
     m_text->setFont(font);
     m_text->setColor(QColor::fromRgba(textColor));
     m_text->setHAlign(QQuickText::AlignHCenter);
     m_text->setVAlign(QQuickText::AlignVCenter);
     m_text->setWrapMode(QQuickText::WordWrap);
+    connect(m_text, &QQuickText::contentSizeChanged, this, &PingDialog::placeMark);
+    connect(m_text, &QQuickItem::widthChanged, this, &PingDialog::placeMark);
+    connect(m_text, &QQuickItem::heightChanged, this, &PingDialog::placeMark);
     m_dialog->setBodyItem(m_text);
 
     translateTitle();
     connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &PingDialog::translateTitle);
+}
+
+void PingDialog::place()
+{
+    const QSizeF size = dialogSize();
+    m_dialog->setWidth(size.width());
+    m_dialog->setHeight(size.height());
+    m_dialog->setX(qRound((m_root->width() - size.width()) / 2.0));
+    m_dialog->setY(qRound((m_root->height() - size.height()) / 2.0));
+}
+
+void PingDialog::placeMark()
+{
+    // The text stays in the middle, the mark stands before it.
+    const qreal textX = (m_text->width() - m_text->contentWidth()) / 2.0;
+    m_mark->setX(qRound(qMax(0.0, textX - 1.5 * m_mark->width())));
+    m_mark->setY(qRound((m_text->height() - m_mark->height()) / 2.0));
 }
 
 void PingDialog::translateTitle()
@@ -81,6 +107,7 @@ void PingDialog::show(bool success)
 {
     const char *source = success ? "Test successful!" : "Test failed!";
     setMultilingualText(m_text, [source] { return QCoreApplication::translate("CardNIC", source); });
+    m_mark->setSuccess(success);
     m_dialog->open();
 }
 

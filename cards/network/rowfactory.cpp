@@ -2,6 +2,7 @@
 
 #include "cards/network/cardnetwork.h"
 #include "cards/network/statustext.h"
+#include "cards/network/wifitile.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
 #include "controls/cmacinput.h"
@@ -17,6 +18,7 @@ namespace QSP {
 
 namespace {
 
+constexpr double tileHeight = 41.0 / 31.0;
 constexpr int imageSourceSize = 40;
 
 QQuickAnchors *anchorsOf(QQuickItem *item)
@@ -33,16 +35,22 @@ void setPixelSize(QQuickText *text, int size)
 
 } // namespace
 
-RowFactory::RowFactory(const CardNetwork &card)
-    : m_layout(card.layout()), m_rowHeight(card.rowHeight()), m_fontPixelSize(card.fontPixelSize())
-{}
+RowFactory::RowFactory(const CardNetwork &card) : m_card(&card) {}
+
+template <class Apply> void RowFactory::follow(QQuickItem *item, Apply apply) const
+{
+    const auto applyNow = [card = m_card, apply] { apply(card->rowHeight(), card->fontPixelSize()); };
+    applyNow();
+    QObject::connect(m_card, &CardNetwork::rowHeightChanged, item, applyNow);
+    QObject::connect(m_card, &CardNetwork::fontPixelSizeChanged, item, applyNow);
+}
 
 QQuickItem *RowFactory::row(double height) const
 {
-    auto *row = new QQuickItem(m_layout);
-    row->setHeight(height * m_rowHeight);
-    anchorsOf(row)->setLeft(QQuickItemPrivate::get(m_layout)->left());
-    anchorsOf(row)->setRight(QQuickItemPrivate::get(m_layout)->right());
+    auto *row = new QQuickItem(m_card->layout());
+    follow(row, [row, height](int rowHeight, int) { row->setHeight(height * rowHeight); });
+    anchorsOf(row)->setLeft(QQuickItemPrivate::get(m_card->layout())->left());
+    anchorsOf(row)->setRight(QQuickItemPrivate::get(m_card->layout())->right());
     return row;
 }
 
@@ -50,29 +58,52 @@ QQuickItem *RowFactory::labelledRow(const char *source, double height) const
 {
     QQuickItem *parent = row(height);
     auto *label = new QQuickText(parent);
-    setPixelSize(label, m_fontPixelSize);
     label->setColor(QColor::fromRgba(StatusText::normal));
+    label->setElideMode(QQuickText::ElideRight);
     anchorsOf(label)->setLeft(QQuickItemPrivate::get(parent)->left());
-    anchorsOf(label)->setLeftMargin(m_fontPixelSize);
     anchorsOf(label)->setVerticalCenter(QQuickItemPrivate::get(parent)->verticalCenter());
+    follow(label, [label](int, int fontPixelSize) {
+        setPixelSize(label, fontPixelSize);
+        anchorsOf(label)->setLeftMargin(fontPixelSize);
+    });
     setNetworkText(label, source);
     return parent;
+}
+
+WifiTile *RowFactory::wifiTile() const
+{
+    QQuickItem *column = m_card->layout();
+    auto *tile = new WifiTile(column);
+    anchorsOf(tile)->setLeft(QQuickItemPrivate::get(column)->left());
+    anchorsOf(tile)->setRight(QQuickItemPrivate::get(column)->right());
+    follow(tile, [tile](int rowHeight, int fontPixelSize) {
+        tile->setSizes(tileHeight * rowHeight, fontPixelSize);
+        anchorsOf(tile)->setLeftMargin(fontPixelSize);
+        anchorsOf(tile)->setRightMargin(fontPixelSize);
+    });
+    return tile;
 }
 
 void RowFactory::placeRight(QQuickItem *item, QQuickItem *row) const
 {
     anchorsOf(item)->setRight(QQuickItemPrivate::get(row)->right());
-    const int margin = m_rowHeight / 2;
-    anchorsOf(item)->setRightMargin(margin);
     anchorsOf(item)->setVerticalCenter(QQuickItemPrivate::get(row)->verticalCenter());
+    follow(item, [item](int rowHeight, int) {
+        const int margin = rowHeight / 2;
+        anchorsOf(item)->setRightMargin(margin);
+    });
+    if (auto *label = qobject_cast<QQuickText *>(row->childItems().constFirst()); label && label != item)
+        anchorsOf(label)->setRight(QQuickItemPrivate::get(item)->left());
 }
 
 BeepSwitch *RowFactory::toggle(QQuickItem *row) const
 {
     auto *toggle = new BeepSwitch(row);
-    // The width first: the knob is placed when the height changes.
-    toggle->setWidth(2.2 * 0.484 * m_rowHeight);
-    toggle->setHeight(0.484 * m_rowHeight);
+    follow(toggle, [toggle](int rowHeight, int) {
+        // The width first: the knob is placed when the height changes.
+        toggle->setWidth(2.2 * 0.484 * rowHeight);
+        toggle->setHeight(0.484 * rowHeight);
+    });
     placeRight(toggle, row);
     return toggle;
 }
@@ -82,8 +113,10 @@ template <class Field> Field *RowFactory::field(QQuickItem *row) const
     Field *field = Field::create(GlobalInfo::instance().qmlEngine(), row);
     if (!field)
         return nullptr;
-    field->setSize(QSizeF(7.1 * 0.581 * m_rowHeight, 0.581 * m_rowHeight));
-    field->setFontPixelSize(m_fontPixelSize);
+    follow(field, [field](int rowHeight, int fontPixelSize) {
+        field->setSize(QSizeF(7.1 * 0.581 * rowHeight, 0.581 * rowHeight));
+        field->setFontPixelSize(fontPixelSize);
+    });
     placeRight(field, row);
     return field;
 }
@@ -101,7 +134,7 @@ CMacInput *RowFactory::mac(QQuickItem *row) const
 QQuickText *RowFactory::text(QQuickItem *row) const
 {
     auto *text = new QQuickText(row);
-    setPixelSize(text, m_fontPixelSize);
+    follow(text, [text](int, int fontPixelSize) { setPixelSize(text, fontPixelSize); });
     text->setColor(QColor::fromRgba(StatusText::normal));
     placeRight(text, row);
     return text;
@@ -111,7 +144,7 @@ QQuickImage *RowFactory::image(QQuickItem *row) const
 {
     auto *image = new QQuickImage(row);
     image->setSourceSize({imageSourceSize, imageSourceSize});
-    image->setSize(QSizeF(0.6 * m_rowHeight, 0.6 * m_rowHeight));
+    follow(image, [image](int rowHeight, int) { image->setSize(QSizeF(0.6 * rowHeight, 0.6 * rowHeight)); });
     placeRight(image, row);
     return image;
 }
@@ -119,9 +152,11 @@ QQuickImage *RowFactory::image(QQuickItem *row) const
 ComboBox *RowFactory::comboBox(QQuickItem *row) const
 {
     auto *box = new ComboBox(row);
-    // As wide as the default-adapter list on the card below.
-    box->setSize(QSizeF(qRound(2.6 * m_rowHeight), 0.5 * m_rowHeight));
-    box->setFontPixelSize(m_fontPixelSize);
+    follow(box, [box](int rowHeight, int fontPixelSize) {
+        // As wide as the default-adapter list on the card below.
+        box->setSize(QSizeF(qRound(2.6 * rowHeight), 0.5 * rowHeight));
+        box->setFontPixelSize(fontPixelSize);
+    });
     placeRight(box, row);
     return box;
 }

@@ -11,8 +11,10 @@ class CIpInput;
 class CMacInput;
 class CardNetwork;
 class ComboBox;
+class WifiTile;
 
-/// Makes the rows of the network card and what stands in them, in the card's sizes.
+/// Makes the rows of the network card and what stands in them, in the card's sizes, which they follow.
+/// A label has the room that is left beside what stands at the right, and is shortened where that ends.
 ///
 /// Nothing made here is connected to the service. Each part belongs to its row,
 /// each row to the card's column.
@@ -31,6 +33,9 @@ public:
     /// A row with a label at its left.
     QQuickItem *labelledRow(const char *source, double height = normalRow) const;
 
+    /// The tile of the Wi-Fi rows, which is a row of its own.
+    WifiTile *wifiTile() const;
+
     // What stands at the right end of a row.
     BeepSwitch *toggle(QQuickItem *row) const;
     CIpInput *address(QQuickItem *row) const;
@@ -40,12 +45,11 @@ public:
     ComboBox *comboBox(QQuickItem *row) const;
 
 private:
+    template <class Apply> void follow(QQuickItem *item, Apply apply) const;
     template <class Field> Field *field(QQuickItem *row) const;
     void placeRight(QQuickItem *item, QQuickItem *row) const;
 
-    QQuickItem *m_layout;
-    int m_rowHeight;
-    int m_fontPixelSize;
+    const CardNetwork *m_card;
 };
 
 } // namespace QSP

@@ -99,6 +99,14 @@ void VpnMonitor::start()
     update();
 }
 
+void VpnMonitor::setPaused(bool paused)
+{
+    if (paused)
+        m_timer.pause();
+    else if (m_timer.resume())
+        update();
+}
+
 void VpnMonitor::update()
 {
     if (!m_state.hasItem())

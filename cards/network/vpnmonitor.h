@@ -29,6 +29,8 @@ public:
     /// Starts the refreshing, and refreshes at once.
     void start();
     void stop() { m_timer.stop(); }
+    /// Pauses the refreshing, or goes on with it and refreshes at once.
+    void setPaused(bool paused);
     void update();
     /// update(), if the refreshing runs.
     void refreshIfWatched();

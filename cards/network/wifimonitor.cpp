@@ -1,5 +1,6 @@
 #include "cards/network/wifimonitor.h"
 
+#include "cards/network/addressrules.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/wifilink.h"
 #include "cards/network/wifitile.h"
@@ -35,16 +36,28 @@ void WifiMonitor::start()
     update();
 }
 
+void WifiMonitor::setPaused(bool paused)
+{
+    if (paused)
+        m_timer.pause();
+    else if (m_timer.resume())
+        update();
+}
+
 void WifiMonitor::update()
 {
-    // In the middle of an attempt to join, the tile would flip to "Offline" and back.
-    if (!m_status.hasItem() || m_connecting)
+    if (!m_status.hasItem())
         return;
+    // An attempt to join says nothing of an adapter that was switched off meanwhile.
     if (!systemSet().isNicEnabled(HMI::SystemSet::WIFI)) {
         m_status.show("Offline");
+        m_card->rules().reread(HMI::SystemSet::WIFI);
         m_timer.stop();
         return;
     }
+    // In the middle of an attempt, the tile would flip to "Offline" and back.
+    if (m_connecting)
+        return;
     watch();
     const bool connected = WifiLink::isConnected();
     QString ssid;
@@ -55,6 +68,8 @@ void WifiMonitor::update()
         WifiLink::updateSignalStrength(m_card);
     } else {
         m_status.show("Offline");
+        // The lease went with the link.
+        m_card->rules().reread(HMI::SystemSet::WIFI);
     }
     emit m_card->wifiStatusChanged(connected, ssid);
 }

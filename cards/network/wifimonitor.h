@@ -21,6 +21,8 @@ public:
     /// Starts the refreshing, if Wi-Fi is selected, and refreshes at once.
     void start();
     void stop() { m_timer.stop(); }
+    /// Pauses the refreshing, or goes on with it and refreshes at once.
+    void setPaused(bool paused);
     void update();
     void setConnecting(bool connecting);
 

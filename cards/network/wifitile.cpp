@@ -19,32 +19,40 @@ constexpr QRgb borderColor = 0xFFE2E3E5;
 constexpr QRgb pressedColor = 0xFFF2F3F5;
 constexpr QRgb hintColor = 0xFF656F7D;
 
-QQuickImage *addIcon(QQuickItem *parent, const char *icon, qreal side)
+QQuickImage *addIcon(QQuickItem *parent, const char *icon)
 {
     auto *image = new QQuickImage(parent);
     image->setSourceSize({40, 40});
     image->setSource(QUrl(QLatin1String("qrc:/setting/icons/") + QLatin1String(icon)));
-    image->setSize(QSizeF(side, side));
     QQuickItemPrivate::get(image)->anchors()->setVerticalCenter(
         QQuickItemPrivate::get(parent)->verticalCenter());
     return image;
 }
 
-QQuickText *addText(QQuickItem *parent, int pixelSize, QRgb color)
+QQuickText *addText(QQuickItem *parent, QRgb color)
 {
     auto *text = new QQuickText(parent);
-    QFont font = text->font();
-    font.setPixelSize(qMax(1, pixelSize));
-    text->setFont(font);
     text->setColor(QColor::fromRgba(color));
     return text;
 }
 
+void placeText(QQuickText *text, qreal x, int pixelSize)
+{
+    QFont font = text->font();
+    font.setPixelSize(qMax(1, pixelSize));
+    text->setFont(font);
+    text->setX(x);
+}
+
 } // namespace
 
-WifiTile::WifiTile(qreal height, int fontPixelSize, QQuickItem *parent) : BeepButton(parent)
+WifiTile::WifiTile(QQuickItem *parent)
+    : BeepButton(parent)
+    , m_icon(addIcon(this, "4@2x.png"))
+    , m_status(addText(this, StatusText::normal))
+    , m_hint(addText(this, hintColor))
+    , m_marker(addIcon(this, "rightArrow0@2x.png"))
 {
-    setHeight(height);
     auto *frame = new QQuickRectangle(this);
     frame->setRadius(cornerRadius);
     frame->border()->setWidth(1.0);
@@ -54,29 +62,29 @@ WifiTile::WifiTile(qreal height, int fontPixelSize, QQuickItem *parent) : BeepBu
         frame->setColor(isPressed() ? QColor::fromRgba(pressedColor) : QColor(Qt::white));
     });
 
-    const qreal iconSide = 0.512 * height;
-    const qreal iconX = 0.381 * height;
-    QQuickImage *icon = addIcon(this, "4@2x.png", iconSide);
-    icon->setX(iconX);
-
     // Two lines, one above and one below the middle.
-    const qreal textX = qRound(iconX + iconSide + fontPixelSize);
-    m_status = addText(this, fontPixelSize, StatusText::normal);
-    m_status->setX(textX);
     QQuickAnchors *anchors = QQuickItemPrivate::get(m_status)->anchors();
     anchors->setBottom(QQuickItemPrivate::get(this)->verticalCenter());
     anchors->setBottomMargin(2.0);
-    QQuickText *hint = addText(this, qRound(0.8 * fontPixelSize), hintColor);
-    hint->setX(textX);
-    anchors = QQuickItemPrivate::get(hint)->anchors();
+    anchors = QQuickItemPrivate::get(m_hint)->anchors();
     anchors->setTop(QQuickItemPrivate::get(this)->verticalCenter());
     anchors->setTopMargin(2.0);
-    setNetworkText(hint, "Wi-Fi Settings");
+    setNetworkText(m_hint, "Wi-Fi Settings");
+    QQuickItemPrivate::get(m_marker)->anchors()->setRight(QQuickItemPrivate::get(this)->right());
+}
 
-    m_marker = addIcon(this, "rightArrow0@2x.png", qRound(0.35 * height));
-    anchors = QQuickItemPrivate::get(m_marker)->anchors();
-    anchors->setRight(QQuickItemPrivate::get(this)->right());
-    anchors->setRightMargin(fontPixelSize);
+void WifiTile::setSizes(qreal height, int fontPixelSize)
+{
+    setHeight(height);
+    const qreal iconSide = 0.512 * height;
+    m_icon->setSize(QSizeF(iconSide, iconSide));
+    m_icon->setX(0.381 * height);
+    const qreal textX = qRound(m_icon->x() + iconSide + fontPixelSize);
+    placeText(m_status, textX, fontPixelSize);
+    placeText(m_hint, textX, qRound(0.8 * fontPixelSize));
+    const qreal markerSide = qRound(0.35 * height);
+    m_marker->setSize(QSizeF(markerSide, markerSide));
+    QQuickItemPrivate::get(m_marker)->anchors()->setRightMargin(fontPixelSize);
 }
 
 void WifiTile::setWifiEnabled(bool enabled)

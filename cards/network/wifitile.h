@@ -13,7 +13,10 @@ class WifiTile : public BeepButton
     Q_OBJECT
 
 public:
-    WifiTile(qreal height, int fontPixelSize, QQuickItem *parent);
+    explicit WifiTile(QQuickItem *parent);
+
+    /// Sets the height, and all that stands in the tile accordingly.
+    void setSizes(qreal height, int fontPixelSize);
 
     QQuickText *statusText() const { return m_status; }
 
@@ -22,7 +25,9 @@ public slots:
     void setWifiEnabled(bool enabled);
 
 private:
+    QQuickImage *m_icon;
     QQuickText *m_status;
+    QQuickText *m_hint;
     QQuickImage *m_marker;
 };
 

@@ -41,8 +41,11 @@ void visitDefaultAdapter(Stops &stops)
 {
     const Action list = Do::tapClass("QSP::ComboBox", 0, "QSP::CardNIC");
     stops.push_back({"default-adapters", {list}});
-    stops.push_back(
-        {"ping-result", {list, Do::tapText("CardNIC", "Test"), Do::see("CardNIC", "Test successful!")}});
+    const Action disable = Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork");
+    const Action test = Do::tapText("CardNIC", "Test");
+    stops.push_back({"ping-failed", {list, disable, test, Do::see("CardNIC", "Test failed!")}});
+    stops.push_back({"ping-busy", {Do::tapAside(), disable, test}});
+    stops.push_back({"ping-result", {Do::see("CardNIC", "Test successful!")}});
 }
 
 // Joins @p network, which is open or known to the panel.

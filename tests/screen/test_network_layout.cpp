@@ -47,7 +47,7 @@ void TestNetworkLayout::texts()
         const QStringList labels = page.adapterLabels();
         for (const QString &label : labels) {
             page.select(label);
-            QCOMPARE(LayoutCheck::faults(page.glass()), QStringList());
+            QCOMPARE(LayoutCheck::faults(page.glass()).join("; "), QString());
             const QRectF card(0, 0, page.network()->width(), page.network()->height());
             const auto items = Operator::allByClass(page.network(), "QQuickItem");
             for (QQuickItem *item : items) {

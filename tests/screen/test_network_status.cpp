@@ -30,10 +30,13 @@ private slots:
     void vpnState_data();
     void vpnState();
     void switchedOffVpnShowsNoOldState();
+    void mobileSwitchedOnShowsItsStateAtOnce();
     void vpnIsWatchedWhileSelected();
     void wifiTileLeadsToItsPage();
     void wifiTileFollowsTheLink();
     void wifiAttemptKeepsTheTile();
+    void disabledWifiIsOfflineWhateverIsAttempted_data();
+    void disabledWifiIsOfflineWhateverIsAttempted();
     void wifiTickDoesNotOverwriteAnEdit();
     void wifiResetClears();
     void wifiFoundDisabledStopsTheWatch();
@@ -149,6 +152,17 @@ void TestNetworkStatus::switchedOffVpnShowsNoOldState()
     QCOMPARE(page.statusColor("Connection Status"), normal);
 }
 
+void TestNetworkStatus::mobileSwitchedOnShowsItsStateAtOnce()
+{
+    HmiSimulator::setDelays(600000);
+    HmiSimulator::setNicEnabled(HMI::SystemSet::MOBILE_4G, false);
+    NetworkPage page;
+    page.select("4G");
+    QCOMPARE(page.status("Connection Status"), QString("Not connected"));
+    page.tapToggle("4G");
+    QCOMPARE(page.status("Connection Status"), QString("Connecting..."));
+}
+
 void TestNetworkStatus::vpnIsWatchedWhileSelected()
 {
     HmiSimulator::setNicEnabled(HMI::SystemSet::VPN, true);
@@ -206,6 +220,37 @@ void TestNetworkStatus::wifiAttemptKeepsTheTile()
     QCOMPARE(Operator::visibleTexts(tile).value(0), QString("Online"));
     QVERIFY(QMetaObject::invokeMethod(page.network(), "setWifiConnecting", Q_ARG(bool, false)));
     QCOMPARE(Operator::visibleTexts(tile).value(0), QString("Offline"));
+}
+
+void TestNetworkStatus::disabledWifiIsOfflineWhateverIsAttempted_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"tapped", "found by a tick", "found on opening"})
+        QTest::newRow(how) << how;
+}
+
+void TestNetworkStatus::disabledWifiIsOfflineWhateverIsAttempted()
+{
+    QFETCH(QString, how);
+    HmiSimulator::joinNetwork("Plant");
+    NetworkPage page;
+    page.select("Wi-Fi");
+    QCOMPARE(Operator::visibleTexts(page.row("Wi-Fi Settings")).value(0), QString("Online"));
+    // An attempt that the service never reports.
+    QVERIFY(QMetaObject::invokeMethod(page.network(), "setWifiConnecting", Q_ARG(bool, true)));
+    if (how == "tapped") {
+        page.tapToggle("Disable Network");
+    } else if (how == "found by a tick") {
+        HmiSimulator::setNicEnabled(HMI::SystemSet::WIFI, false);
+        tick(page, statusInterval);
+    } else {
+        page.screen().close();
+        HmiSimulator::setNicEnabled(HMI::SystemSet::WIFI, false);
+        page.screen().open();
+        page.screen().tapMenu("Network");
+    }
+    QCOMPARE(Operator::visibleTexts(page.row("Wi-Fi Settings")).value(0), QString("Offline"));
+    QVERIFY(!page.isWatching(statusInterval));
 }
 
 void TestNetworkStatus::wifiTickDoesNotOverwriteAnEdit()

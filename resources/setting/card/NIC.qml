@@ -11,6 +11,7 @@ CardNIC {
     property alias testButtonText: _testButtonText
     property alias combobox: _combobox
     property alias testBeepButton: _testBeepButton
+    property alias pingBusy: _pingBusy
 
     height: _layout.height
 
@@ -71,6 +72,26 @@ CardNIC {
                 font.pixelSize: _title.label.font.pixelSize
             }
 
+            Image {
+                id: _pingBusy
+
+                anchors.right: _testBeepButton.left
+                anchors.verticalCenter: _pingTestRow.verticalCenter
+                width: 0.5 * _card.titleRowHeight
+                height: width
+                visible: false
+                source: "qrc:/setting/icons/loading@2x.png"
+                sourceSize: "40x40"
+
+                NumberAnimation on rotation {
+                    running: _pingBusy.visible
+                    from: 0
+                    to: 360
+                    duration: 2000
+                    loops: Animation.Infinite
+                }
+            }
+
             BeepButton {
                 id: _testBeepButton
 
@@ -78,7 +99,7 @@ CardNIC {
                 anchors.rightMargin: _card.fieldMargin
                 width: 1.5 * height
                 height: _pingTestRow.height
-                opacity: pressed ? 0.6 : 1.0
+                opacity: pressed || !enabled ? 0.6 : 1.0
 
                 Text {
                     id: _testButtonText
