@@ -63,7 +63,9 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     anchorsOf(m_titleText)->setLeft(QQuickItemPrivate::get(m_titleBar)->left());
 
     m_separator = childOf<QQuickRectangle>(content);
-    m_separator->setY(m_titleBar->height());
+    // On a whole pixel, with the body below it: a line between two vanishes when only what lies behind
+    // the dialog is painted again.
+    m_separator->setY(qRound(m_titleBar->height()));
     m_separator->setHeight(1.0);
     m_separator->setColor(lineColor);
 

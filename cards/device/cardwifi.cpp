@@ -10,6 +10,7 @@
 #include "cards/network/nic.h"
 #include "cards/network/wifilink.h"
 #include "cards/rootof.h"
+#include "cards/servicelimits.h"
 #include "controls/basecard.h"
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
@@ -43,7 +44,11 @@ void showButton(BeepButton *button, QQuickItem *image)
 
 } // namespace
 
-CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_finger(new FingerWatch(this))
+CardWifi::CardWifi(QQuickItem *parent)
+    : QQuickControl(parent)
+    , m_finger(new FingerWatch(this))
+    , m_scanLimit(new AnswerLimit(ServiceLimits::scan, "scanLimit", this))
+    , m_joinLimit(new AnswerLimit(ServiceLimits::join, "joinLimit", this))
 {
     qRegisterMetaType<HMI::SSID>("HMI::SSID");
     const GlobalInfo &info = GlobalInfo::instance();
@@ -59,6 +64,8 @@ CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_finger(new Fin
     connect(this, &CardWifi::cardStateChanged, this, &CardWifi::showState);
     connect(this, &CardWifi::wifiReset, this, &CardWifi::onWifiReset);
     connect(m_finger, &FingerWatch::lifted, this, &CardWifi::onLifted);
+    connect(m_scanLimit, &QTimer::timeout, this, [this] { onListReport(nullptr); });
+    connect(m_joinLimit, &QTimer::timeout, this, &CardWifi::onJoinOverdue);
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &CardWifi::adjustPwDialog);
 }
 
@@ -74,11 +81,16 @@ void CardWifi::componentComplete()
     m_currentContainer = item("current");
     m_scanButton = qobject_cast<BeepButton *>(item("scanButton"));
     m_scanImage = item("scanButtonImage");
+    m_bigScanButton = qobject_cast<BeepButton *>(item("bigScanButton"));
+    m_bigScanImage = item("bigScanButtonImage");
+    m_emptyRoom = item("emptyRoom");
+    m_offlineText = item("offlineText");
     m_busy = item("scaning");
     m_busyHome = m_busy ? m_busy->parentItem() : nullptr;
     if (QQuickItem *container = item("list")) {
-        m_list = new WifiList(container, m_rowHeight, this);
+        m_list = new WifiList(container, m_rowHeight, m_refusals, this);
         connect(m_list, &WifiList::chosen, this, &CardWifi::onChosen);
+        connect(m_list, &WifiList::shownChanged, this, &CardWifi::showEmptiness);
     }
     if (m_column)
         connect(m_column, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
@@ -104,13 +116,16 @@ void CardWifi::addTexts()
     };
     show("connectedWlanText", QT_TRANSLATE_NOOP("CardWifi", "Connected Wi-Fi"));
     show("nearWlanTxt", QT_TRANSLATE_NOOP("CardWifi", "Nearby Wi-Fi"));
+    show("offlineText", QT_TRANSLATE_NOOP("CardWifi", "Wi-Fi Offline"));
 }
 
 void CardWifi::addButtons()
 {
-    if (m_scanButton) {
-        connect(m_scanButton, &QQuickAbstractButton::clicked, this, &CardWifi::onClickScanWifi);
-        connect(m_scanButton, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
+    for (BeepButton *button : {m_scanButton.data(), m_bigScanButton.data()}) {
+        if (!button)
+            continue;
+        connect(button, &QQuickAbstractButton::clicked, this, &CardWifi::onClickScanWifi);
+        connect(button, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
     }
     if (auto *row = qobject_cast<QQuickItem *>(property("resetRow").value<QObject *>())) {
         m_resetButton = addWifiResetButton(row, m_rowHeight, m_fontSize);
@@ -184,11 +199,12 @@ void CardWifi::setState(CardState state)
 
 void CardWifi::showState()
 {
-    for (BeepButton *button : {m_scanButton.data(), m_resetButton}) {
+    for (BeepButton *button : {m_scanButton.data(), m_bigScanButton.data(), m_resetButton}) {
         if (button)
             button->setEnabled(!isScanning());
     }
     showButton(m_scanButton, m_scanImage);
+    showButton(m_bigScanButton, m_bigScanImage);
     showButton(m_resetButton, nullptr);
 
     // By the attempt and not by the state alone: a list that comes meanwhile ends the state.
@@ -203,6 +219,12 @@ void CardWifi::showState()
     m_busy->setVisible(isScanning() || place != m_busyHome);
 }
 
+// The dialog is modal, so that nobody can ask for anything else then but by a finger that was down before.
+bool CardWifi::isBusyShownInDialog() const
+{
+    return m_busy && m_busy->isVisible() && m_busy->parentItem() != m_busyHome;
+}
+
 // --- The list ---
 
 void CardWifi::onClickScanWifi()
@@ -214,7 +236,7 @@ void CardWifi::onClickScanWifi()
 void CardWifi::scanWifi()
 {
     // By the state, not by the indicator, which is invisible while another page is shown.
-    if (isScanning())
+    if (isScanning() || isBusyShownInDialog())
         return;
     setState(Scanning);
     systemSet().scanWifi(listReceiver());
@@ -226,18 +248,24 @@ SystemSet::WifiListCallback CardWifi::listReceiver()
     // What is held for the finger is of an older scan.
     m_heldRecords.reset();
     m_isListHeld = false;
+    m_scanLimit->start();
     return onGuiThread(this, [scan](CardWifi *card, std::unique_ptr<WifiList::Records> records) {
-        if (scan != card->m_scan)
-            return;
-        // A second report of the same scan would take the list from under the operator's finger.
-        ++card->m_scan;
-        if (!card->m_finger->isDown()) {
-            card->onScanResult(std::move(records));
-            return;
-        }
-        card->m_heldRecords = std::move(records);
-        card->m_isListHeld = true;
+        if (scan == card->m_scan)
+            card->onListReport(std::move(records));
     });
+}
+
+void CardWifi::onListReport(std::unique_ptr<WifiList::Records> records)
+{
+    // A further report of the same scan would take the list from under the operator's finger.
+    ++m_scan;
+    m_scanLimit->stop();
+    if (!m_finger->isDown()) {
+        onScanResult(std::move(records));
+        return;
+    }
+    m_heldRecords = std::move(records);
+    m_isListHeld = true;
 }
 
 void CardWifi::refreshCurrentWifi()
@@ -266,8 +294,13 @@ void CardWifi::onScanResult(std::unique_ptr<WifiList::Records> records)
     else if (m_list)
         m_list->clear();
     setState(Idle);
-    if (m_list && !m_list->isEmpty() && isConnected())
-        updateCurrentWifi();
+    updateCurrentWifi();
+}
+
+void CardWifi::showEmptiness()
+{
+    if (m_emptyRoom)
+        m_emptyRoom->setVisible(m_list->isBlank());
 }
 
 void CardWifi::onWifiReset()
@@ -277,10 +310,10 @@ void CardWifi::onWifiReset()
         m_dialog->close();
     if (m_current)
         m_current->hide();
-    if (m_list) {
+    showOffline();
+    m_refusals.clear();
+    if (m_list)
         m_list->clear();
-        m_list->forgetRefusals();
-    }
     if (isScanning())
         return;
     setState(Scanning);
@@ -316,6 +349,9 @@ void CardWifi::updateCurrentWifi()
         return;
     if (!m_current)
         m_current = new WifiCurrentRow(m_currentContainer, m_rowHeight, this);
+    if (m_isNameAwaited)
+        finishJoin();
+    showOffline();
     const bool connected = isConnected();
     const HMI::SSID ssid = terminatedSsid(systemSet().currentWifiSsid());
     if (connected && !isEmptySsid(ssid)) {
@@ -330,6 +366,13 @@ void CardWifi::updateCurrentWifi()
     // What was hidden as joined is a network like any other again.
     if (m_list)
         m_list->showAll();
+}
+
+// In the room of the row, which is empty then. A network whose name is not known yet is no reason to say so.
+void CardWifi::showOffline()
+{
+    if (m_offlineText)
+        m_offlineText->setVisible(!isConnected());
 }
 
 void CardWifi::updateSignalStrength()

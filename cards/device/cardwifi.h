@@ -2,6 +2,7 @@
 
 #include "cards/device/ssid.h"
 #include "cards/device/wifilist.h"
+#include "cards/device/wifirefusals.h"
 
 #include <QtCore/QPointer>
 #include <QtQuickTemplates2/private/qquickcontrol_p.h>
@@ -10,6 +11,7 @@
 
 namespace QSP {
 
+class AnswerLimit;
 class BeepButton;
 class FingerWatch;
 class WifiCurrentRow;
@@ -18,7 +20,7 @@ class WifiPasswordDialog;
 /// The Wi-Fi page: the joined network, the networks nearby, scanning, joining and resetting.
 ///
 /// Reports of the service count only for the newest scan and the newest
-/// attempt to join; a reset ends the attempt under way. Nothing that comes from
+/// attempt to join, and only for so long; a reset ends the attempt under way. Nothing that comes from
 /// the service moves the list while a finger is down. GUI thread only.
 class CardWifi : public QQuickControl
 {
@@ -93,22 +95,28 @@ protected:
 private:
     void addTexts();
     void addButtons();
+    void showEmptiness();
+    void showOffline();
     void watchNetworkCard();
 
     void scanWifi();
     HMI::SystemSet::WifiListCallback listReceiver();
     void refreshCurrentWifi();
     void onLifted();
+    void onListReport(std::unique_ptr<WifiList::Records> records);
     void onScanResult(std::unique_ptr<WifiList::Records> records);
     void onChosen(int index);
     void openPwDialog();
     void onConnectResult(HMI::SystemSet::StateWifi result);
     void onAttemptFailed(const char *text);
+    void onJoinOverdue();
+    void finishJoin();
     void update_afterOnLine();
     void setDhcpAndUpdateCurWifi();
     void closeDialog_and_updateCurWifiInfo();
     void endAttempt();
     bool concernsDialog() const;
+    bool isBusyShownInDialog() const;
     WifiPasswordDialog *pwDialog();
     void showState();
 
@@ -116,6 +124,9 @@ private:
     int m_fontSize = 20;
     CardState m_state = Idle;
     FingerWatch *m_finger;
+    AnswerLimit *m_scanLimit;
+    AnswerLimit *m_joinLimit;
+    WifiRefusals m_refusals;
     WifiList *m_list = nullptr;
     WifiCurrentRow *m_current = nullptr;
     WifiPasswordDialog *m_dialog = nullptr;
@@ -123,6 +134,10 @@ private:
     BeepButton *m_resetButton = nullptr;
     QPointer<BeepButton> m_scanButton;
     QPointer<QQuickItem> m_scanImage;
+    QPointer<BeepButton> m_bigScanButton;
+    QPointer<QQuickItem> m_bigScanImage;
+    QPointer<QQuickItem> m_emptyRoom;
+    QPointer<QQuickItem> m_offlineText;
     QPointer<QQuickItem> m_busy;
     QPointer<QQuickItem> m_busyHome;
     QPointer<QQuickItem> m_column;
@@ -131,11 +146,13 @@ private:
     HMI::SSID m_selectedSsid{};
     int m_selectedSignal = 0;
     HMI::SSID m_attemptSsid{};
+    WifiRefusals::Digest m_attemptDigest;
     // Grow with each request; a report that carries an older number comes too late to count.
     int m_scan = 0;
     int m_attempt = 0;
     bool m_attemptEnded = true;
     int m_lastReport = -1;
+    bool m_isNameAwaited = false;
     bool m_isLeaseAwaited = false;
     // Else the dialog is open for a password of some network, and reports of the attempt leave it alone.
     bool m_isDialogOfAttempt = false;

@@ -2,10 +2,12 @@
 
 #include "cards/device/cardwifi.h"
 
+#include "cards/device/secrets.h"
 #include "cards/device/wifipassworddialog.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/nic.h"
+#include "cards/servicelimits.h"
 #include "shell/guithread.h"
 
 #include <utility>
@@ -42,7 +44,7 @@ void CardWifi::openPwDialog()
     if (m_isDialogOfAttempt) {
         const HMI::SSID joining = systemSet().currentWifiSsid();
         dialog->setBodyVisible(false);
-        dialog->open(getSsidFromCurWifi(isEmptySsid(joining) ? m_attemptSsid : joining));
+        dialog->open(isEmptySsid(joining) ? getSsidFromScan(m_attemptSsid) : getSsidFromCurWifi(joining));
         return;
     }
     if (!m_list || !m_list->findWifiBySsid(m_selectedSsid))
@@ -59,8 +61,11 @@ void CardWifi::onClickConFirm()
     const QString password = m_dialog->password();
     m_dialog->endEditing();
     // A network that the last scan did not find may be there all the same: the service will say.
-    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(m_selectedSsid) : nullptr)
-        info->password = password;
+    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(m_selectedSsid) : nullptr) {
+        overwrite(info->password);
+        // Not shared with the field, which overwrites its own when it is closed.
+        info->password = QString(password.constData(), password.size());
+    }
     connectWifi(m_selectedSsid, password);
 }
 
@@ -69,8 +74,11 @@ void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
     const int attempt = ++m_attempt;
     m_attemptEnded = false;
     m_attemptSsid = terminatedSsid(wifiname);
+    m_attemptDigest = m_refusals.digestOf(m_attemptSsid, password);
     m_lastReport = -1;
+    m_isNameAwaited = false;
     m_isDialogOfAttempt = true;
+    m_joinLimit->start();
     setState(Connecting);
     if (m_dialog) {
         // It may have been opened to show the attempt that this one replaces.
@@ -79,11 +87,15 @@ void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
     }
     showState();
     tellConnecting(this, true);
-    systemSet().connectWifi(m_attemptSsid, password.toUtf8().toStdString(),
+    QByteArray utf8 = password.toUtf8();
+    std::string bytes = utf8.toStdString();
+    overwrite(utf8);
+    systemSet().connectWifi(m_attemptSsid, bytes,
                             onGuiThread(this, [attempt](CardWifi *card, SystemSet::StateWifi result) {
                                 if (attempt == card->m_attempt)
                                     card->onConnectResult(result);
                             }));
+    overwrite(bytes);
 }
 
 void CardWifi::onConnectResult(SystemSet::StateWifi result)
@@ -100,12 +112,8 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
     case SystemSet::WIFI_CONNECTED:
         m_attemptEnded = true;
         setState(Connected);
-        if (m_list)
-            m_list->acceptPassword(m_attemptSsid);
-        if (m_list && m_list->findWifiBySsid(terminatedSsid(systemSet().currentWifiSsid())))
-            update_afterOnLine();
-        else
-            closeDialog_and_updateCurWifiInfo();
+        m_refusals.remove(m_attemptDigest);
+        finishJoin();
         tellConnecting(this, false);
         break;
     case SystemSet::WIFI_OFFLINE:
@@ -118,8 +126,9 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
         tellConnecting(this, false);
         break;
     case SystemSet::WIFI_WRONG_PASSWORD:
+        m_refusals.add(m_attemptDigest);
         if (m_list)
-            m_list->refusePassword(m_attemptSsid);
+            m_list->dropRefused();
         onAttemptFailed(QT_TRANSLATE_NOOP("CardWifi", "Wrong password"));
         tellConnecting(this, false);
         break;
@@ -129,6 +138,8 @@ void CardWifi::onConnectResult(SystemSet::StateWifi result)
 void CardWifi::onAttemptFailed(const char *text)
 {
     m_attemptEnded = true;
+    m_isNameAwaited = false;
+    m_joinLimit->stop();
     setState(Idle);
     // A list that came meanwhile has ended the state before.
     showState();
@@ -143,9 +154,35 @@ void CardWifi::onAttemptFailed(const char *text)
     m_dialog->setStatus(text, true);
 }
 
+void CardWifi::onJoinOverdue()
+{
+    // What is still reported of it comes too late.
+    ++m_attempt;
+    if (m_attemptEnded)
+        closeDialog_and_updateCurWifiInfo();
+    else
+        onConnectResult(SystemSet::WIFI_TIMEOUT);
+}
+
+// The service may know that it has joined before it knows the name; each look at the joined network tries again.
+void CardWifi::finishJoin()
+{
+    const HMI::SSID joined = terminatedSsid(systemSet().currentWifiSsid());
+    m_isNameAwaited = isEmptySsid(joined);
+    if (m_isNameAwaited)
+        return;
+    m_joinLimit->stop();
+    if (m_list && m_list->findWifiBySsid(joined))
+        update_afterOnLine();
+    else
+        closeDialog_and_updateCurWifiInfo();
+}
+
 void CardWifi::endAttempt()
 {
     ++m_attempt;
+    m_isNameAwaited = false;
+    m_joinLimit->stop();
     if (m_attemptEnded)
         return;
     m_attemptEnded = true;
@@ -182,6 +219,7 @@ void CardWifi::setDhcpAndUpdateCurWifi()
 
 void CardWifi::closeDialog_and_updateCurWifiInfo()
 {
+    m_isNameAwaited = false;
     if (m_dialog && concernsDialog())
         m_dialog->close();
     emit connectedChanged(true);

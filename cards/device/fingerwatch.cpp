@@ -23,6 +23,7 @@ void FingerWatch::forget()
     if (!m_down)
         return;
     m_down = false;
+    m_isMouse = false;
     QMetaObject::invokeMethod(this, &FingerWatch::lifted, Qt::QueuedConnection);
 }
 
@@ -30,8 +31,16 @@ bool FingerWatch::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
+        m_down = true;
+        m_isMouse = true;
+        break;
     case QEvent::TouchBegin:
         m_down = true;
+        break;
+    case QEvent::MouseMove:
+        // The button was released where somebody else had the mouse.
+        if (m_isMouse && static_cast<QMouseEvent *>(event)->buttons() == Qt::NoButton)
+            forget();
         break;
     case QEvent::MouseButtonRelease:
         if (static_cast<QMouseEvent *>(event)->buttons() == Qt::NoButton)
@@ -39,6 +48,9 @@ bool FingerWatch::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::TouchEnd:
     case QEvent::TouchCancel:
+    case QEvent::UngrabMouse:
+    case QEvent::WindowBlocked:
+    case QEvent::Hide:
         forget();
         break;
     default:

@@ -18,7 +18,8 @@ public:
     /// Watches that window instead of the one before; null watches nothing.
     void setWindow(QQuickWindow *window);
     bool isDown() const { return m_down; }
-    /// Takes the finger for lifted, for example because the page was hidden under it.
+    /// Takes the finger for lifted, for example because the page was hidden under it. Done here when the
+    /// window is hidden, or something takes the touch from it: it does not see the release then.
     void forget();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -30,6 +31,7 @@ signals:
 private:
     QPointer<QQuickWindow> m_window;
     bool m_down = false;
+    bool m_isMouse = false; ///< a button of the mouse is what is down
 };
 
 } // namespace QSP

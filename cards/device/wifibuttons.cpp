@@ -19,6 +19,8 @@ namespace {
 constexpr qreal narrowX = 40.0;
 constexpr qreal besideMenu = 20.0;
 constexpr int arrowSourceSize = 64;
+// It takes the panel off the network: not one to be tapped in passing.
+constexpr QColor dangerColor(0xD9, 0x2D, 0x20);
 
 QQuickAnchors *anchorsOf(QQuickItem *item)
 {
@@ -37,7 +39,7 @@ BeepButton *addWifiResetButton(QQuickItem *row, int rowHeight, int fontPixelSize
 
     auto *background = new QQuickRectangle(button);
     background->setRadius(5.0);
-    background->setColor(QColor(0x34, 0x82, 0xFF));
+    background->setColor(dangerColor);
     button->setBackground(background);
 
     auto *text = new QQuickText(button);

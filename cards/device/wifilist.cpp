@@ -1,6 +1,8 @@
 #include "cards/device/wifilist.h"
 
+#include "cards/device/secrets.h"
 #include "cards/device/ssid.h"
+#include "cards/device/wifirefusals.h"
 #include "cards/device/wifirow.h"
 
 #include <QtQuick/private/qquickflickable_p.h>
@@ -13,11 +15,6 @@ namespace QSP {
 
 namespace {
 
-QByteArray bytesOf(const HMI::SSID &ssid)
-{
-    return {ssid.data(), static_cast<int>(ssid.size())};
-}
-
 // The row's own flag; on a hidden page no item is visible.
 bool isShown(const WifiInfo &info)
 {
@@ -26,8 +23,8 @@ bool isShown(const WifiInfo &info)
 
 } // namespace
 
-WifiList::WifiList(QQuickItem *container, int rowHeight, QObject *parent)
-    : QObject(parent), m_container(container), m_rowHeight(rowHeight)
+WifiList::WifiList(QQuickItem *container, int rowHeight, const WifiRefusals &refusals, QObject *parent)
+    : QObject(parent), m_container(container), m_rowHeight(rowHeight), m_refusals(refusals)
 {
     connect(container, &QQuickItem::widthChanged, this, [this] {
         for (const WifiInfo &info : qAsConst(m_infos))
@@ -40,8 +37,12 @@ WifiList::WifiList(QQuickItem *container, int rowHeight, QObject *parent)
 
 WifiList::~WifiList()
 {
-    if (m_container)
+    if (m_container) {
         removeRows();
+        return;
+    }
+    for (WifiInfo &info : m_infos)
+        overwrite(info.password);
 }
 
 void WifiList::rebuild(const Records &records, int fontPixelSize)
@@ -67,17 +68,16 @@ void WifiList::addItem(const HMI::SystemSet::SsidInfo &record, int index, int fo
     connect(row, &WifiRow::clicked, this, [this, index] { emit chosen(index); });
 
     WifiInfo info{row, ssid, QString::fromStdString(record.password), record.needsPassword, record.signal};
-    if (m_refused.contains(bytesOf(ssid))) {
-        info.password.clear();
-        info.needsPassword = 1;
-    }
+    dropIfRefused(info);
     m_infos.append(info);
 }
 
 void WifiList::removeRows()
 {
-    for (const WifiInfo &info : qAsConst(m_infos))
+    for (WifiInfo &info : m_infos) {
+        overwrite(info.password);
         delete info.item;
+    }
     m_infos.clear();
     m_shown.clear();
     m_nearBegin = m_nearEnd = 0;
@@ -89,8 +89,10 @@ void WifiList::placeRows()
     for (const WifiInfo &info : qAsConst(m_infos)) {
         if (!isShown(info))
             continue;
-        info.item->setY(m_shown.size() * m_rowHeight);
-        m_shown.append(static_cast<WifiRow *>(info.item));
+        auto *row = static_cast<WifiRow *>(info.item);
+        row->setY(m_shown.size() * m_rowHeight);
+        row->setFirst(m_shown.isEmpty());
+        m_shown.append(row);
     }
     // Any of them may have contents from where it was before.
     m_nearBegin = 0;
@@ -100,6 +102,7 @@ void WifiList::placeRows()
     // lie over the top of the page until the next frame.
     m_container->setHeight(qMax(1, m_shown.size() * m_rowHeight));
     updateNear();
+    emit shownChanged();
 }
 
 WifiInfo *WifiList::findWifiBySsid(const HMI::SSID &ssid)
@@ -130,20 +133,19 @@ void WifiList::showAll()
     show([](const WifiInfo &) { return true; });
 }
 
-void WifiList::refusePassword(const HMI::SSID &ssid)
+void WifiList::dropRefused()
 {
-    m_refused.insert(bytesOf(ssid));
-    for (WifiInfo &info : m_infos) {
-        if (info.ssid == ssid) {
-            info.password.clear();
-            info.needsPassword = 1;
-        }
-    }
+    for (WifiInfo &info : m_infos)
+        dropIfRefused(info);
 }
 
-void WifiList::acceptPassword(const HMI::SSID &ssid)
+void WifiList::dropIfRefused(WifiInfo &info) const
 {
-    m_refused.remove(bytesOf(ssid));
+    if (!m_refusals.contains(info.ssid, info.password))
+        return;
+    overwrite(info.password);
+    info.password.clear();
+    info.needsPassword = 1;
 }
 
 void WifiList::watchPage()

@@ -3,7 +3,6 @@
 #include "hmi/systemset.h"
 
 #include <QtCore/QPointer>
-#include <QtCore/QSet>
 #include <QtCore/QVector>
 #include <QtQuick/QQuickItem>
 
@@ -11,6 +10,7 @@ class QQuickFlickable;
 
 namespace QSP {
 
+class WifiRefusals;
 class WifiRow;
 
 /// One listed network.
@@ -34,8 +34,8 @@ class WifiList : public QObject
 public:
     using Records = std::vector<HMI::SystemSet::SsidInfo>;
 
-    /// @p container gets the rows and its height from the list.
-    WifiList(QQuickItem *container, int rowHeight, QObject *parent);
+    /// @p container gets the rows and its height from the list. @p refusals is the owner's.
+    WifiList(QQuickItem *container, int rowHeight, const WifiRefusals &refusals, QObject *parent);
     ~WifiList() override;
 
     /// Replaces all rows.
@@ -43,7 +43,8 @@ public:
     void clear();
 
     const QVector<WifiInfo> &infos() const { return m_infos; }
-    bool isEmpty() const { return m_infos.isEmpty(); }
+    /// Whether no row can be seen, be it that the joined network is the only one.
+    bool isBlank() const { return m_shown.isEmpty(); }
     /// The first network of that name, comparing all bytes; null when there is none.
     WifiInfo *findWifiBySsid(const HMI::SSID &ssid);
 
@@ -52,18 +53,18 @@ public:
     /// Shows all rows that setJoined() hid.
     void showAll();
 
-    /// A password that was refused: it is not offered again, also not when
-    /// the service still reports it after the next scan.
-    void refusePassword(const HMI::SSID &ssid);
-    void acceptPassword(const HMI::SSID &ssid);
-    void forgetRefusals() { m_refused.clear(); }
+    /// Takes the passwords that were refused since out of the list, so that new ones are asked for.
+    void dropRefused();
 
 signals:
     /// A row was tapped.
     void chosen(int index);
+    /// Other rows are shown.
+    void shownChanged();
 
 private:
     void addItem(const HMI::SystemSet::SsidInfo &record, int index, int fontPixelSize);
+    void dropIfRefused(WifiInfo &info) const;
     void removeRows();
     template <class Predicate> void show(Predicate wanted);
     void placeRows();
@@ -75,7 +76,7 @@ private:
     int m_rowHeight;
     QVector<WifiInfo> m_infos;
     QVector<WifiRow *> m_shown; ///< visible rows from top to bottom
-    QSet<QByteArray> m_refused;
+    const WifiRefusals &m_refusals;
     int m_nearBegin = 0;
     int m_nearEnd = 0;
 };

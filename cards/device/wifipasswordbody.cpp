@@ -1,5 +1,6 @@
 #include "cards/device/wifipasswordbody.h"
 
+#include "cards/device/passwordinput.h"
 #include "controls/beepbutton.h"
 #include "controls/keypressfilter.h"
 #include "controls/touchmask.h"
@@ -10,14 +11,15 @@
 #include <QtQuick/private/qquickimage_p.h>
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/private/qquicktext_p.h>
-#include <QtQuick/private/qquicktextinput_p.h>
 
 namespace QSP {
 
 namespace {
 
 constexpr QColor accent(0x34, 0x82, 0xFF);
-constexpr QColor outline(0xC9, 0xCD, 0xD4);
+// White stands out against it, as it would not against the accent.
+constexpr QColor connectColor(0x1D, 0x6B, 0xE5);
+constexpr QColor outline(0x86, 0x90, 0x9C);
 constexpr QColor errorColor(0xFF, 0x00, 0x00);
 
 void setFontSize(QQuickText *text, int pixelSize)
@@ -74,7 +76,7 @@ void WifiPasswordBody::addField()
     // A field that cut off its own text at its sides would cut its touch area as well, above and below.
     m_inputView = new QQuickItem(m_frame);
     m_inputView->setClip(true);
-    m_input = new QQuickTextInput(m_inputView);
+    m_input = new PasswordInput(m_inputView);
     TouchMask::cover(m_input, TouchArea::fingerHeight);
     QFont font = m_input->font();
     font.setPixelSize(qMax(1, static_cast<int>(m_fontPixelSize * 0.8)));
@@ -111,7 +113,7 @@ void WifiPasswordBody::addConnectButton()
 {
     m_connectButton = addQuietButton(m_entry);
     auto *background = new QQuickRectangle(m_connectButton);
-    background->setColor(accent);
+    background->setColor(connectColor);
     background->setRadius(5.0);
     m_connectButton->setBackground(background);
     m_connectText = addText(m_connectButton, QT_TRANSLATE_NOOP("CardWifi", "Connect"));
@@ -149,8 +151,7 @@ QString WifiPasswordBody::password() const
 void WifiPasswordBody::clear()
 {
     endEditing();
-    // Drops what could be undone as well.
-    m_input->setText(QString());
+    m_input->wipe();
     m_showButton->setChecked(false);
 }
 

@@ -4,11 +4,11 @@
 
 class QQuickRectangle;
 class QQuickText;
-class QQuickTextInput;
 
 namespace QSP {
 
 class BeepButton;
+class PasswordInput;
 
 /// What the password dialog of the Wi-Fi page holds: a line that says how it
 /// stands and, while a password can be entered, the field, "Show Password" and "Connect".
@@ -19,7 +19,6 @@ class WifiPasswordBody : public QQuickItem
 public:
     explicit WifiPasswordBody(int fontPixelSize, QQuickItem *parent = nullptr);
 
-    QQuickTextInput *input() const { return m_input; }
     QString password() const;
     /// Empties the field, masks it again and takes the focus from it.
     void clear();
@@ -54,7 +53,7 @@ private:
     QQuickItem *m_busyPlace;
     QQuickRectangle *m_frame = nullptr;
     QQuickItem *m_inputView = nullptr;
-    QQuickTextInput *m_input = nullptr;
+    PasswordInput *m_input = nullptr;
     BeepButton *m_showButton = nullptr;
     QQuickRectangle *m_box = nullptr;
     QQuickItem *m_tick = nullptr;

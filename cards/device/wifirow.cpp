@@ -8,11 +8,19 @@
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/private/qquicktext_p.h>
 
+#include <cmath>
 #include <utility>
 
 namespace QSP {
 
 WifiRow::WifiRow(Look look, QQuickItem *list) : QQuickItem(list), m_look(std::move(look)) {}
+
+void WifiRow::setFirst(bool first)
+{
+    m_isFirst = first;
+    if (m_line)
+        m_line->setVisible(!first);
+}
 
 void WifiRow::setNear(bool near)
 {
@@ -24,6 +32,7 @@ void WifiRow::setNear(bool near)
         // The contents are the button's children.
         delete std::exchange(m_button, nullptr);
         m_label = nullptr;
+        m_line = nullptr;
     }
 }
 
@@ -40,6 +49,12 @@ void WifiRow::make()
     connect(m_button, &QQuickAbstractButton::pressedChanged, background,
             [this, background] { background->setVisible(m_button->isPressed()); });
     connect(m_button, &QQuickAbstractButton::clicked, this, &WifiRow::clicked);
+
+    auto *line = new QQuickRectangle(m_button);
+    line->setColor(QColor(0xE5, 0xE6, 0xEB));
+    line->setHeight(1.0);
+    line->setVisible(!m_isFirst);
+    m_line = line;
 
     addRowImage(m_button, wifiSignalIcon(m_look.signal), rowHeight, rowHeight / 2);
 
@@ -64,6 +79,11 @@ void WifiRow::layout()
         return;
     m_button->setSize(size());
     const qreal x = height() * 16.0 / 13.0;
+    // On whole pixels of the glass, between which the page lies: the shade of a dialog leaves out a part of one.
+    const QPointF place = mapToScene(QPointF());
+    const qreal lineX = std::round(place.x() + x);
+    m_line->setPosition({lineX - place.x(), std::round(place.y()) - place.y()});
+    m_line->setWidth(qMax(0.0, std::floor(place.x() + width()) - lineX));
     m_label->setX(x);
     m_label->setSize(QSizeF(qMax(0.0, width() - x - height() / 4.0), height()));
 }

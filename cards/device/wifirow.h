@@ -23,6 +23,8 @@ public:
 
     WifiRow(Look look, QQuickItem *list);
 
+    /// The first row of the list has no line above it.
+    void setFirst(bool first);
     /// Makes or drops the contents. A row under the operator's finger keeps them.
     void setNear(bool near);
 
@@ -39,6 +41,8 @@ private:
     Look m_look;
     BeepButton *m_button = nullptr;
     QQuickItem *m_label = nullptr;
+    QQuickItem *m_line = nullptr; ///< to the row above
+    bool m_isFirst = false;
 };
 
 } // namespace QSP

@@ -17,7 +17,7 @@ constexpr double cornerRadius = 8.0;
 constexpr double paleOpacity = 0.5;
 constexpr QRgb borderColor = 0xFFE2E3E5;
 constexpr QRgb pressedColor = 0xFFF2F3F5;
-constexpr QRgb hintColor = 0xFF86909C;
+constexpr QRgb hintColor = 0xFF656F7D;
 
 QQuickImage *addIcon(QQuickItem *parent, const char *icon)
 {

@@ -19,6 +19,7 @@ private slots:
     void reportAfterTheScreenIsGone();
     void synchronousReports();
     void tapWhileConnecting();
+    void titleWhileConnecting();
     void connectWhileScanning();
 };
 
@@ -160,6 +161,27 @@ void TestCardWifiAttempts::tapWhileConnecting()
     scene.tapInDialog(QStringLiteral("Connect"));
     QCOMPARE(Journal::calls("connectWifi"),
              QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ****))")));
+}
+
+void TestCardWifiAttempts::titleWhileConnecting()
+{
+    const WifiScene scene;
+    HmiSimulator::leaveNetwork();
+    scene.scan();
+    // Its name is not in UTF-8.
+    Operator::tap(scene.row(QStringLiteral("装配线")));
+    if (scene.dialogTexts().contains(QStringLiteral("Connect"))) {
+        scene.typePassword(QStringLiteral("abc"));
+        scene.tapInDialog(QStringLiteral("Connect"));
+    }
+    scene.closeDialog();
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QCOMPARE(scene.dialogTexts(), QStringList({"装配线", "Connecting"}));
+    // A network that is joined is named as in its own row.
+    scene.closeDialog();
+    HmiSimulator::joinNetwork("\xD7\xB0\xC5\xE4\xCF\xDF");
+    Operator::tap(scene.row(QStringLiteral("Maintenance")));
+    QCOMPARE(scene.dialogTexts(), QStringList({"\u05F0\uFFFD\uFFFD\uFFFD\uFFFD", "Connecting"}));
 }
 
 void TestCardWifiAttempts::connectWhileScanning()

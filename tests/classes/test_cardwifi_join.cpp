@@ -33,8 +33,6 @@ private slots:
     void connectedAsksForALease();
     void leaseThatNeverComes();
     void connectedToAnUnlistedNetwork();
-    void refusedPasswordIsForgotten();
-    void refusedPasswordIsForgottenOverAScan();
     void networkThatVanished();
     void listRebuiltUnderTheDialog();
     void networkCardIsTold();
@@ -262,61 +260,14 @@ void TestCardWifiJoin::connectedToAnUnlistedNetwork()
     QVERIFY(WifiScene::report("connectWifi"));
     // The list is lost while the panel joins.
     HmiSimulator::change([](HmiSimulator::Panel &panel) { panel.faults.nullList = true; });
-    WifiScene::wifi()->onClickScanWifi();
+    scene.closeDialog();
+    Operator::tap(WifiScene::scanButton());
     QVERIFY(WifiScene::report("scanWifi"));
     QVERIFY(WifiScene::wifi()->networks().isEmpty());
     QVERIFY(WifiScene::report("connectWifi"));
     Operator::settle(20);
     QVERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
-}
-
-void TestCardWifiJoin::refusedPasswordIsForgotten()
-{
-    const WifiScene scene;
-    scene.scan();
-    // Its stored password is out of date.
-    Operator::tap(scene.row(QStringLiteral("Pump Room 3")));
-    QCOMPARE(Journal::calls("connectWifi").size(), 1);
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Wrong password")));
-    scene.closeDialog();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("Pump Room 3")));
-    QCOMPARE(Journal::calls("connectWifi"), QStringList());
-    QVERIFY(scene.dialogTexts().contains(QStringLiteral("Enter password")));
-    for (const CardWifi::WIFI_INFO &info : WifiScene::wifi()->networks())
-        QVERIFY(info.item != scene.row(QStringLiteral("Pump Room 3")) || info.password.isEmpty());
-}
-
-void TestCardWifiJoin::refusedPasswordIsForgottenOverAScan()
-{
-    // This panel goes on telling the password that it was refused with.
-    HmiSimulator::setNetworks({{"stubborn", "right", 80, 0, "wrong"}});
-    const WifiScene scene;
-    scene.scan();
-    WifiScene::scriptReports({4});
-    Operator::tap(scene.row(QStringLiteral("stubborn")));
-    QVERIFY(WifiScene::report("connectWifi"));
-    scene.closeDialog();
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("stubborn")));
-    QCOMPARE(Journal::calls("connectWifi"), QStringList());
-    // Joined with the right one, it is known again.
-    WifiScene::scriptReports({});
-    scene.typePassword(QStringLiteral("right"));
-    scene.tapInDialog(QStringLiteral("Connect"));
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(WifiScene::report("connectWifi"));
-    if (scene.dialogBody())
-        scene.closeDialog();
-    HmiSimulator::leaveNetwork();
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("stubborn")));
-    QCOMPARE(Journal::calls("connectWifi").size(), 1);
 }
 
 void TestCardWifiJoin::networkThatVanished()

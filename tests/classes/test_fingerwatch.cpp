@@ -20,6 +20,9 @@ private slots:
     void finger();
     void twoFingers();
     void cancelledTouch();
+    void hiddenWindow();
+    void blockedWindow();
+    void releaseThatIsNotSeen();
     void forgetting();
     void anotherWindow();
 
@@ -95,6 +98,42 @@ void TestFingerWatch::cancelledTouch()
     QVERIFY(!m_watch->isDown());
     QTRY_COMPARE(lifted.size(), 1);
     QTest::touchEvent(m_window.get(), m_touch).release(0, {50, 50});
+}
+
+void TestFingerWatch::hiddenWindow()
+{
+    QSignalSpy lifted(m_watch.get(), &FingerWatch::lifted);
+    QTest::touchEvent(m_window.get(), m_touch).press(0, {50, 50});
+    // Its release goes nowhere.
+    m_window->hide();
+    QVERIFY(!m_watch->isDown());
+    QTRY_COMPARE(lifted.size(), 1);
+    QTest::touchEvent(m_window.get(), m_touch).release(0, {50, 50});
+}
+
+void TestFingerWatch::blockedWindow()
+{
+    QSignalSpy lifted(m_watch.get(), &FingerWatch::lifted);
+    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, {50, 50});
+    // From here on the window gets no more of what the finger does.
+    QWindow question;
+    question.setModality(Qt::ApplicationModal);
+    question.show();
+    QTRY_VERIFY(!m_watch->isDown());
+    QTRY_COMPARE(lifted.size(), 1);
+    QTest::mouseRelease(&question, Qt::LeftButton, {}, {5, 5});
+}
+
+void TestFingerWatch::releaseThatIsNotSeen()
+{
+    QSignalSpy lifted(m_watch.get(), &FingerWatch::lifted);
+    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, {50, 50});
+    // Released where somebody else had the mouse.
+    QMouseEvent move(QEvent::MouseMove, QPointF(60, 60), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window.get(), &move);
+    QVERIFY(!m_watch->isDown());
+    QTRY_COMPARE(lifted.size(), 1);
+    QTest::mouseRelease(m_window.get(), Qt::LeftButton, {}, {60, 60});
 }
 
 void TestFingerWatch::forgetting()

@@ -108,7 +108,7 @@ CardVersion {
 
                 width: _texts.width
                 font.pixelSize: Math.max(1, 0.31 * _card.rowHeight)
-                color: "#86909C"
+                color: "#656F7D"
                 elide: Text.ElideRight
             }
 

@@ -6,6 +6,8 @@ CardWifi {
 
     readonly property int margin: fontSize
     readonly property int iconSize: rowHeight / 2
+    // Dark enough to be read in a bright hall.
+    readonly property color captionColor: "#656F7D"
 
     property alias layout: _column
     property alias connectedWlanText: _connectedText
@@ -17,6 +19,10 @@ CardWifi {
     property alias scanButtonImage: _scanImage
     property alias scaning: _busy
     property alias list: _list
+    property alias offlineText: _offlineText
+    property alias emptyRoom: _emptyRoom
+    property alias bigScanButton: _bigScanButton
+    property alias bigScanButtonImage: _bigScanImage
 
     Column {
         id: _column
@@ -41,7 +47,7 @@ CardWifi {
                 anchors.rightMargin: 2 * _card.rowHeight
                 anchors.verticalCenter: _connectedRow.verticalCenter
                 font.pixelSize: Math.max(1, _card.fontSize)
-                color: "#86909C"
+                color: _card.captionColor
                 elide: Text.ElideRight
             }
         }
@@ -59,6 +65,18 @@ CardWifi {
                 anchors.fill: _currentSpace
                 visible: false
             }
+
+            Text {
+                id: _offlineText
+
+                anchors.left: _currentSpace.left
+                anchors.right: _currentSpace.right
+                anchors.verticalCenter: _currentSpace.verticalCenter
+                visible: false
+                font.pixelSize: Math.max(1, _card.fontSize)
+                color: "#1D2129"
+                elide: Text.ElideRight
+            }
         }
 
         Item {
@@ -74,7 +92,7 @@ CardWifi {
                 anchors.right: _busyHome.left
                 anchors.verticalCenter: _nearRow.verticalCenter
                 font.pixelSize: Math.max(1, _card.fontSize)
-                color: "#86909C"
+                color: _card.captionColor
                 elide: Text.ElideRight
             }
 
@@ -133,6 +151,35 @@ CardWifi {
 
             width: _column.width
             height: 1
+        }
+    }
+
+    // The room for the list, while nothing is in it.
+    Item {
+        id: _emptyRoom
+
+        x: _column.x
+        y: _column.y + _list.y
+        width: _column.width
+        height: Math.max(0, _card.height - y)
+
+        Image {
+            id: _bigScanImage
+
+            x: Math.round((_emptyRoom.width - width) / 2)
+            y: Math.round((_emptyRoom.height - height) / 2)
+            width: Math.round(1.25 * _card.rowHeight)
+            height: width
+            source: "qrc:/setting/icons/newrefresh.png"
+            sourceSize: "64x64"
+            fillMode: Image.PreserveAspectFit
+        }
+
+        BeepButton {
+            id: _bigScanButton
+
+            anchors.fill: _bigScanImage
+            anchors.margins: -10
         }
     }
 }
