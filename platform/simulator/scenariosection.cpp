@@ -116,7 +116,7 @@ void ScenarioSection::read(const char *key, HMI::MAC &value)
     if (text.size() == HardwareAddressLength && text.count(QLatin1Char(':')) == 5)
         bytes = bytesFrom(QString(text).remove(QLatin1Char(':')));
     if (bytes && bytes->size() == static_cast<int>(value.size()))
-        std::copy(bytes->begin(), bytes->end(), value.begin());
+        std::copy_n(bytes->constData(), value.size(), value.begin());
     else
         refuse(key, QStringLiteral("must be a hardware address like \"02:1B:44:11:3A:B7\""));
 }
