@@ -54,7 +54,7 @@ void visitWifi(Stops &stops, const char *network)
     stops.push_back({"wifi-empty",
                      {Do::tapAside(), Do::tapText("CardNetwork", "Wi-Fi"),
                       Do::tapText("CardNetwork", "Wi-Fi Settings"), Do::see("CardWifi", "Nearby Wi-Fi")}});
-    stops.push_back({"wifi-scanning", {Do::tapProperty("QSP::CardWifi", "bigScanButton")}});
+    stops.push_back({"wifi-scanning", {Do::tapProperty("QSP::CardWifi", "scanButton")}});
     stops.push_back(
         {"wifi-networks", {Do::seeReady("QSP::CardWifi", "scanButton"), Do::seeName("Maintenance")}});
     stops.push_back({"wifi-password", {Do::tapName("Maintenance"), Do::see("CardWifi", "Enter password")}});
