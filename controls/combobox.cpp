@@ -80,8 +80,11 @@ ItemDelegate {
     width: _com.width
     height: _com.height
     background: null
+    // On whole pixels of the list: a row that is painted alone must not change the edge of the one above.
     Rectangle {
-        anchors.fill: parent
+        y: Math.round(parent.y) - parent.y
+        width: parent.width
+        height: Math.round(parent.y + parent.height) - Math.round(parent.y)
         opacity: parent.down ? 0.6 : 1.0
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
