@@ -112,8 +112,9 @@ AppRootItem {
         height: Math.max(0, _app.height - _title.height - topMargin12)
         clip: true
         contentHeight: _cardLayout.height
-        // What comes last does not end where the glass does.
-        bottomMargin: _cardLayout.spacing
+        // What comes last does not end where the glass does. A little less room below is better than a page that
+        // scrolls for it.
+        bottomMargin: contentHeight + 8 > height ? _cardLayout.spacing : 0
         boundsBehavior: Flickable.StopAtBounds
         // A page that fits answers to a tap at once instead of waiting whether it becomes a scroll.
         interactive: contentHeight + bottomMargin > height

@@ -36,6 +36,8 @@ private slots:
     void scrollingIsToldFromTapping();
     void lastCardKeepsItsDistance_data();
     void lastCardKeepsItsDistance();
+    void pageThatFitsDoesNotScroll_data();
+    void pageThatFitsDoesNotScroll();
 };
 
 void TestScrolling::init()
@@ -87,6 +89,31 @@ void TestScrolling::lastCardKeepsItsDistance()
         more -= roomBelow() > 0.0 ? 1 : 0;
     }
     QVERIFY2(qAbs(roomBelow() - 12.0) <= 0.5, qPrintable(QString::number(roomBelow())));
+}
+
+void TestScrolling::pageThatFitsDoesNotScroll_data()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize size :
+         {QSize(1024, 600), QSize(800, 480), QSize(480, 800), QSize(600, 1024), QSize(700, 480)})
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
+}
+
+// The Wi-Fi page with nothing to list is nearly as high as the glass.
+void TestScrolling::pageThatFitsDoesNotScroll()
+{
+    QFETCH(QSize, size);
+    ScreenFixture fixture(plugin, size);
+    fixture.open();
+    fixture.tapMenu(QStringLiteral("Network"));
+    QMetaObject::invokeMethod(fixture.card("QSP::CardNetwork"), "switchToWifiCard");
+    Operator::settle(30);
+    QVERIFY(fixture.card("QSP::CardWifi"));
+    const QQuickItem *pool = alias(fixture.root(), "cardPool");
+    QVERIFY2(
+        !pool->property("interactive").toBool(),
+        qPrintable(
+            QStringLiteral("%1 in %2").arg(pool->property("contentHeight").toReal()).arg(pool->height())));
 }
 
 PANEL_TEST_MAIN(TestScrolling)
