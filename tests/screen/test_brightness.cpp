@@ -4,6 +4,9 @@
 
 #include <functional>
 
+class TestBrightness;
+Q_DECLARE_METATYPE(std::function<void(TestBrightness *)>)
+
 namespace {
 
 QStringList brightCalls()
@@ -163,8 +166,6 @@ void TestBrightness::lastOfTwoFingersSaves()
     QCOMPARE(brightCalls(),
              (QStringList{"setBright(19, no save)", "setBright(20, no save)", "setBright(20, save)"}));
 }
-
-Q_DECLARE_METATYPE(std::function<void(TestBrightness *)>)
 
 PANEL_TEST_MAIN(TestBrightness)
 
