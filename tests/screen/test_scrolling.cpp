@@ -13,15 +13,9 @@ QQuickItem *alias(const QObject *object, const char *name)
     return object->property(name).value<QQuickItem *>();
 }
 
-/// At the pace of a hand: the toolkit works with the time between the moves.
 void dragUp(const ScreenFixture &fixture, int x)
 {
-    QTest::mousePress(fixture.window(), Qt::LeftButton, Qt::NoModifier, {x, 400});
-    for (int y = 400; y >= 200; y -= 20) {
-        QTest::mouseMove(fixture.window(), {x, y});
-        QTest::qWait(10);
-    }
-    QTest::mouseRelease(fixture.window(), Qt::LeftButton, Qt::NoModifier, {x, 200});
+    Operator::drag(fixture.window(), {x, 400}, {x, 200}, 10);
 }
 
 } // namespace

@@ -8,8 +8,12 @@ namespace {
 /// How a finger taps that is not a machine's.
 const QStringList fingers{"still", "moving by a pixel", "held", "held, moving by a pixel"};
 
-/// Long enough for a page that scrolls to hand the press on, in milliseconds.
-constexpr int holdTime = 260;
+// A page that scrolls keeps a press to itself at first.
+bool isHandedOn(const QQuickWindow *window)
+{
+    const QQuickItem *grabber = window->mouseGrabberItem();
+    return grabber && !grabber->inherits("QQuickFlickable");
+}
 
 void tap(QQuickItem *item, const QString &finger)
 {
@@ -19,8 +23,10 @@ void tap(QQuickItem *item, const QString &finger)
     QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, point);
     QCoreApplication::processEvents();
     QPoint end = point;
-    if (finger.startsWith("held"))
-        QTest::qWait(holdTime);
+    if (finger.startsWith("held")) {
+        QTRY_VERIFY(isHandedOn(window));
+        Operator::settle(0);
+    }
     if (finger.endsWith("moving by a pixel")) {
         end += QPoint(1, 0);
         QMouseEvent move(QEvent::MouseMove, end, window->mapToGlobal(end), Qt::NoButton, Qt::LeftButton,

@@ -97,11 +97,15 @@ void release(QQuickItem *item)
 
 void drag(QQuickWindow *window, const QPoint &from, const QPoint &to, int steps)
 {
+    // The pace of a hand. What scrolls works with the time that the events tell, so nobody has to wait for it.
+    constexpr int millisecondsAStep = 16;
     QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, from);
     for (int i = 1; i <= steps; ++i) {
         const QPoint point = from + (to - from) * i / steps;
         QMouseEvent move(QEvent::MouseMove, point, window->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
                          Qt::NoModifier);
+        QTest::lastMouseTimestamp += millisecondsAStep;
+        move.setTimestamp(static_cast<ulong>(QTest::lastMouseTimestamp));
         QCoreApplication::sendEvent(window, &move);
         QCoreApplication::processEvents();
     }
