@@ -310,7 +310,7 @@ void CardWifi::onWifiReset()
         m_dialog->close();
     if (m_current)
         m_current->hide();
-    showOffline();
+    showOffline(isConnected());
     m_refusals.clear();
     if (m_list)
         m_list->clear();
@@ -351,8 +351,8 @@ void CardWifi::updateCurrentWifi()
         m_current = new WifiCurrentRow(m_currentContainer, m_rowHeight, this);
     if (m_isNameAwaited)
         finishJoin();
-    showOffline();
     const bool connected = isConnected();
+    showOffline(connected);
     const HMI::SSID ssid = terminatedSsid(systemSet().currentWifiSsid());
     if (connected && !isEmptySsid(ssid)) {
         if (m_list)
@@ -369,10 +369,10 @@ void CardWifi::updateCurrentWifi()
 }
 
 // In the room of the row, which is empty then. A network whose name is not known yet is no reason to say so.
-void CardWifi::showOffline()
+void CardWifi::showOffline(bool connected)
 {
     if (m_offlineText)
-        m_offlineText->setVisible(!isConnected());
+        m_offlineText->setVisible(!connected);
 }
 
 void CardWifi::updateSignalStrength()

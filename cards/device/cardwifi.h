@@ -96,7 +96,7 @@ private:
     void addTexts();
     void addButtons();
     void showEmptiness();
-    void showOffline();
+    void showOffline(bool connected);
     void watchNetworkCard();
 
     void scanWifi();

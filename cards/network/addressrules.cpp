@@ -53,7 +53,7 @@ bool AddressRules::hasLease(NIC nic) const
            (nic != HMI::SystemSet::WIFI || WifiLink::isConnected());
 }
 
-void AddressRules::updateDisplay(const AddressKind &kind, NIC nic) const
+void AddressRules::updateDisplay(const AddressKind &kind, NIC nic)
 {
     CIpInput *field = m_card->rows().of(nic).*kind.field;
     if (!field || !isInUse(nic))
@@ -63,20 +63,22 @@ void AddressRules::updateDisplay(const AddressKind &kind, NIC nic) const
     if (address == 0 && !systemSet().isDhcpOn(nic))
         address = storedAddress(kind, nic);
     field->refreshIp(dotted(address));
+    m_live |= nic;
 }
 
-void AddressRules::updateDisplay(NIC nic) const
+void AddressRules::updateDisplay(NIC nic)
 {
     for (const AddressKind *kind : g_addressKinds)
         updateDisplay(*kind, nic);
 }
 
-void AddressRules::reread(NIC nic) const
+void AddressRules::reread(NIC nic)
 {
     if (!hasAddresses(nic))
         return;
     if (hasLease(nic))
         return updateDisplay(nic);
+    m_live &= ~nic;
     const AdapterRows rows = m_card->rows().of(nic);
     for (const AddressKind *kind : g_addressKinds) {
         CIpInput *field = rows.*kind->field;
@@ -85,6 +87,12 @@ void AddressRules::reread(NIC nic) const
         if (field && !isEmptied)
             field->refreshIp(dotted(storedAddress(*kind, nic)));
     }
+}
+
+void AddressRules::dropLease(NIC nic)
+{
+    if (m_live & nic)
+        reread(nic);
 }
 
 void AddressRules::offerStored(NIC nic) const
@@ -97,7 +105,7 @@ void AddressRules::offerStored(NIC nic) const
     }
 }
 
-void AddressRules::updateNetInfo(NIC nic) const
+void AddressRules::updateNetInfo(NIC nic)
 {
     if (!systemSet().isNicEnabled(nic))
         return;

@@ -51,7 +51,7 @@ void WifiMonitor::update()
     // An attempt to join says nothing of an adapter that was switched off meanwhile.
     if (!systemSet().isNicEnabled(HMI::SystemSet::WIFI)) {
         m_status.show("Offline");
-        m_card->rules().reread(HMI::SystemSet::WIFI);
+        m_card->rules().dropLease(HMI::SystemSet::WIFI);
         m_timer.stop();
         return;
     }
@@ -69,7 +69,7 @@ void WifiMonitor::update()
     } else {
         m_status.show("Offline");
         // The lease went with the link.
-        m_card->rules().reread(HMI::SystemSet::WIFI);
+        m_card->rules().dropLease(HMI::SystemSet::WIFI);
     }
     emit m_card->wifiStatusChanged(connected, ssid);
 }

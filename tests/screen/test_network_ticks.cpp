@@ -9,6 +9,7 @@ private slots:
     void init();
     void ticks_data();
     void ticks();
+    void aLostLinkIsReadOnce();
 };
 
 void TestNetworkTicks::init()
@@ -74,6 +75,30 @@ void TestNetworkTicks::ticks()
         HmiSimulator::joinNetwork("Plant");
     NetworkPage::expire(timer);
     QTRY_VERIFY(frames.count() > 0);
+}
+
+void TestNetworkTicks::aLostLinkIsReadOnce()
+{
+    HmiSimulator::joinNetwork("Plant");
+    NetworkPage page;
+    page.select("Wi-Fi");
+    QTimer *timer = page.timer(2000);
+    NetworkPage::expire(timer);
+    HmiSimulator::leaveNetwork();
+
+    const auto addressesRead = [timer] {
+        HmiSimulator::clearJournal();
+        NetworkPage::expire(timer);
+        return Journal::calls().filter("FromEE(WIFI)").size();
+    };
+    HmiSimulator::setGettersRecorded(true);
+    QCOMPARE(addressesRead(), 3);
+    QCOMPARE(addressesRead(), 0);
+    HmiSimulator::joinNetwork("Plant");
+    QCOMPARE(addressesRead(), 0);
+    HmiSimulator::leaveNetwork();
+    QCOMPARE(addressesRead(), 3);
+    HmiSimulator::setGettersRecorded(false);
 }
 
 PANEL_TEST_MAIN(TestNetworkTicks)
