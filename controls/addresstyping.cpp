@@ -1,6 +1,6 @@
 #include "controls/addresstyping.h"
 
-#include "shell/vkbmanager.h"
+#include "shell/base/vkbmanager.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QScopedValueRollback>

@@ -2,7 +2,7 @@
 
 #include "hmi/systemset.h"
 #include "meyersingleton.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/vkbmanager.h"
 
 #include <future>
 

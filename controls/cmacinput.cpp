@@ -4,9 +4,9 @@
 #include "controls/fieldcolor.h"
 #include "controls/focusloss.h"
 #include "controls/touchmask.h"
-#include "shell/documentalias.h"
-#include "shell/embeddedcomponent.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/documentalias.h"
+#include "shell/base/embeddedcomponent.h"
+#include "shell/base/vkbmanager.h"
 
 #include <QtQuick/private/qquicktextinput_p.h>
 

@@ -2,8 +2,8 @@
 
 #include "controls/beepbutton.h"
 #include "controls/touchmask.h"
-#include "shell/globalinfo.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/vkbmanager.h"
 
 #include <QtCore/QPointer>
 #include <QtQml/QQmlComponent>

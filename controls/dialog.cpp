@@ -1,8 +1,8 @@
 #include "controls/dialog.h"
 
 #include "controls/beepbutton.h"
-#include "shell/globalinfo.h"
-#include "shell/screenroot.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/screenroot.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtQuick/private/qquickanchors_p.h>

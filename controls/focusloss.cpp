@@ -1,6 +1,6 @@
 #include "controls/focusloss.h"
 
-#include "shell/focusscope.h"
+#include "shell/base/focusscope.h"
 
 namespace QSP {
 

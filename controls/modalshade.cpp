@@ -1,7 +1,7 @@
 #include "controls/modalshade.h"
 
-#include "shell/embeddedcomponent.h"
-#include "shell/globalinfo.h"
+#include "shell/base/embeddedcomponent.h"
+#include "shell/base/globalinfo.h"
 
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>

@@ -5,9 +5,9 @@
 #include "controls/beepbutton.h"
 #include "controls/timekeypressfilter.h"
 #include "controls/touchmask.h"
-#include "shell/globalinfo.h"
-#include "shell/multilingualtext.h"
-#include "shell/screenroot.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
+#include "shell/base/screenroot.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQuick/private/qquickrectangle_p.h>

@@ -3,9 +3,9 @@
 #include "controls/beepbutton.h"
 #include "controls/modalshade.h"
 #include "controls/timekeypressfilter.h"
-#include "shell/globalinfo.h"
-#include "shell/screenroot.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/screenroot.h"
+#include "shell/base/vkbmanager.h"
 
 #include <QtGui/QRegExpValidator>
 #include <QtQuick/private/qquicktextinput_p.h>

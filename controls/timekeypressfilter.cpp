@@ -1,7 +1,7 @@
 #include "controls/timekeypressfilter.h"
 
 #include "controls/timeeditpopup.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/vkbmanager.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtQuick/private/qquicktextinput_p.h>

@@ -1,6 +1,6 @@
 #include "controls/toucharea.h"
 
-#include "shell/screenroot.h"
+#include "shell/base/screenroot.h"
 
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>

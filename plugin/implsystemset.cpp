@@ -1,8 +1,8 @@
 #include "plugin/implsystemset.h"
 
 #include "shell/approotitem.h"
-#include "shell/embeddedcomponent.h"
-#include "shell/globalinfo.h"
+#include "shell/base/embeddedcomponent.h"
+#include "shell/base/globalinfo.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>

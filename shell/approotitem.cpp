@@ -2,13 +2,13 @@
 
 #include "controls/beepbutton.h"
 #include "controls/touchmask.h"
+#include "shell/base/documentalias.h"
+#include "shell/base/documentend.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
+#include "shell/base/screenroot.h"
+#include "shell/base/vkbmanager.h"
 #include "shell/cardinfo.h"
-#include "shell/documentalias.h"
-#include "shell/documentend.h"
-#include "shell/globalinfo.h"
-#include "shell/multilingualtext.h"
-#include "shell/screenroot.h"
-#include "shell/vkbmanager.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQml/private/qqmlcomponentattached_p.h>

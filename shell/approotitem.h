@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/focusloan.h"
+#include "shell/base/focusloan.h"
 
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/QQuickWindow>

@@ -5,9 +5,9 @@
 #include "controls/beepbutton.h"
 #include "hmi/systemset.h"
 #include "meyersingleton.h"
-#include "shell/embeddedcomponent.h"
-#include "shell/globalinfo.h"
-#include "shell/multilingualtext.h"
+#include "shell/base/embeddedcomponent.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQuick/private/qquickanchors_p.h>

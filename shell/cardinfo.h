@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shell/approotitem.h"
-#include "shell/embeddedcomponent.h"
+#include "shell/base/embeddedcomponent.h"
 
 #include <QtCore/QUrl>
 

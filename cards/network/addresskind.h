@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cards/network/nic.h"
+#include "panel/nic.h"
 
 #include <QtCore/QVector>
 

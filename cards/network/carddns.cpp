@@ -1,12 +1,12 @@
 #include "cards/network/carddns.h"
 
-#include "cards/documenttext.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
-#include "cards/rootof.h"
 #include "controls/cipinput.h"
 #include "shell/approotitem.h"
-#include "shell/documentalias.h"
+#include "shell/base/documentalias.h"
+#include "shell/base/documenttext.h"
+#include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtNetwork/QHostAddress>

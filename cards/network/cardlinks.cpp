@@ -2,8 +2,8 @@
 
 #include "cards/network/carddns.h"
 #include "cards/network/cardnetwork.h"
-#include "cards/rootof.h"
 #include "shell/approotitem.h"
+#include "shell/rootof.h"
 
 namespace QSP {
 

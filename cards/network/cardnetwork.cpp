@@ -9,13 +9,13 @@
 #include "cards/network/statustext.h"
 #include "cards/network/vpnmonitor.h"
 #include "cards/network/wifimonitor.h"
-#include "cards/rootof.h"
 #include "controls/beepbutton.h"
 #include "controls/beepswitch.h"
 #include "shell/approotitem.h"
-#include "shell/documentalias.h"
-#include "shell/embeddedcomponent.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/documentalias.h"
+#include "shell/base/embeddedcomponent.h"
+#include "shell/base/vkbmanager.h"
+#include "shell/rootof.h"
 
 #include <QtCore/QUrl>
 #include <QtQuick/private/qquicktext_p.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cards/network/nic.h"
 #include "controls/basecard.h"
+#include "panel/nic.h"
 
 #include <QtCore/QHash>
 

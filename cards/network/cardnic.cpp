@@ -1,17 +1,17 @@
 #include "cards/network/cardnic.h"
 
-#include "cards/documenttext.h"
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/pingdialog.h"
-#include "cards/rootof.h"
-#include "cards/servicelimits.h"
 #include "controls/beepbutton.h"
 #include "controls/combobox.h"
+#include "panel/servicelimits.h"
 #include "shell/approotitem.h"
-#include "shell/documentalias.h"
-#include "shell/globalinfo.h"
-#include "shell/guithread.h"
+#include "shell/base/documentalias.h"
+#include "shell/base/documenttext.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/guithread.h"
+#include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QScopedValueRollback>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cards/network/networksidecard.h"
-#include "cards/network/nic.h"
+#include "panel/nic.h"
 
 #include <QtCore/QVariant>
 

@@ -1,6 +1,6 @@
 #include "cards/network/mobilemonitor.h"
 
-#include "cards/network/nic.h"
+#include "panel/nic.h"
 
 #include <QtCore/QUrl>
 #include <QtQuick/private/qquickimage_p.h>

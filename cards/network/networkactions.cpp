@@ -5,7 +5,7 @@
 #include "cards/network/vpnmonitor.h"
 #include "cards/network/wifilink.h"
 #include "cards/network/wifimonitor.h"
-#include "shell/guithread.h"
+#include "shell/base/guithread.h"
 
 #include <QtCore/QTimer>
 

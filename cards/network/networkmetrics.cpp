@@ -1,6 +1,6 @@
 #include "cards/network/networkmetrics.h"
 
-#include "shell/globalinfo.h"
+#include "shell/base/globalinfo.h"
 
 #include <algorithm>
 

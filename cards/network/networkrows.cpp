@@ -8,12 +8,12 @@
 #include "cards/network/vpnmonitor.h"
 #include "cards/network/wifimonitor.h"
 #include "cards/network/wifitile.h"
-#include "cards/rootof.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
 #include "controls/cmacinput.h"
 #include "controls/combobox.h"
 #include "shell/approotitem.h"
+#include "shell/rootof.h"
 
 namespace QSP {
 

@@ -3,8 +3,8 @@
 #include "cards/network/outcomemark.h"
 #include "controls/dialog.h"
 #include "controls/modalshade.h"
-#include "shell/globalinfo.h"
-#include "shell/multilingualtext.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQuick/private/qquicktext_p.h>

@@ -7,7 +7,7 @@
 #include "controls/cipinput.h"
 #include "controls/cmacinput.h"
 #include "controls/combobox.h"
-#include "shell/globalinfo.h"
+#include "shell/base/globalinfo.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
 #include <QtQuick/private/qquickimage_p.h>

@@ -1,6 +1,6 @@
 #include "cards/network/statustext.h"
 
-#include "shell/multilingualtext.h"
+#include "shell/base/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQuick/private/qquicktext_p.h>

@@ -1,8 +1,8 @@
 #include "cards/network/vpnmonitor.h"
 
-#include "cards/network/nic.h"
 #include "controls/combobox.h"
-#include "shell/globalinfo.h"
+#include "panel/nic.h"
+#include "shell/base/globalinfo.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QScopedValueRollback>

@@ -1,9 +1,9 @@
 #include "cards/network/wifilink.h"
 
-#include "cards/device/ssid.h"
-#include "cards/network/nic.h"
-#include "cards/rootof.h"
+#include "panel/nic.h"
+#include "panel/ssid.h"
 #include "shell/approotitem.h"
+#include "shell/rootof.h"
 
 namespace QSP {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "plugin/implsystemset.h"
-#include "shell/globalinfo.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/vkbmanager.h"
 #include "simulator/simulator.h"
 #include "tests/support/operator.h"
 #include "tests/support/paneltest.h"

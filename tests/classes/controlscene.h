@@ -2,9 +2,9 @@
 
 #include "controls/cipinput.h"
 #include "plugin/implsystemset.h"
-#include "shell/globalinfo.h"
-#include "shell/screenroot.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/screenroot.h"
+#include "shell/base/vkbmanager.h"
 #include "simulator/simulator.h"
 #include "tests/support/operator.h"
 #include "tests/support/paneltest.h"

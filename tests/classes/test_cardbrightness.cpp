@@ -1,4 +1,4 @@
-#include "cards/device/cardbrightness.h"
+#include "cards/general/cardbrightness.h"
 
 #include "tests/classes/cardscene.h"
 #include "tests/support/journal.h"

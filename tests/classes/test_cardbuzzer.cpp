@@ -1,4 +1,4 @@
-#include "cards/device/cardbuzzer.h"
+#include "cards/general/cardbuzzer.h"
 
 #include "controls/beepbutton.h"
 #include "controls/beepswitch.h"

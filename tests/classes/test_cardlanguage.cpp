@@ -1,5 +1,5 @@
-#include "cards/device/cardlanguage.h"
-#include "shell/globalinfo.h"
+#include "cards/about/cardlanguage.h"
+#include "shell/base/globalinfo.h"
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>

@@ -6,7 +6,7 @@
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
 #include "controls/combobox.h"
-#include "shell/globalinfo.h"
+#include "shell/base/globalinfo.h"
 #include "tests/classes/networkscene.h"
 #include "tests/support/journal.h"
 

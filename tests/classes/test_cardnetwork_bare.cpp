@@ -1,5 +1,5 @@
 #include "cards/network/cardnetwork.h"
-#include "cards/network/nic.h"
+#include "panel/nic.h"
 #include "tests/classes/networkscene.h"
 #include "tests/support/journal.h"
 

@@ -2,7 +2,7 @@
 #include "controls/beepbutton.h"
 #include "controls/combobox.h"
 #include "controls/dialog.h"
-#include "shell/globalinfo.h"
+#include "shell/base/globalinfo.h"
 #include "tests/classes/networkscene.h"
 #include "tests/support/journal.h"
 

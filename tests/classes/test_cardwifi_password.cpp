@@ -1,7 +1,7 @@
 #include "tests/classes/wifiscene.h"
 
-#include "shell/screenroot.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/screenroot.h"
+#include "shell/base/vkbmanager.h"
 #include "tests/support/layoutcheck.h"
 
 #include <QtGui/QGuiApplication>

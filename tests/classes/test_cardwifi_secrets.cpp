@@ -1,6 +1,6 @@
 #include "tests/classes/wifiscene.h"
 
-#include "cards/device/secrets.h"
+#include "panel/secrets.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>

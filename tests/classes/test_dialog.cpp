@@ -1,6 +1,6 @@
 #include "controls/beepbutton.h"
 #include "controls/dialog.h"
-#include "shell/multilingualtext.h"
+#include "shell/base/multilingualtext.h"
 #include "tests/classes/controlscene.h"
 
 #include <QtQml/QQmlComponent>

@@ -1,4 +1,4 @@
-#include "shell/embeddedcomponent.h"
+#include "shell/base/embeddedcomponent.h"
 
 #include "tests/support/paneltest.h"
 

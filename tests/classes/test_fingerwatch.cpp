@@ -1,4 +1,4 @@
-#include "cards/device/fingerwatch.h"
+#include "cards/wifi/fingerwatch.h"
 #include "tests/support/operator.h"
 #include "tests/support/paneltest.h"
 

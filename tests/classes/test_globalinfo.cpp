@@ -1,4 +1,4 @@
-#include "shell/globalinfo.h"
+#include "shell/base/globalinfo.h"
 #include "tests/support/journal.h"
 #include "tests/support/locales.h"
 #include "tests/support/paneltest.h"

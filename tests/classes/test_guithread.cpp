@@ -1,4 +1,4 @@
-#include "shell/guithread.h"
+#include "shell/base/guithread.h"
 #include "tests/support/paneltest.h"
 
 #include <QtCore/QThread>

@@ -1,6 +1,6 @@
 #include "plugin/implsystemset.h"
 #include "shell/approotitem.h"
-#include "shell/globalinfo.h"
+#include "shell/base/globalinfo.h"
 #include "simulator/simulator.h"
 #include "tests/support/operator.h"
 #include "tests/support/paneltest.h"

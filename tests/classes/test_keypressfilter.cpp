@@ -1,6 +1,6 @@
 #include "controls/keypressfilter.h"
 
-#include "shell/vkbmanager.h"
+#include "shell/base/vkbmanager.h"
 #include "tests/support/operator.h"
 #include "tests/support/paneltest.h"
 

@@ -1,5 +1,5 @@
-#include "cards/device/languagemodel.h"
-#include "shell/globalinfo.h"
+#include "cards/about/languagemodel.h"
+#include "shell/base/globalinfo.h"
 #include "simulator/simulator.h"
 #include "tests/support/locales.h"
 #include "tests/support/paneltest.h"

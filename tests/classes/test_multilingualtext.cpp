@@ -1,5 +1,5 @@
-#include "shell/globalinfo.h"
-#include "shell/multilingualtext.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
 #include "tests/support/journal.h"
 #include "tests/support/locales.h"
 #include "tests/support/paneltest.h"

@@ -1,7 +1,7 @@
 #include "controls/timeeditpopup.h"
 #include "keyboard/standin.h"
 #include "plugin/implsystemset.h"
-#include "shell/vkbmanager.h"
+#include "shell/base/vkbmanager.h"
 #include "simulator/simulator.h"
 #include "tests/support/journal.h"
 #include "tests/support/operator.h"

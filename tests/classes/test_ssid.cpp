@@ -1,5 +1,5 @@
-#include "cards/device/ssid.h"
-#include "cards/device/wifiicon.h"
+#include "cards/wifi/wifiicon.h"
+#include "panel/ssid.h"
 #include "tests/support/paneltest.h"
 
 #include <QtGui/QGuiApplication>

@@ -1,4 +1,4 @@
-#include "cards/device/cardtime.h"
+#include "cards/general/cardtime.h"
 #include "controls/timeeditpopup.h"
 #include "tests/classes/cardscene.h"
 #include "tests/support/journal.h"

@@ -1,5 +1,5 @@
-#include "cards/device/cardbuzzer.h"
-#include "cards/device/cardtime.h"
+#include "cards/general/cardbuzzer.h"
+#include "cards/general/cardtime.h"
 #include "cards/network/carddns.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/cardnic.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cards/device/cardwifi.h"
 #include "cards/network/cardnetwork.h"
+#include "cards/wifi/cardwifi.h"
 #include "controls/beepbutton.h"
 #include "controls/dialog.h"
 #include "shell/approotitem.h"

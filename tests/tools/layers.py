@@ -4,9 +4,10 @@
     layers.py ROOT         checks the tree; says every include that goes the wrong way, and every circle
     layers.py --selftest   proves that the check finds what it is there to find
 
-From the ground up, each floor includes only itself and those below:
+A folder is a floor. From the ground up, each includes only itself and those below; panel/ and controls/ stand
+side by side and do not know each other:
 
-    platform/include < ground floor of shell/ < controls/ < upper floor of shell/ < cards/ < plugin/
+    platform/include < shell/base/ < panel/, controls/ < shell/ < cards/ < plugin/
 
 The simulator and the keyboard stand-in know the contracts alone. The host sees the screen only as
 isystemset.h and pluginregistry.h. Tests and benches may include everything.
@@ -17,13 +18,15 @@ import re
 import sys
 import tempfile
 
-GROUND_FLOOR = {
-    "documentalias", "documentend", "embeddedcomponent", "focusloan", "focusscope", "globalinfo", "guigate", "guithread",
-    "handover", "multilingualtext", "screenroot", "vkbmanager"
-}
-UPPER_FLOOR = {"approotitem", "approotmenu", "cardinfo"}
-FLOORS = ["contracts", "ground", "controls", "upper", "cards", "plugin"]
-ALONGSIDE = {
+BELOW = {
+    "contracts": set(),
+    "shell/base": {"contracts"},
+    "panel": {"contracts", "shell/base"},
+    "controls": {"contracts", "shell/base"},
+    "shell": {"contracts", "shell/base", "panel", "controls"},
+    "cards": {"contracts", "shell/base", "panel", "controls", "shell"},
+    "plugin": {"contracts", "shell/base", "panel", "controls", "shell", "cards", "interface"},
+    "interface": set(),
     "simulator": {"contracts"},
     "keyboard": {"contracts"},
     "host": {"contracts", "interface"},
@@ -36,22 +39,15 @@ def unit_of(path):
     parts = path.parts
     if parts[0] == "platform":
         return {"include": "contracts"}.get(parts[1], parts[1])
-    if parts[0] == "shell":
-        if path.stem in GROUND_FLOOR:
-            return "ground"
-        return "upper" if path.stem in UPPER_FLOOR else "unknown file of shell/"
+    if parts[0] == "shell" and len(parts) > 2:
+        return "/".join(parts[:2])
     if path.as_posix() in ("plugin/isystemset.h", "plugin/pluginregistry.h"):
         return "interface"
-    return parts[0] if parts[0] in ("controls", "cards", "plugin", "host") else None
+    return parts[0] if parts[0] in BELOW else None
 
 
 def may_include(unit):
-    if unit in ALONGSIDE:
-        return ALONGSIDE[unit] | {unit}
-    if unit == "interface":
-        return {"interface"}
-    allowed = set(FLOORS[: FLOORS.index(unit) + 1])
-    return allowed | {"interface"} if unit == "plugin" else allowed
+    return BELOW[unit] | {unit}
 
 
 def resolve(root, file, name):
@@ -65,7 +61,7 @@ def resolve(root, file, name):
 
 def read_includes(root):
     graph = {}
-    for top in ("platform", "shell", "controls", "cards", "plugin", "host"):
+    for top in ("platform", "shell", "panel", "controls", "cards", "plugin", "host"):
         for path in sorted((root / top).rglob("*")):
             if path.suffix in (".h", ".cpp") and path.is_file():
                 file = path.relative_to(root)
@@ -78,7 +74,7 @@ def read_includes(root):
 def find_wrong_ways(graph):
     for file, includes in graph.items():
         unit = unit_of(file)
-        if unit not in FLOORS and unit not in ALONGSIDE and unit != "interface":
+        if unit not in BELOW:
             yield f"{file}: on no floor: {unit}"
             continue
         for other in includes:
@@ -115,21 +111,24 @@ def check(root):
 def selftest():
     cases = [
         ("controls/button.h", '#include "shell/approotitem.h"\n', "controls/button.h (controls) includes"),
-        ("shell/globalinfo.h", '#include "controls/button.h"\n', "shell/globalinfo.h (ground) includes"),
-        ("shell/approotitem.h", '#  include "cards/card.h"\n', "shell/approotitem.h (upper) includes"),
+        ("shell/base/globalinfo.h", '#include "controls/button.h"\n', "shell/base/globalinfo.h (shell/base) includes"),
+        ("shell/approotitem.h", '#  include "cards/card.h"\n', "shell/approotitem.h (shell) includes"),
         ("cards/card.h", '#include "simulator/simulator.h"\n', "cards/card.h (cards) includes platform/simulator"),
         ("plugin/exports.cpp", '#include "host/main.h"\n', "plugin/exports.cpp (plugin) includes host"),
-        ("host/main.h", '#include "shell/globalinfo.h"\n', "host/main.h (host) includes shell"),
+        ("host/main.h", '#include "shell/base/globalinfo.h"\n', "host/main.h (host) includes shell"),
         ("host/main.h", '#include "plugin/exports.h"\n', "host/main.h (host) includes plugin/exports.h"),
         ("cards/card.h", '#include "other.h"\n', "circle: cards/card.h -> cards/other.h -> cards/card.h"),
-        ("shell/surprise.h", "", "shell/surprise.h: on no floor"),
+        ("shell/surprise/new.h", "", "shell/surprise/new.h: on no floor"),
+        ("panel/nic.h", '#include "controls/button.h"\n', "panel/nic.h (panel) includes controls/button.h"),
+        ("controls/button.h", '#include "panel/nic.h"\n', "controls/button.h (controls) includes panel/nic.h"),
     ]
     base = {
         "platform/include/hmi/systemset.h": "",
         "platform/simulator/simulator.h": '#include "hmi/systemset.h"\n',
-        "shell/globalinfo.h": '#include "hmi/systemset.h"\n',
-        "shell/approotitem.h": '#include "shell/globalinfo.h"\n',
-        "controls/button.h": '#include "shell/globalinfo.h"\n',
+        "shell/base/globalinfo.h": '#include "hmi/systemset.h"\n',
+        "shell/approotitem.h": '#include "shell/base/globalinfo.h"\n',
+        "panel/nic.h": '#include "hmi/systemset.h"\n',
+        "controls/button.h": '#include "shell/base/globalinfo.h"\n',
         "cards/card.h": '#include "controls/button.h"\n#include "shell/approotitem.h"\n',
         "cards/other.h": '#include "cards/card.h"\n',
         "plugin/isystemset.h": "",

@@ -1,0 +1,118 @@
+#include "cards/wifi/wifipassworddialog.h"
+
+#include "cards/wifi/wifipasswordbody.h"
+#include "controls/dialog.h"
+#include "controls/modalshade.h"
+#include "panel/ssid.h"
+#include "shell/approotitem.h"
+#include "shell/base/globalinfo.h"
+#include "shell/base/vkbmanager.h"
+#include "shell/rootof.h"
+
+namespace QSP {
+
+namespace {
+
+constexpr QSizeF portraitSize(426.0, 243.0);
+constexpr qreal widthOfScreenWidth = 0.416015625;
+constexpr qreal besideKeyboardY = 25.0;
+
+QSizeF dialogSize()
+{
+    const GlobalInfo &info = GlobalInfo::instance();
+    if (info.isScreenPortrait())
+        return portraitSize;
+    const qreal width = info.screenSize().width() * widthOfScreenWidth;
+    return {width, width * 243.0 / 426.0};
+}
+
+} // namespace
+
+WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
+    : QObject(card)
+    , m_root(rootOf(card))
+    , m_dialog(new Dialog(card))
+    , m_body(new WifiPasswordBody(fontPixelSize))
+{
+    shadeBehind(m_dialog);
+    m_dialog->setEnableCloseButton(true);
+    m_dialog->setModal(true);
+    m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
+    m_dialog->setWidth(dialogSize().width());
+    m_dialog->setHeight(dialogSize().height());
+    m_dialog->setBodyItem(m_body);
+    if (m_root) {
+        m_dialog->setParentItem(m_root);
+        connect(m_root, &QQuickItem::widthChanged, this, &WifiPasswordDialog::adjust);
+        connect(m_root, &QQuickItem::heightChanged, this, &WifiPasswordDialog::adjust);
+    }
+    adjust();
+
+    connect(m_body, &WifiPasswordBody::confirmed, this, &WifiPasswordDialog::confirmed);
+    // Before the closing is done the field still has the focus that hides the keyboard when it goes.
+    connect(m_dialog, &QQuickPopup::aboutToHide, m_body, &WifiPasswordBody::clear);
+    connect(m_dialog, &QQuickPopup::closed, m_body, &WifiPasswordBody::clear);
+}
+
+void WifiPasswordDialog::open(const QString &title)
+{
+    setTitle(title);
+    adjust();
+    if (m_dialog)
+        m_dialog->open();
+}
+
+void WifiPasswordDialog::close()
+{
+    if (m_dialog)
+        m_dialog->close();
+}
+
+void WifiPasswordDialog::setTitle(const QString &title)
+{
+    if (m_dialog)
+        m_dialog->setTitle(displayName(title));
+}
+
+QString WifiPasswordDialog::password() const
+{
+    return m_body ? m_body->password() : QString();
+}
+
+void WifiPasswordDialog::endEditing()
+{
+    if (m_body)
+        m_body->endEditing();
+}
+
+void WifiPasswordDialog::setBodyVisible(bool visible)
+{
+    if (!m_body)
+        return;
+    if (!visible)
+        m_body->endEditing();
+    m_body->setEntryVisible(visible);
+}
+
+void WifiPasswordDialog::setStatus(const char *text, bool error)
+{
+    if (m_body)
+        m_body->setStatus(text, error);
+}
+
+QQuickItem *WifiPasswordDialog::busyPlace() const
+{
+    return m_body ? m_body->busyPlace() : nullptr;
+}
+
+void WifiPasswordDialog::adjust()
+{
+    if (!m_dialog || !m_root)
+        return;
+    m_dialog->setX(qRound((m_root->width() - m_dialog->width()) / 2.0));
+    m_dialog->setY(VkbManager::instance().isVisible()
+                       ? besideKeyboardY
+                       : qRound((m_root->height() - m_dialog->height()) / 2.0));
+}
+
+} // namespace QSP

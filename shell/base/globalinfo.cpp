@@ -1,0 +1,95 @@
+#include "shell/base/globalinfo.h"
+
+#include "hmi/systemset.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTranslator>
+#include <QtGui/QScreen>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+namespace QSP {
+
+namespace {
+
+HMI::SystemSet &service()
+{
+    return MeyerSingleton<HMI::SystemSet>::instance();
+}
+
+} // namespace
+
+GlobalInfo::GlobalInfo() : m_startedFromVistor(QCoreApplication::applicationName() == QLatin1String("vistor"))
+{
+    service().setLanguage(HMI::SystemSet::ENGLISH);
+    loadTranslationForLocale(m_locale);
+    // First of all connections: every other receiver already sees the new translation.
+    connect(this, &GlobalInfo::localeChanged, this, [this] { loadTranslationForLocale(m_locale); });
+}
+
+void GlobalInfo::setLocale(const QLocale &locale)
+{
+    if (locale == m_locale)
+        return;
+    m_locale = locale;
+    service().setLanguage(locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE
+                                                                : HMI::SystemSet::ENGLISH);
+    emit localeChanged();
+}
+
+void GlobalInfo::switchLanguage(const QLocale &locale)
+{
+    instance().setLocale(locale);
+}
+
+void GlobalInfo::checkExternalLanguageChange()
+{
+    const QLocale chosen = service().getLanguage() == HMI::SystemSet::CHINESE
+                               ? QLocale(QLocale::Chinese, QLocale::China)
+                               : QLocale(QLocale::English, QLocale::UnitedStates);
+    if (chosen.language() == m_locale.language())
+        return;
+    m_locale = chosen;
+    emit localeChanged();
+}
+
+void GlobalInfo::loadTranslationForLocale(const QLocale &locale)
+{
+    static const QString TRANSLATION_PATH = QStringLiteral(":/setting/translations/settings.qm");
+
+    if (m_translator)
+        QCoreApplication::removeTranslator(m_translator);
+    if (locale.language() == QLocale::English)
+        return;
+    if (!m_translator)
+        m_translator = new QTranslator(QCoreApplication::instance());
+    if (m_translator->load(TRANSLATION_PATH, QString(), QString(), QString()))
+        QCoreApplication::installTranslator(m_translator);
+}
+
+bool GlobalInfo::isNativePortrait() const
+{
+    return m_nativeOrientationKnown ? m_nativePortrait : m_screenHeight > m_screenWidth;
+}
+
+void GlobalInfo::initializeNativeOrientation(QQuickWindow *window)
+{
+    if (!window || m_nativeOrientationKnown || !window->screen())
+        return;
+    const QSizeF millimetres = window->screen()->physicalSize();
+    m_nativePortrait = qRound(millimetres.width()) < qRound(millimetres.height());
+    m_nativeOrientationKnown = true;
+}
+
+QQmlEngine *GlobalInfo::qmlEngine() const
+{
+    return m_qmlEngine;
+}
+
+void GlobalInfo::setQmlEngine(QQmlEngine *engine)
+{
+    if (m_qmlEngine != engine)
+        m_qmlEngine = engine;
+}
+
+} // namespace QSP
