@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/panel.h"
 #include "shell/base/focusloan.h"
 
 #include <QtQuick/private/qquickrectangle_p.h>
@@ -42,6 +43,9 @@ public:
     /// page. To be called once, after main.qml is complete.
     void init(QQmlEngine *engine);
     void open();
+
+    /// What the cards of this screen show and change.
+    Panel &panel() { return m_panel; }
 
     MenuIndex currentPage() const { return m_currentPage; }
     void setCurrentPage(MenuIndex page);
@@ -112,6 +116,7 @@ private:
     void prepareMenuButton(MenuIndex entry, QQuickItem *container);
     void prefetchFirstPage();
 
+    Panel m_panel;
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;
     QQuickItem *m_titleBar = nullptr;

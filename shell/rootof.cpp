@@ -1,6 +1,10 @@
 #include "shell/rootof.h"
 
+#include "panel/panel.h"
 #include "shell/approotitem.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
 
 namespace QSP {
 
@@ -11,6 +15,16 @@ AppRootItem *rootOf(const QQuickItem *item)
             return const_cast<AppRootItem *>(root);
     }
     return AppRootItem::instance();
+}
+
+Panel &panelOf(const QQuickItem *item)
+{
+    if (AppRootItem *root = rootOf(item))
+        return root->panel();
+    static QPointer<Panel> shared;
+    if (!shared)
+        shared = new Panel(QCoreApplication::instance());
+    return *shared;
 }
 
 } // namespace QSP

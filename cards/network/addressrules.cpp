@@ -3,9 +3,10 @@
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/networkrows.h"
-#include "cards/network/wifilink.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
+#include "panel/panel.h"
+#include "shell/rootof.h"
 
 namespace QSP {
 
@@ -50,7 +51,7 @@ bool AddressRules::isInUse(NIC nic) const
 bool AddressRules::hasLease(NIC nic) const
 {
     return isInUse(nic) && systemSet().isDhcpOn(nic) &&
-           (nic != HMI::SystemSet::WIFI || WifiLink::isConnected());
+           (nic != HMI::SystemSet::WIFI || panelOf(m_card).wifi().isConnected());
 }
 
 void AddressRules::updateDisplay(const AddressKind &kind, NIC nic)

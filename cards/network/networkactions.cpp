@@ -3,9 +3,10 @@
 #include "cards/network/addressrules.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/vpnmonitor.h"
-#include "cards/network/wifilink.h"
 #include "cards/network/wifimonitor.h"
+#include "panel/panel.h"
 #include "shell/base/guithread.h"
+#include "shell/rootof.h"
 
 #include <QtCore/QTimer>
 
@@ -116,7 +117,8 @@ void NetworkActions::forgetLeaseRequest(NIC nic)
 void NetworkActions::onDhcp(NIC nic, HMI::SystemSet::DHCP_STATE state)
 {
     // An adapter that has a lease but no network yet shows nothing worth reading.
-    if (state == HMI::SystemSet::DHCP_OK && nic == HMI::SystemSet::WIFI && !WifiLink::isConnected())
+    if (state == HMI::SystemSet::DHCP_OK && nic == HMI::SystemSet::WIFI &&
+        !panelOf(m_card).wifi().isConnected())
         return;
     m_card->updateNetInfoDisplay(nic);
 }

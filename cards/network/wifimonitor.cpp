@@ -2,8 +2,9 @@
 
 #include "cards/network/addressrules.h"
 #include "cards/network/cardnetwork.h"
-#include "cards/network/wifilink.h"
 #include "cards/network/wifitile.h"
+#include "panel/panel.h"
+#include "shell/rootof.h"
 
 namespace QSP {
 
@@ -59,13 +60,14 @@ void WifiMonitor::update()
     if (m_connecting)
         return;
     watch();
-    const bool connected = WifiLink::isConnected();
+    WifiLink &link = panelOf(m_card).wifi();
+    const bool connected = link.isConnected();
     QString ssid;
     if (connected) {
         m_status.show("Online");
-        ssid = WifiLink::ssid();
+        ssid = link.name();
         m_card->updateNetInfoDisplay(m_card->currentNIC());
-        WifiLink::updateSignalStrength(m_card);
+        link.updateSignalStrength();
     } else {
         m_status.show("Offline");
         // The lease went with the link.

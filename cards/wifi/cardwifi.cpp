@@ -2,7 +2,6 @@
 
 #include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
-#include "cards/network/wifilink.h"
 #include "cards/wifi/fingerwatch.h"
 #include "cards/wifi/wifibuttons.h"
 #include "cards/wifi/wificurrentrow.h"
@@ -10,6 +9,7 @@
 #include "controls/basecard.h"
 #include "controls/beepbutton.h"
 #include "panel/nic.h"
+#include "panel/panel.h"
 #include "panel/servicelimits.h"
 #include "shell/approotitem.h"
 #include "shell/base/documenttext.h"
@@ -104,6 +104,7 @@ void CardWifi::componentComplete()
             connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
         }
     }
+    connect(&panelOf(this).wifi(), &WifiLink::signalStrengthDue, this, &CardWifi::updateSignalStrength);
     watchNetworkCard();
     onColumnHeightChanged();
     updateCurrentWifi();
@@ -335,12 +336,12 @@ void CardWifi::onChosen(int index)
 
 bool CardWifi::isConnected()
 {
-    return WifiLink::isConnected();
+    return systemSet().isWifiConnected();
 }
 
 QString CardWifi::getSsid()
 {
-    return WifiLink::ssid();
+    return getSsidFromCurWifi(systemSet().currentWifiSsid());
 }
 
 void CardWifi::updateCurrentWifi()

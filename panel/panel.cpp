@@ -1,0 +1,7 @@
+#include "panel/panel.h"
+
+namespace QSP {
+
+Panel::Panel(QObject *parent) : QObject(parent) {}
+
+} // namespace QSP
