@@ -11,6 +11,16 @@ bool isRed(const QQuickItem *text)
     return text->property("color").value<QColor>() == QColor(Qt::red);
 }
 
+/// Joins a network on an adapter with DHCP, up to the request for a lease.
+void joinUntilTheLease(const WifiScene &scene)
+{
+    scene.scan();
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+}
+
 } // namespace
 
 /// Joining a network: what is sent, and what each report does.
@@ -202,8 +212,7 @@ void TestCardWifiJoin::connectedClosesTheDialog()
     // An address is there already, from whatever source.
     QVERIFY(WifiScene::report("connectWifi"));
     HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, 0xC0A80102, 0xFFFFFF00, 0xC0A80101);
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
     QVERIFY(WifiScene::report("connectWifi"));
     QCOMPARE(Journal::calls("setDHCP"), QStringList());
     QCOMPARE(connected.size(), 1);
@@ -218,12 +227,7 @@ void TestCardWifiJoin::connectedClosesTheDialog()
 void TestCardWifiJoin::connectedAsksForALease()
 {
     const WifiScene scene;
-    scene.scan();
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(WifiScene::report("connectWifi"));
+    joinUntilTheLease(scene);
     QCOMPARE(Journal::calls("setDHCP"), QStringList(QStringLiteral("setDHCP(WIFI, true, persist)")));
     // The dialog waits for the lease.
     QVERIFY(scene.dialogBody());
@@ -236,12 +240,7 @@ void TestCardWifiJoin::connectedAsksForALease()
 void TestCardWifiJoin::leaseThatNeverComes()
 {
     const WifiScene scene;
-    scene.scan();
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(WifiScene::report("connectWifi"));
+    joinUntilTheLease(scene);
     scene.closeDialog();
     QVERIFY(!scene.dialogBody());
     // A lease of the last attempt must not close the dialog of the next one.
@@ -311,8 +310,7 @@ void TestCardWifiJoin::networkCardIsTold()
 {
     const WifiScene scene;
     scene.scan();
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
     QSignalSpy status(WifiScene::network(), &QSP::CardNetwork::wifiStatusChanged);
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     // While the attempt goes on the network card says nothing.
