@@ -61,10 +61,11 @@ void TestNetworkLayout::texts()
         page.tap(
             Operator::byText(page.defaultAdapter(), language == HMI::SystemSet::ENGLISH ? "Test" : "测试"));
         QVERIFY(HmiSimulator::fireNext("pingTest"));
-        Operator::settle(150);
+        QTRY_VERIFY(Operator::byClass(page.glass(), "QQuickPopupItem"));
+        Operator::settle();
         QCOMPARE(LayoutCheck::faults(page.glass()), QStringList());
         Operator::key(page.window(), Qt::Key_Escape);
-        Operator::settle(150);
+        QTRY_VERIFY(!Operator::byClass(page.glass(), "QQuickPopupItem"));
     }
 }
 
