@@ -217,8 +217,7 @@ void TestCardWifiJoin::connectedClosesTheDialog()
     QCOMPARE(Journal::calls("setDHCP"), QStringList());
     QCOMPARE(connected.size(), 1);
     QCOMPARE(connected[0][0].toBool(), true);
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
     QVERIFY(WifiScene::listed().contains(QStringLiteral("Works Hall")));
     QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
@@ -232,8 +231,7 @@ void TestCardWifiJoin::connectedAsksForALease()
     // The dialog waits for the lease.
     QVERIFY(scene.dialogBody());
     QVERIFY(WifiScene::report("setDHCP"));
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
 }
 
@@ -264,8 +262,7 @@ void TestCardWifiJoin::connectedToAnUnlistedNetwork()
     QVERIFY(WifiScene::report("scanWifi"));
     QVERIFY(WifiScene::wifi()->networks().isEmpty());
     QVERIFY(WifiScene::report("connectWifi"));
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
 }
 
@@ -344,16 +341,14 @@ void TestCardWifiJoin::leavingThePageClosesTheDialog()
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     QVERIFY(scene.dialogBody());
     WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Version);
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
 
     WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Wifi);
     Operator::settle(20);
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     QVERIFY(scene.dialogBody());
     WifiScene::root()->close();
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
 }
 
 PANEL_TEST_MAIN(TestCardWifiJoin)

@@ -220,8 +220,7 @@ void TestCardWifiReports::reportsWaitForTheFinger()
     QCOMPARE(WifiScene::listed(), before);
     // Slid off, so that it is no tap.
     QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {5, 5});
-    Operator::settle(20);
-    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+    QTRY_COMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
     QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
 }
 

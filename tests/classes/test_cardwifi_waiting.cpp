@@ -204,8 +204,7 @@ void TestCardWifiWaiting::joinedBeforeTheNameIsKnown()
     WifiScene::network()->updateWifiStatus();
     QCOMPARE(Journal::calls("setDHCP").size(), 1);
     QVERIFY(WifiScene::report("setDHCP"));
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
 }
 
@@ -230,8 +229,7 @@ void TestCardWifiWaiting::nameThatNeverComes()
     const WifiScene scene;
     joinWithoutName(scene);
     endPatience("joinLimit");
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     HmiSimulator::joinNetwork("Works Hall Guests");
     WifiScene::network()->updateWifiStatus();
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
