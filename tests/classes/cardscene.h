@@ -26,10 +26,7 @@ public:
         m_root = m_screen.init(m_engine.get(), size.width(), size.height(), popupZ);
         m_root->setParent(m_window->contentItem());
         m_root->setParentItem(m_window->contentItem());
-        m_window->show();
-        m_window->requestActivate();
-        static_cast<void>(QTest::qWaitForWindowExposed(m_window.get()));
-        static_cast<void>(QTest::qWaitForWindowActive(m_window.get()));
+        Operator::show(m_window.get());
         m_screen.open();
         HmiSimulator::clearJournal();
     }
@@ -57,10 +54,7 @@ public:
     /// A key of the on-screen keyboard, for example "7" or "hide"; null while it cannot be seen.
     QQuickItem *keyboardKey(const QString &name) const
     {
-        const auto isKey = [&name](QQuickItem *item) {
-            return item->isVisible() && item->objectName() == QLatin1String("vkbKey_") + name;
-        };
-        return Operator::items(glass(), isKey).value(0);
+        return Operator::byName(glass(), QLatin1String("vkbKey_") + name);
     }
 
 private:

@@ -287,9 +287,7 @@ void TestCIpInputEditing::columnSlidesForTheLowestField()
     Operator::tap(field(2));
     QVERIFY(ControlScene::isKeyboardShown());
     QVERIFY(column->y() < 0.0);
-    const QQuickItem *keyboard = Operator::items(m_scene->glass(), [](QQuickItem *item) {
-                                     return item->objectName() == QLatin1String("vkbKeyboard");
-                                 }).value(0);
+    const QQuickItem *keyboard = Operator::byName(m_scene->glass(), QStringLiteral("vkbKeyboard"));
     QVERIFY(keyboard);
     QCOMPARE(field(2)->mapToScene({0.0, field(2)->height()}).y(), keyboard->mapToScene({}).y());
     key(Qt::Key_Escape);

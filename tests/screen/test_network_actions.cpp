@@ -221,10 +221,7 @@ void TestNetworkActions::typedOnTheKeyboard()
     HmiSimulator::clearJournal();
     page.edit(page.addressOf("IP Address"), 2, QString());
     const auto key = [&](const char *name) {
-        const QString wanted = QLatin1String("vkbKey_") + QLatin1String(name);
-        Operator::tap(Operator::items(page.glass(), [wanted](QQuickItem *item) {
-                          return item->objectName() == wanted;
-                      }).value(0));
+        Operator::tap(Operator::byName(page.glass(), QLatin1String("vkbKey_") + QLatin1String(name)));
         Operator::settle(20);
     };
     key("4");
