@@ -16,18 +16,17 @@
 class CardScene
 {
 public:
+    static constexpr int popupZ = 1000;
+
     explicit CardScene(const QSize &size = {1024, 600})
         : m_engine(std::make_unique<QQmlEngine>()), m_window(std::make_unique<QQuickWindow>())
     {
         QSP::GlobalInfo::switchLanguage(QLocale(QLocale::English, QLocale::UnitedStates));
         m_window->resize(size);
-        m_root = m_screen.init(m_engine.get(), size.width(), size.height(), 1000);
+        m_root = m_screen.init(m_engine.get(), size.width(), size.height(), popupZ);
         m_root->setParent(m_window->contentItem());
         m_root->setParentItem(m_window->contentItem());
-        m_window->show();
-        m_window->requestActivate();
-        static_cast<void>(QTest::qWaitForWindowExposed(m_window.get()));
-        static_cast<void>(QTest::qWaitForWindowActive(m_window.get()));
+        Operator::show(m_window.get());
         m_screen.open();
         HmiSimulator::clearJournal();
     }
@@ -38,6 +37,14 @@ public:
     QQuickItem *glass() const { return m_window->contentItem(); }
     void open() { m_screen.open(); }
     void close() { m_screen.close(); }
+    /// As the host does when it ends: the scene goes, then the engine.
+    void end()
+    {
+        endWindow();
+        m_engine.reset();
+    }
+    /// The window goes alone.
+    void endWindow() { m_window.reset(); }
 
     template <class Card> Card *card(const char *className) const
     {
@@ -47,10 +54,7 @@ public:
     /// A key of the on-screen keyboard, for example "7" or "hide"; null while it cannot be seen.
     QQuickItem *keyboardKey(const QString &name) const
     {
-        const auto isKey = [&name](QQuickItem *item) {
-            return item->isVisible() && item->objectName() == QLatin1String("vkbKey_") + name;
-        };
-        return Operator::items(glass(), isKey).value(0);
+        return Operator::byName(glass(), QLatin1String("vkbKey_") + name);
     }
 
 private:

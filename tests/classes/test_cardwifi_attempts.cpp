@@ -73,8 +73,7 @@ void TestCardWifiAttempts::reportsAfterAReset()
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
     emit WifiScene::wifi()->wifiReset();
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
     QVERIFY(WifiScene::report("connectWifi"));
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);

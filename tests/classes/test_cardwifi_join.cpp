@@ -11,6 +11,16 @@ bool isRed(const QQuickItem *text)
     return text->property("color").value<QColor>() == QColor(Qt::red);
 }
 
+/// Joins a network on an adapter with DHCP, up to the request for a lease.
+void joinUntilTheLease(const WifiScene &scene)
+{
+    scene.scan();
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
+    QVERIFY(WifiScene::report("connectWifi"));
+    QVERIFY(WifiScene::report("connectWifi"));
+}
+
 } // namespace
 
 /// Joining a network: what is sent, and what each report does.
@@ -202,14 +212,12 @@ void TestCardWifiJoin::connectedClosesTheDialog()
     // An address is there already, from whatever source.
     QVERIFY(WifiScene::report("connectWifi"));
     HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, 0xC0A80102, 0xFFFFFF00, 0xC0A80101);
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
     QVERIFY(WifiScene::report("connectWifi"));
     QCOMPARE(Journal::calls("setDHCP"), QStringList());
     QCOMPARE(connected.size(), 1);
     QCOMPARE(connected[0][0].toBool(), true);
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
     QVERIFY(WifiScene::listed().contains(QStringLiteral("Works Hall")));
     QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
@@ -218,30 +226,19 @@ void TestCardWifiJoin::connectedClosesTheDialog()
 void TestCardWifiJoin::connectedAsksForALease()
 {
     const WifiScene scene;
-    scene.scan();
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(WifiScene::report("connectWifi"));
+    joinUntilTheLease(scene);
     QCOMPARE(Journal::calls("setDHCP"), QStringList(QStringLiteral("setDHCP(WIFI, true, persist)")));
     // The dialog waits for the lease.
     QVERIFY(scene.dialogBody());
     QVERIFY(WifiScene::report("setDHCP"));
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
 }
 
 void TestCardWifiJoin::leaseThatNeverComes()
 {
     const WifiScene scene;
-    scene.scan();
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    QVERIFY(WifiScene::report("connectWifi"));
-    QVERIFY(WifiScene::report("connectWifi"));
+    joinUntilTheLease(scene);
     scene.closeDialog();
     QVERIFY(!scene.dialogBody());
     // A lease of the last attempt must not close the dialog of the next one.
@@ -265,8 +262,7 @@ void TestCardWifiJoin::connectedToAnUnlistedNetwork()
     QVERIFY(WifiScene::report("scanWifi"));
     QVERIFY(WifiScene::wifi()->networks().isEmpty());
     QVERIFY(WifiScene::report("connectWifi"));
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
 }
 
@@ -311,8 +307,7 @@ void TestCardWifiJoin::networkCardIsTold()
 {
     const WifiScene scene;
     scene.scan();
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
     QSignalSpy status(WifiScene::network(), &QSP::CardNetwork::wifiStatusChanged);
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     // While the attempt goes on the network card says nothing.
@@ -346,16 +341,14 @@ void TestCardWifiJoin::leavingThePageClosesTheDialog()
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     QVERIFY(scene.dialogBody());
     WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Version);
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
 
     WifiScene::root()->setCurrentPage(QSP::AppRootItem::MenuIndex::Wifi);
     Operator::settle(20);
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     QVERIFY(scene.dialogBody());
     WifiScene::root()->close();
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
 }
 
 PANEL_TEST_MAIN(TestCardWifiJoin)

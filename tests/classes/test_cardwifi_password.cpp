@@ -125,8 +125,7 @@ void TestCardWifiPassword::clearedWhenItCloses()
     QCOMPARE(input->text(), QString());
     scene.typePassword(QStringLiteral("secret"));
     WifiScene::root()->close();
-    Operator::settle(20);
-    QCOMPARE(input->text(), QString());
+    QTRY_COMPARE(input->text(), QString());
 }
 
 void TestCardWifiPassword::keptNowhere()
@@ -194,8 +193,7 @@ void TestCardWifiPassword::doneKeysEndTheEditing()
     scene.typePassword(QStringLiteral("abc"));
     QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
     QCoreApplication::sendEvent(scene.window(), &press);
-    Operator::settle(20);
-    QVERIFY(!scene.input()->hasActiveFocus());
+    QTRY_VERIFY(!scene.input()->hasActiveFocus());
     QVERIFY(!VkbManager::instance().isVisible());
     QVERIFY(scene.dialogBody());
     QCOMPARE(field(scene)->text(), QStringLiteral("abc"));
@@ -214,8 +212,7 @@ void TestCardWifiPassword::buttonsKeepTheKeyboard()
     // "Connect" ends the editing by itself.
     QQuickItem *input = scene.input();
     scene.tapInDialog(QStringLiteral("Connect"));
-    Operator::settle(20);
-    QVERIFY(!input->hasActiveFocus());
+    QTRY_VERIFY(!input->hasActiveFocus());
     QVERIFY(!VkbManager::instance().isVisible());
 }
 
@@ -236,14 +233,12 @@ void TestCardWifiPassword::clearOfTheKeyboard()
     const qreal middle = frameOf(scene).y();
     const qreal column = QSP::ScreenRoot::cardColumn()->y();
     Operator::tap(scene.input());
-    Operator::settle(20);
-    QCOMPARE(frameOf(scene).y(), 25.0);
+    QTRY_COMPARE(frameOf(scene).y(), 25.0);
     QVERIFY(frameOf(scene).bottom() <= screen.height() - VkbManager::instance().getHeight());
     // What lies behind stays where it is.
     QCOMPARE(QSP::ScreenRoot::cardColumn()->y(), column);
     Operator::tap(scene.keyboardKey(QStringLiteral("hide")));
-    Operator::settle(20);
-    QCOMPARE(frameOf(scene).y(), middle);
+    QTRY_COMPARE(frameOf(scene).y(), middle);
 }
 
 void TestCardWifiPassword::modalUntilClosed()

@@ -25,12 +25,31 @@ private:
         HmiSimulator::change(
             [&password](HmiSimulator::Panel &panel) { panel.wifi.networks[0].stored = password; });
     }
+    /// Taps the network and has it refused, with whatever password the page tries.
+    static void tapAndRefuse(const WifiScene &scene, const QString &name);
+    /// Scans and taps the network: the attempts that this alone makes.
+    static QStringList scanAndTap(const WifiScene &scene, const QString &name);
 };
 
 void TestCardWifiRefusals::init()
 {
     beginWatch();
     HmiSimulator::reset();
+}
+
+void TestCardWifiRefusals::tapAndRefuse(const WifiScene &scene, const QString &name)
+{
+    WifiScene::scriptReports({4});
+    Operator::tap(scene.row(name));
+    QVERIFY(WifiScene::report("connectWifi"));
+}
+
+QStringList TestCardWifiRefusals::scanAndTap(const WifiScene &scene, const QString &name)
+{
+    scene.scan();
+    HmiSimulator::clearJournal();
+    Operator::tap(scene.row(name));
+    return Journal::calls("connectWifi");
 }
 
 void TestCardWifiRefusals::refusedPasswordIsForgotten()
@@ -58,14 +77,9 @@ void TestCardWifiRefusals::refusedPasswordIsForgottenOverAScan()
     HmiSimulator::setNetworks({{"stubborn", "right", 80, 0, "wrong"}});
     const WifiScene scene;
     scene.scan();
-    WifiScene::scriptReports({4});
-    Operator::tap(scene.row(QStringLiteral("stubborn")));
-    QVERIFY(WifiScene::report("connectWifi"));
+    tapAndRefuse(scene, QStringLiteral("stubborn"));
     scene.closeDialog();
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("stubborn")));
-    QCOMPARE(Journal::calls("connectWifi"), QStringList());
+    QCOMPARE(scanAndTap(scene, QStringLiteral("stubborn")), QStringList());
     // Joined with the right one, it is known again.
     WifiScene::scriptReports({});
     scene.typePassword(QStringLiteral("right"));
@@ -75,10 +89,7 @@ void TestCardWifiRefusals::refusedPasswordIsForgottenOverAScan()
     if (scene.dialogBody())
         scene.closeDialog();
     HmiSimulator::leaveNetwork();
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("stubborn")));
-    QCOMPARE(Journal::calls("connectWifi").size(), 1);
+    QCOMPARE(scanAndTap(scene, QStringLiteral("stubborn")).size(), 1);
 }
 
 void TestCardWifiRefusals::newPasswordOfThePanelIsTried()
@@ -86,17 +97,13 @@ void TestCardWifiRefusals::newPasswordOfThePanelIsTried()
     HmiSimulator::setNetworks({{"hall", "new", 80, 0, "old"}});
     const WifiScene scene;
     scene.scan();
-    WifiScene::scriptReports({4});
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QVERIFY(WifiScene::report("connectWifi"));
+    tapAndRefuse(scene, QStringLiteral("hall"));
     scene.closeDialog();
     // Somebody has corrected it elsewhere.
     store("new");
-    scene.scan();
-    HmiSimulator::clearJournal();
     WifiScene::scriptReports({});
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QCOMPARE(Journal::calls("connectWifi"), QStringList(QStringLiteral(R"(connectWifi("hall", ****))")));
+    QCOMPARE(scanAndTap(scene, QStringLiteral("hall")),
+             QStringList(QStringLiteral(R"(connectWifi("hall", ****))")));
 }
 
 void TestCardWifiRefusals::refusalOfATypedPasswordSparesTheStoredOne()
@@ -130,14 +137,9 @@ void TestCardWifiRefusals::refusalOfNoPassword()
     HmiSimulator::setNetworks({hall});
     const WifiScene scene;
     scene.scan();
-    WifiScene::scriptReports({4});
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QVERIFY(WifiScene::report("connectWifi"));
+    tapAndRefuse(scene, QStringLiteral("hall"));
     scene.closeDialog();
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QCOMPARE(Journal::calls("connectWifi"), QStringList());
+    QCOMPARE(scanAndTap(scene, QStringLiteral("hall")), QStringList());
     QVERIFY(scene.dialogTexts().contains(QStringLiteral("Enter password")));
 }
 
@@ -146,18 +148,13 @@ void TestCardWifiRefusals::refusalOutlivesAnotherPassword()
     HmiSimulator::setNetworks({{"hall", "right", 80, 0, "old"}});
     const WifiScene scene;
     scene.scan();
-    WifiScene::scriptReports({4});
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QVERIFY(WifiScene::report("connectWifi"));
+    tapAndRefuse(scene, QStringLiteral("hall"));
     scene.typePassword(QStringLiteral("typo"));
     scene.tapInDialog(QStringLiteral("Connect"));
     QVERIFY(WifiScene::report("connectWifi"));
     scene.closeDialog();
     // The panel still tells the one that was refused first.
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QCOMPARE(Journal::calls("connectWifi"), QStringList());
+    QCOMPARE(scanAndTap(scene, QStringLiteral("hall")), QStringList());
 }
 
 void TestCardWifiRefusals::resetForgetsRefusals()
@@ -165,17 +162,12 @@ void TestCardWifiRefusals::resetForgetsRefusals()
     HmiSimulator::setNetworks({{"hall", "right", 80, 0, "old"}});
     const WifiScene scene;
     scene.scan();
-    WifiScene::scriptReports({4});
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QVERIFY(WifiScene::report("connectWifi"));
+    tapAndRefuse(scene, QStringLiteral("hall"));
     scene.closeDialog();
     Operator::tap(scene.resetButton());
     QVERIFY(WifiScene::report("resetWifi"));
     store("old");
-    scene.scan();
-    HmiSimulator::clearJournal();
-    Operator::tap(scene.row(QStringLiteral("hall")));
-    QCOMPARE(Journal::calls("connectWifi").size(), 1);
+    QCOMPARE(scanAndTap(scene, QStringLiteral("hall")).size(), 1);
 }
 
 PANEL_TEST_MAIN(TestCardWifiRefusals)

@@ -7,18 +7,6 @@ using QSP::CardWifi;
 
 namespace {
 
-// One report of each attempt, by script.
-void scriptReports(const std::vector<int> &reports)
-{
-    HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
-}
-
-void leaseOnJoining()
-{
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
-}
-
 bool isBusyIn(QQuickItem *dialogBody)
 {
     return !Operator::items(dialogBody, [](QQuickItem *item) {
@@ -71,7 +59,7 @@ void TestCardWifiReports::entryOfAnotherNetworkIsLeftAlone()
     QFETCH(int, report);
     const WifiScene scene;
     scene.scan();
-    scriptReports({report});
+    WifiScene::scriptReports({report});
     Operator::tap(WifiScene::scanButton());
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     // The list ends the state, so that another network can be chosen while the attempt goes on.
@@ -87,7 +75,7 @@ void TestCardWifiReports::entryOfAnotherNetworkIsLeftAlone()
     QVERIFY(scene.dialogBody());
     QCOMPARE(scene.dialogTexts(), before);
     QVERIFY(!isBusyIn(scene.dialogBody()));
-    scriptReports({});
+    WifiScene::scriptReports({});
     HmiSimulator::clearJournal();
     scene.tapInDialog(QStringLiteral("Connect"));
     QCOMPARE(Journal::calls("connectWifi"),
@@ -110,7 +98,7 @@ void TestCardWifiReports::entryOfTheSameNetworkFollows()
     QFETCH(QString, status);
     const WifiScene scene;
     scene.scan();
-    scriptReports({report});
+    WifiScene::scriptReports({report});
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     scene.typePassword(QStringLiteral("torque55Nm"));
     scene.tapInDialog(QStringLiteral("Connect"));
@@ -130,8 +118,8 @@ void TestCardWifiReports::leaseLeavesAnotherEntryOpen()
 {
     const WifiScene scene;
     scene.scan();
-    leaseOnJoining();
-    scriptReports({2});
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    WifiScene::scriptReports({2});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
     scene.closeDialog();
@@ -146,7 +134,7 @@ void TestCardWifiReports::busyOverAScan()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({4});
+    WifiScene::scriptReports({4});
     Operator::tap(WifiScene::scanButton());
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("scanWifi"));
@@ -180,8 +168,8 @@ void TestCardWifiReports::connectedTwice()
 {
     const WifiScene scene;
     scene.scan();
-    leaseOnJoining();
-    scriptReports({2, 2});
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    WifiScene::scriptReports({2, 2});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
     QVERIFY(WifiScene::report("connectWifi"));
@@ -192,7 +180,7 @@ void TestCardWifiReports::offlineTwice()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({0, 0});
+    WifiScene::scriptReports({0, 0});
     HmiSimulator::clearJournal();
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));
@@ -205,8 +193,8 @@ void TestCardWifiReports::leaseTwice()
 {
     const WifiScene scene;
     scene.scan();
-    leaseOnJoining();
-    scriptReports({2});
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    WifiScene::scriptReports({2});
     HmiSimulator::setDelivery(HmiSimulator::Operation::Dhcp, HmiSimulator::Delivery::Twice);
     QSignalSpy connected(WifiScene::wifi(), &CardWifi::connectedChanged);
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
@@ -220,7 +208,7 @@ void TestCardWifiReports::reportsWaitForTheFinger()
 {
     const WifiScene scene;
     scene.scan();
-    scriptReports({2});
+    WifiScene::scriptReports({2});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     scene.closeDialog();
     const QStringList before = WifiScene::listed();
@@ -232,8 +220,7 @@ void TestCardWifiReports::reportsWaitForTheFinger()
     QCOMPARE(WifiScene::listed(), before);
     // Slid off, so that it is no tap.
     QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {5, 5});
-    Operator::settle(20);
-    QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
+    QTRY_COMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
     QVERIFY(!WifiScene::listed().contains(QStringLiteral("Works Hall Guests")));
 }
 

@@ -144,8 +144,7 @@ void TestCardWifiScroll::fingerAndHiddenPage()
     QVERIFY(WifiScene::report("scanWifi"));
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Scanning);
     WifiScene::root()->close();
-    Operator::settle(20);
-    QCOMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
+    QTRY_COMPARE(WifiScene::wifi()->state(), CardWifi::Idle);
     QCOMPARE(WifiScene::wifi()->networks().size(), 9);
     QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, {600, 500});
 }

@@ -7,15 +7,13 @@ using QSP::CardWifi;
 
 namespace {
 
-void leaseOnJoining()
+/// Joins a network of which the panel reports that it has joined, while it does not know yet what.
+void joinWithoutName(const WifiScene &scene)
 {
-    HmiSimulator::change(
-        [](HmiSimulator::Panel &panel) { panel.adapters[HMI::SystemSet::WIFI].dhcp = true; });
-}
-
-/// Reports that the panel has joined, while it does not know yet what.
-void reportJoinedWithoutName()
-{
+    scene.scan();
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    WifiScene::scriptReports({2});
+    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(HmiSimulator::fireNext("connectWifi"));
     HmiSimulator::joinNetwork("");
     QCoreApplication::processEvents();
@@ -104,7 +102,7 @@ void TestCardWifiWaiting::joinThatReportsTooLate()
 {
     const WifiScene scene;
     scene.scan();
-    leaseOnJoining();
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
     WifiScene::scriptReports({4, 2});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     endPatience("joinLimit");
@@ -194,11 +192,7 @@ void TestCardWifiWaiting::emptyListUnderAFinger()
 void TestCardWifiWaiting::joinedBeforeTheNameIsKnown()
 {
     const WifiScene scene;
-    scene.scan();
-    leaseOnJoining();
-    WifiScene::scriptReports({2});
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    reportJoinedWithoutName();
+    joinWithoutName(scene);
     QCOMPARE(WifiScene::wifi()->state(), CardWifi::Connected);
     QCOMPARE(Journal::calls("setDHCP"), QStringList());
     QCOMPARE(scene.dialogTexts(), QStringList({"Works Hall Guests", "Connecting"}));
@@ -210,19 +204,14 @@ void TestCardWifiWaiting::joinedBeforeTheNameIsKnown()
     WifiScene::network()->updateWifiStatus();
     QCOMPARE(Journal::calls("setDHCP").size(), 1);
     QVERIFY(WifiScene::report("setDHCP"));
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
 }
 
 void TestCardWifiWaiting::nameComesWhileTheDialogIsClosed()
 {
     const WifiScene scene;
-    scene.scan();
-    leaseOnJoining();
-    WifiScene::scriptReports({2});
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    reportJoinedWithoutName();
+    joinWithoutName(scene);
     scene.closeDialog();
     // A password for another network is being typed when the name comes.
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
@@ -238,14 +227,9 @@ void TestCardWifiWaiting::nameComesWhileTheDialogIsClosed()
 void TestCardWifiWaiting::nameThatNeverComes()
 {
     const WifiScene scene;
-    scene.scan();
-    leaseOnJoining();
-    WifiScene::scriptReports({2});
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    reportJoinedWithoutName();
+    joinWithoutName(scene);
     endPatience("joinLimit");
-    Operator::settle(20);
-    QVERIFY(!scene.dialogBody());
+    QTRY_VERIFY(!scene.dialogBody());
     HmiSimulator::joinNetwork("Works Hall Guests");
     WifiScene::network()->updateWifiStatus();
     QCOMPARE(WifiScene::current(), QStringLiteral("Works Hall Guests"));
@@ -254,11 +238,7 @@ void TestCardWifiWaiting::nameThatNeverComes()
 void TestCardWifiWaiting::nameAfterAnotherAttempt()
 {
     const WifiScene scene;
-    scene.scan();
-    leaseOnJoining();
-    WifiScene::scriptReports({2});
-    Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
-    reportJoinedWithoutName();
+    joinWithoutName(scene);
     scene.closeDialog();
     Operator::tap(scene.row(QStringLiteral("Maintenance")));
     scene.typePassword(QStringLiteral("torque55Nm"));

@@ -1,4 +1,4 @@
-#include "tests/classes/addressscene.h"
+#include "tests/classes/ipeditscene.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QClipboard>
@@ -39,25 +39,18 @@ private slots:
     void keyStorm();
 
 private:
-    QQuickTextInput *field(int i) const { return AddressScene::box(m_ip, i); }
-    void enter(int i, const QString &digits) { m_scene->enter(m_ip, i, digits); }
+    QQuickTextInput *field(int i) const { return m_scene->box(i); }
+    void enter(int i, const QString &digits) { m_scene->enter(i, digits); }
     void key(int code) { m_scene->key(code); }
-    QString shown() const { return AddressScene::shown(m_ip); }
+    QString shown() const { return m_scene->shown(); }
 
-    std::unique_ptr<AddressScene> m_scene;
-    CIpInput *m_ip = nullptr;
-    std::unique_ptr<QSignalSpy> m_changed;
-    std::unique_ptr<QSignalSpy> m_edited;
+    std::unique_ptr<IpEditScene> m_scene;
 };
 
 void TestCIpInputEditing::init()
 {
     beginWatch();
-    m_scene = std::make_unique<AddressScene>();
-    m_ip = m_scene->addIp(40);
-    m_ip->setIp(QStringLiteral("10.20.30.40"));
-    m_changed = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChanged);
-    m_edited = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChangedByEdit);
+    m_scene = std::make_unique<IpEditScene>();
 }
 
 void TestCIpInputEditing::cleanup()
@@ -69,20 +62,21 @@ void TestCIpInputEditing::cleanup()
 void TestCIpInputEditing::typedAddressIsReportedOnce()
 {
     QStringList order;
-    connect(m_ip, &CIpInput::ipChanged, this, [order = &order] { *order << QStringLiteral("ipChanged"); });
-    connect(m_ip, &CIpInput::ipChangedByEdit, this,
+    connect(m_scene->ip, &CIpInput::ipChanged, this,
+            [order = &order] { *order << QStringLiteral("ipChanged"); });
+    connect(m_scene->ip, &CIpInput::ipChangedByEdit, this,
             [order = &order](unsigned int ip) { *order << QString::number(ip); });
     enter(0, QStringLiteral("192"));
-    QVERIFY(m_ip->editing());
+    QVERIFY(m_scene->ip->editing());
     enter(1, QStringLiteral("168"));
     enter(2, QStringLiteral("1"));
     enter(3, QStringLiteral("10"));
     QCOMPARE(order, QStringList());
     key(Qt::Key_Return);
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(order, QStringList({QStringLiteral("ipChanged"), QStringLiteral("3232235786")}));
-    QCOMPARE(m_ip->ip(), QStringLiteral("192.168.1.10"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("192.168.1.10"));
 }
 
 void TestCIpInputEditing::typedOnTheScreen()
@@ -96,8 +90,8 @@ void TestCIpInputEditing::typedOnTheScreen()
     QVERIFY(field(3)->hasActiveFocus());
     Operator::touch(m_scene->keyboardKey(QStringLiteral("enter")));
     QVERIFY(!ControlScene::isKeyboardShown());
-    QCOMPARE(m_edited->count(), 1);
-    QCOMPARE(m_edited->first().first().toUInt(), 0x0A141EFEU);
+    QCOMPARE(m_scene->edited.count(), 1);
+    QCOMPARE(m_scene->edited.first().first().toUInt(), 0x0A141EFEU);
 }
 
 void TestCIpInputEditing::theSameAgainIsNoEdit()
@@ -105,24 +99,24 @@ void TestCIpInputEditing::theSameAgainIsNoEdit()
     enter(0, QStringLiteral("10"));
     enter(3, QStringLiteral("040"));
     key(Qt::Key_Return);
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
 }
 
 void TestCIpInputEditing::zerosAfterClearAreNoEdit()
 {
-    m_ip->clear();
-    m_changed->clear();
+    m_scene->ip->clear();
+    m_scene->changed.clear();
     enter(1, QStringLiteral("0"));
     key(Qt::Key_Return);
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
-    QCOMPARE(m_ip->ip(), QString());
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
+    QCOMPARE(m_scene->ip->ip(), QString());
 
     enter(1, QStringLiteral("7"));
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("0.7.0.0"));
-    QCOMPARE(m_edited->count(), 1);
-    QCOMPARE(m_edited->first().first().toUInt(), 0x00070000U);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("0.7.0.0"));
+    QCOMPARE(m_scene->edited.count(), 1);
+    QCOMPARE(m_scene->edited.first().first().toUInt(), 0x00070000U);
 }
 
 void TestCIpInputEditing::leadingZerosAreDropped()
@@ -133,7 +127,7 @@ void TestCIpInputEditing::leadingZerosAreDropped()
     enter(2, QStringLiteral("0255"));
     key(Qt::Key_Enter);
     QCOMPARE(shown(), QStringLiteral("7.0.255.40"));
-    QCOMPARE(m_ip->ip(), QStringLiteral("7.0.255.40"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("7.0.255.40"));
 }
 
 void TestCIpInputEditing::largeNumbersAndLettersAreRefused()
@@ -143,7 +137,7 @@ void TestCIpInputEditing::largeNumbersAndLettersAreRefused()
     enter(1, QStringLiteral("a-9x9 !"));
     QCOMPARE(field(1)->text(), QStringLiteral("99"));
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("10.99.30.25"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("10.99.30.25"));
 }
 
 void TestCIpInputEditing::pastedRubbishIsRefused()
@@ -163,7 +157,7 @@ void TestCIpInputEditing::pastedRubbishIsRefused()
     Operator::tap(field(2));
     QTest::keyClick(m_scene->window(), Qt::Key_V, Qt::ControlModifier);
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("10.20.77.40"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("10.20.77.40"));
 }
 
 void TestCIpInputEditing::escapeRestores()
@@ -171,9 +165,9 @@ void TestCIpInputEditing::escapeRestores()
     enter(2, QStringLiteral("99"));
     key(Qt::Key_Escape);
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
 }
 
 void TestCIpInputEditing::hideKeyRestores()
@@ -182,14 +176,14 @@ void TestCIpInputEditing::hideKeyRestores()
     Operator::settle();
     Operator::tap(m_scene->keyboardKey(QStringLiteral("hide")));
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
     // The same field can be entered again at once.
     enter(2, QStringLiteral("98"));
     QVERIFY(ControlScene::isKeyboardShown());
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("10.20.98.40"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("10.20.98.40"));
 }
 
 void TestCIpInputEditing::clearKeyEmpties()
@@ -201,7 +195,7 @@ void TestCIpInputEditing::clearKeyEmpties()
     QVERIFY(field(1)->hasActiveFocus());
     key(Qt::Key_Return);
     QCOMPARE(shown(), QStringLiteral("10.0.30.40"));
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->edited.count(), 1);
 }
 
 void TestCIpInputEditing::enterEnds_data()
@@ -217,12 +211,12 @@ void TestCIpInputEditing::enterEnds()
     enter(0, QStringLiteral("11"));
     key(code);
     QVERIFY(!field(0)->hasFocus());
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->edited.count(), 1);
 }
 
 void TestCIpInputEditing::fieldToFieldKeepsKeyboardAndEdit()
 {
-    QSignalSpy editing(m_ip, &CIpInput::editingChanged);
+    QSignalSpy editing(m_scene->ip, &CIpInput::editingChanged);
     QSignalSpy keyboard(&QSP::VkbManager::instance(), &QSP::VkbManager::visibleChanged);
     for (const int i : {0, 3, 1, 2}) {
         Operator::touch(field(i));
@@ -235,8 +229,8 @@ void TestCIpInputEditing::fieldToFieldKeepsKeyboardAndEdit()
     QCOMPARE(keyboard.count(), 1);
     key(Qt::Key_Return);
     QCOMPARE(editing.count(), 2);
-    QCOMPARE(m_edited->count(), 1);
-    QCOMPARE(m_edited->first().first().toUInt(), 0x01020304U);
+    QCOMPARE(m_scene->edited.count(), 1);
+    QCOMPARE(m_scene->edited.first().first().toUInt(), 0x01020304U);
 }
 
 void TestCIpInputEditing::focusJumpsBetweenTwoInputs()
@@ -245,13 +239,13 @@ void TestCIpInputEditing::focusJumpsBetweenTwoInputs()
     QSignalSpy otherEdited(other, &CIpInput::ipChangedByEdit);
     for (int round = 1; round <= 20; ++round) {
         enter(0, QString::number(round + 100));
-        QVERIFY(m_ip->editing() && !other->editing());
+        QVERIFY(m_scene->ip->editing() && !other->editing());
         Operator::tap(AddressScene::box(other, 3));
         Operator::type(m_scene->window(), QString::number(round));
-        QVERIFY(!m_ip->editing() && other->editing());
+        QVERIFY(!m_scene->ip->editing() && other->editing());
         QVERIFY(AddressScene::box(other, 3)->hasActiveFocus());
         QVERIFY(ControlScene::isKeyboardShown());
-        QCOMPARE(m_edited->count(), round);
+        QCOMPARE(m_scene->edited.count(), round);
         QCOMPARE(otherEdited.count(), round - 1);
     }
     key(Qt::Key_Return);
@@ -287,15 +281,13 @@ void TestCIpInputEditing::columnSlidesForTheLowestField()
     QQuickItem *column = QSP::ScreenRoot::cardColumn();
     auto *row = new QQuickItem(column);
     row->setY(row->mapFromItem(m_scene->root(), QPointF(0.0, 540.0)).y());
-    m_ip->setParentItem(row);
+    m_scene->ip->setParentItem(row);
     m_scene->page()->setVisible(false);
-    m_ip->setY(0.0);
+    m_scene->ip->setY(0.0);
     Operator::tap(field(2));
     QVERIFY(ControlScene::isKeyboardShown());
     QVERIFY(column->y() < 0.0);
-    const QQuickItem *keyboard = Operator::items(m_scene->glass(), [](QQuickItem *item) {
-                                     return item->objectName() == QLatin1String("vkbKeyboard");
-                                 }).value(0);
+    const QQuickItem *keyboard = Operator::byName(m_scene->glass(), QStringLiteral("vkbKeyboard"));
     QVERIFY(keyboard);
     QCOMPARE(field(2)->mapToScene({0.0, field(2)->height()}).y(), keyboard->mapToScene({}).y());
     key(Qt::Key_Escape);
@@ -305,25 +297,25 @@ void TestCIpInputEditing::columnSlidesForTheLowestField()
 void TestCIpInputEditing::settingWhileEditingIsNoEdit()
 {
     enter(0, QStringLiteral("99"));
-    m_ip->setIp(QStringLiteral("1.2.3.4"));
-    QVERIFY(m_ip->editing());
+    m_scene->ip->setIp(QStringLiteral("1.2.3.4"));
+    QVERIFY(m_scene->ip->editing());
     QCOMPARE(shown(), QStringLiteral("1.2.3.4"));
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("1.2.3.4"));
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("1.2.3.4"));
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 void TestCIpInputEditing::disabledWhileEditing()
 {
     enter(0, QStringLiteral("99"));
-    m_ip->setEnabled(false);
-    QVERIFY(!m_ip->editing());
+    m_scene->ip->setEnabled(false);
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
     HmiSimulator::clearJournal();
-    m_ip->setEnabled(true);
-    QVERIFY(!m_ip->editing());
+    m_scene->ip->setEnabled(true);
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!field(0)->hasActiveFocus());
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(ControlScene::beeps(), 0);
@@ -334,24 +326,24 @@ void TestCIpInputEditing::hiddenWhileEditing()
     enter(0, QStringLiteral("99"));
     enter(1, QStringLiteral("98"));
     m_scene->page()->setVisible(false);
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
     m_scene->page()->setVisible(true);
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
 }
 
 void TestCIpInputEditing::screenClosedWhileEditing()
 {
     enter(3, QStringLiteral("99"));
     m_scene->close();
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
     m_scene->open();
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 void TestCIpInputEditing::keyStorm()
@@ -374,9 +366,9 @@ void TestCIpInputEditing::keyStorm()
                                 Qt::Key_Space,
                                 QSP::VkbManager::hideKey};
     QRandomGenerator random(7);
-    QString reported = m_ip->ip();
-    connect(m_ip, &CIpInput::ipChangedByEdit, this,
-            [this, reported = &reported](unsigned int) { *reported = m_ip->ip(); });
+    QString reported = m_scene->ip->ip();
+    connect(m_scene->ip, &CIpInput::ipChangedByEdit, this,
+            [this, reported = &reported](unsigned int) { *reported = m_scene->ip->ip(); });
     for (int i = 0; i < 400; ++i) {
         if (i % 7 == 0)
             Operator::tap(field(random.bounded(4)));
@@ -387,8 +379,8 @@ void TestCIpInputEditing::keyStorm()
     }
     Operator::tap(field(0));
     key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), shown());
-    QCOMPARE(m_ip->ip(), reported);
+    QCOMPARE(m_scene->ip->ip(), shown());
+    QCOMPARE(m_scene->ip->ip(), reported);
     QVERIFY(!ControlScene::isKeyboardShown());
 }
 

@@ -1,4 +1,4 @@
-#include "tests/classes/addressscene.h"
+#include "tests/classes/ipeditscene.h"
 
 using QSP::CIpInput;
 
@@ -22,22 +22,15 @@ private slots:
     void settingMovesWhatEscapeGoesBackTo();
 
 private:
-    QString shown() const { return AddressScene::shown(m_ip); }
+    QString shown() const { return m_scene->shown(); }
 
-    std::unique_ptr<AddressScene> m_scene;
-    CIpInput *m_ip = nullptr;
-    std::unique_ptr<QSignalSpy> m_changed;
-    std::unique_ptr<QSignalSpy> m_edited;
+    std::unique_ptr<IpEditScene> m_scene;
 };
 
 void TestCIpInputRefresh::init()
 {
     beginWatch();
-    m_scene = std::make_unique<AddressScene>();
-    m_ip = m_scene->addIp(40);
-    m_ip->setIp(QStringLiteral("10.20.30.40"));
-    m_changed = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChanged);
-    m_edited = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChangedByEdit);
+    m_scene = std::make_unique<IpEditScene>();
 }
 
 void TestCIpInputRefresh::cleanup()
@@ -48,13 +41,13 @@ void TestCIpInputRefresh::cleanup()
 
 void TestCIpInputRefresh::shownAtOnceWithoutAnEdit()
 {
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
-    QCOMPARE(m_ip->ip(), QStringLiteral("8.8.4.4"));
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("8.8.4.4"));
     QCOMPARE(shown(), QStringLiteral("8.8.4.4"));
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
-    m_ip->refreshIp(QStringLiteral("no address"));
-    QCOMPARE(m_changed->count(), 1);
-    QCOMPARE(m_edited->count(), 0);
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
+    m_scene->ip->refreshIp(QStringLiteral("no address"));
+    QCOMPARE(m_scene->changed.count(), 1);
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 void TestCIpInputRefresh::waitsForTheEndOfTheEdit_data()
@@ -69,9 +62,9 @@ void TestCIpInputRefresh::waitsForTheEndOfTheEdit()
 {
     QFETCH(QString, end);
     const CIpInput *other = m_scene->addIp(90);
-    Operator::tap(AddressScene::box(m_ip, 0));
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
-    QCOMPARE(m_ip->ip(), QStringLiteral("10.20.30.40"));
+    Operator::tap(m_scene->box(0));
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("10.20.30.40"));
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
 
     if (end.endsWith(QLatin1String("after typing")))
@@ -87,49 +80,49 @@ void TestCIpInputRefresh::waitsForTheEndOfTheEdit()
     else if (end == QLatin1String("another field"))
         Operator::tap(AddressScene::box(other, 0));
     else if (end == QLatin1String("disabled"))
-        m_ip->setEnabled(false);
+        m_scene->ip->setEnabled(false);
     else
-        m_ip->setVisible(false);
-    QVERIFY(!m_ip->editing());
-    QCOMPARE(m_ip->ip(), QStringLiteral("8.8.4.4"));
+        m_scene->ip->setVisible(false);
+    QVERIFY(!m_scene->ip->editing());
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("8.8.4.4"));
     QCOMPARE(shown(), QStringLiteral("8.8.4.4"));
-    QCOMPARE(m_changed->count(), 1);
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count(), 1);
+    QCOMPARE(m_scene->edited.count(), 0);
     QCOMPARE(ControlScene::isKeyboardShown(), other->editing());
 }
 
 void TestCIpInputRefresh::operatorsAddressIsTheNewerOne()
 {
-    m_scene->enter(m_ip, 0, QStringLiteral("11"));
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
+    m_scene->enter(0, QStringLiteral("11"));
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
     m_scene->key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("11.20.30.40"));
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("11.20.30.40"));
+    QCOMPARE(m_scene->edited.count(), 1);
     // And the debt is not paid later, over it.
-    Operator::tap(AddressScene::box(m_ip, 0));
+    Operator::tap(m_scene->box(0));
     m_scene->key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("11.20.30.40"));
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("11.20.30.40"));
+    QCOMPARE(m_scene->edited.count(), 1);
 }
 
 void TestCIpInputRefresh::theLastOneCounts()
 {
-    Operator::tap(AddressScene::box(m_ip, 0));
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
-    m_ip->refreshIp(QStringLiteral("10.20.30.40"));
+    Operator::tap(m_scene->box(0));
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
+    m_scene->ip->refreshIp(QStringLiteral("10.20.30.40"));
     m_scene->key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("10.20.30.40"));
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
 }
 
 void TestCIpInputRefresh::nothingButIPv4IsOwed()
 {
-    Operator::tap(AddressScene::box(m_ip, 0));
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
-    m_ip->refreshIp(QStringLiteral("fe80::1"));
-    m_ip->refreshIp(QString());
+    Operator::tap(m_scene->box(0));
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
+    m_scene->ip->refreshIp(QStringLiteral("fe80::1"));
+    m_scene->ip->refreshIp(QString());
     m_scene->key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), QStringLiteral("8.8.4.4"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("8.8.4.4"));
 }
 
 void TestCIpInputRefresh::settingEndsTheDebt_data()
@@ -142,16 +135,16 @@ void TestCIpInputRefresh::settingEndsTheDebt_data()
 void TestCIpInputRefresh::settingEndsTheDebt()
 {
     QFETCH(QString, ip);
-    Operator::tap(AddressScene::box(m_ip, 0));
-    m_ip->refreshIp(QStringLiteral("8.8.4.4"));
+    Operator::tap(m_scene->box(0));
+    m_scene->ip->refreshIp(QStringLiteral("8.8.4.4"));
     if (ip.isEmpty())
-        m_ip->clear();
+        m_scene->ip->clear();
     else
-        m_ip->setIp(ip);
-    QCOMPARE(m_ip->ip(), ip);
+        m_scene->ip->setIp(ip);
+    QCOMPARE(m_scene->ip->ip(), ip);
     m_scene->key(Qt::Key_Return);
-    QCOMPARE(m_ip->ip(), ip);
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->ip->ip(), ip);
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 void TestCIpInputRefresh::settingMovesWhatEscapeGoesBackTo_data()
@@ -162,16 +155,16 @@ void TestCIpInputRefresh::settingMovesWhatEscapeGoesBackTo_data()
 void TestCIpInputRefresh::settingMovesWhatEscapeGoesBackTo()
 {
     QFETCH(QString, ip);
-    m_scene->enter(m_ip, 0, QStringLiteral("99.98"));
+    m_scene->enter(0, QStringLiteral("99.98"));
     if (ip.isEmpty())
-        m_ip->clear();
+        m_scene->ip->clear();
     else
-        m_ip->setIp(ip);
+        m_scene->ip->setIp(ip);
     m_scene->type(QStringLiteral("7"));
     m_scene->key(Qt::Key_Escape);
-    QCOMPARE(m_ip->ip(), ip);
+    QCOMPARE(m_scene->ip->ip(), ip);
     QCOMPARE(shown(), ip.isEmpty() ? QStringLiteral("0.0.0.0") : ip);
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 PANEL_TEST_MAIN(TestCIpInputRefresh)

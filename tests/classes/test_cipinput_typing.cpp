@@ -1,4 +1,4 @@
-#include "tests/classes/addressscene.h"
+#include "tests/classes/ipeditscene.h"
 
 #include <QtCore/QRandomGenerator>
 
@@ -38,25 +38,18 @@ private slots:
     void anyKeysKeepBoxesWhole();
 
 private:
-    QQuickTextInput *box(int i) const { return AddressScene::box(m_ip, i); }
-    QString shown() const { return AddressScene::shown(m_ip); }
+    QQuickTextInput *box(int i) const { return m_scene->box(i); }
+    QString shown() const { return m_scene->shown(); }
     /// The one box that the operator is in; -1 when there is none or more than one.
     int current() const;
 
-    std::unique_ptr<AddressScene> m_scene;
-    CIpInput *m_ip = nullptr;
-    std::unique_ptr<QSignalSpy> m_changed;
-    std::unique_ptr<QSignalSpy> m_edited;
+    std::unique_ptr<IpEditScene> m_scene;
 };
 
 void TestCIpInputTyping::init()
 {
     beginWatch();
-    m_scene = std::make_unique<AddressScene>();
-    m_ip = m_scene->addIp(40);
-    m_ip->setIp(QStringLiteral("10.20.30.40"));
-    m_changed = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChanged);
-    m_edited = std::make_unique<QSignalSpy>(m_ip, &CIpInput::ipChangedByEdit);
+    m_scene = std::make_unique<IpEditScene>();
 }
 
 void TestCIpInputTyping::cleanup()
@@ -113,15 +106,15 @@ void TestCIpInputTyping::typedInOneGo()
     QFETCH(QString, address);
     Operator::tap(box(0));
     m_scene->type(typed);
-    QVERIFY(m_ip->editing());
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QVERIFY(m_scene->ip->editing());
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
     m_scene->key(Qt::Key_Return);
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
-    QCOMPARE(m_ip->ip(), address);
+    QCOMPARE(m_scene->ip->ip(), address);
     QCOMPARE(shown(), address);
-    QCOMPARE(m_changed->count(), 1);
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->changed.count(), 1);
+    QCOMPARE(m_scene->edited.count(), 1);
 }
 
 void TestCIpInputTyping::typedOnTheScreen_data()
@@ -134,9 +127,8 @@ void TestCIpInputTyping::typedOnTheScreen_data()
 void TestCIpInputTyping::typedOnTheScreen()
 {
     QFETCH(QSize, size);
-    m_scene = std::make_unique<AddressScene>(size);
-    m_ip = m_scene->addIp(40);
-    const QSignalSpy edited(m_ip, &CIpInput::ipChangedByEdit);
+    m_scene = std::make_unique<IpEditScene>(size);
+    m_scene->ip->clear();
     Operator::touch(box(0));
     Operator::settle();
     for (const QChar key : QStringLiteral("192.168.1.10")) {
@@ -149,8 +141,8 @@ void TestCIpInputTyping::typedOnTheScreen()
     QCOMPARE(current(), 2);
     Operator::touch(m_scene->keyboardKey(QStringLiteral("5")));
     Operator::touch(m_scene->keyboardKey(QStringLiteral("enter")));
-    QCOMPARE(m_ip->ip(), QStringLiteral("192.168.5.0"));
-    QCOMPARE(edited.count(), 1);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("192.168.5.0"));
+    QCOMPARE(m_scene->edited.count(), 1);
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(ControlScene::beeps(), 1);
 }
@@ -182,7 +174,7 @@ void TestCIpInputTyping::digitsStayInTheirBox()
 
 void TestCIpInputTyping::dotInTheLastBox()
 {
-    m_scene->enter(m_ip, 3, QStringLiteral("7."));
+    m_scene->enter(3, QStringLiteral("7."));
     QCOMPARE(current(), 3);
     QCOMPARE(shown(), QStringLiteral("10.20.30.7"));
     m_scene->type(QStringLiteral("8"));
@@ -192,7 +184,7 @@ void TestCIpInputTyping::dotInTheLastBox()
 // A box that is just entered is selected as a whole: the dot leaves it as it is.
 void TestCIpInputTyping::dotKeepsASelectedBox()
 {
-    m_scene->enter(m_ip, 0, QStringLiteral("..5"));
+    m_scene->enter(0, QStringLiteral("..5"));
     QCOMPARE(current(), 2);
     QCOMPARE(shown(), QStringLiteral("10.20.5.40"));
 }
@@ -208,7 +200,7 @@ void TestCIpInputTyping::dotAfterAnEmptiedBox()
 
 void TestCIpInputTyping::digitReplacesASelection()
 {
-    m_scene->enter(m_ip, 1, QStringLiteral("255"));
+    m_scene->enter(1, QStringLiteral("255"));
     QTest::keyClick(m_scene->window(), Qt::Key_Left, Qt::ShiftModifier);
     m_scene->type(QStringLiteral("3"));
     QCOMPARE(current(), 1);
@@ -217,7 +209,7 @@ void TestCIpInputTyping::digitReplacesASelection()
 
 void TestCIpInputTyping::cursorBetweenDigitsMovesNothing()
 {
-    m_scene->enter(m_ip, 1, QStringLiteral("200"));
+    m_scene->enter(1, QStringLiteral("200"));
     m_scene->key(Qt::Key_Home);
     m_scene->type(QStringLiteral("9"));
     QCOMPARE(current(), 1);
@@ -226,14 +218,14 @@ void TestCIpInputTyping::cursorBetweenDigitsMovesNothing()
 
 void TestCIpInputTyping::lastBoxRefuses()
 {
-    m_scene->enter(m_ip, 3, QStringLiteral("2567"));
+    m_scene->enter(3, QStringLiteral("2567"));
     QCOMPARE(current(), 3);
     QCOMPARE(shown(), QStringLiteral("10.20.30.25"));
 }
 
 void TestCIpInputTyping::backspaceMovesBack()
 {
-    m_scene->enter(m_ip, 0, QStringLiteral("1.2"));
+    m_scene->enter(0, QStringLiteral("1.2"));
     m_scene->key(Qt::Key_Backspace);
     QCOMPARE(current(), 1);
     QCOMPARE(box(1)->text(), QString());
@@ -251,15 +243,15 @@ void TestCIpInputTyping::backspaceHeldEmptiesEverything()
     for (int i = 0; i < 20; ++i)
         m_scene->key(Qt::Key_Backspace);
     QCOMPARE(current(), 0);
-    QVERIFY(m_ip->editing());
+    QVERIFY(m_scene->ip->editing());
     m_scene->key(Qt::Key_Return);
     QCOMPARE(shown(), QStringLiteral("0.0.0.0"));
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->edited.count(), 1);
 }
 
 void TestCIpInputTyping::commandsMoveNothing()
 {
-    m_scene->enter(m_ip, 1, QStringLiteral("255"));
+    m_scene->enter(1, QStringLiteral("255"));
     QTest::keyClick(m_scene->window(), Qt::Key_Period, Qt::ControlModifier);
     QTest::keyClick(m_scene->window(), Qt::Key_5, Qt::AltModifier);
     QCOMPARE(current(), 1);
@@ -278,49 +270,49 @@ void TestCIpInputTyping::takenBackTogether_data()
 void TestCIpInputTyping::takenBackTogether()
 {
     QFETCH(int, code);
-    m_scene->enter(m_ip, 0, QStringLiteral("192.168.1.10"));
+    m_scene->enter(0, QStringLiteral("192.168.1.10"));
     m_scene->key(code);
-    QVERIFY(!m_ip->editing());
+    QVERIFY(!m_scene->ip->editing());
     QVERIFY(!ControlScene::isKeyboardShown());
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_changed->count() + m_edited->count(), 0);
+    QCOMPARE(m_scene->changed.count() + m_scene->edited.count(), 0);
 }
 
 void TestCIpInputTyping::tapBeginsAnew()
 {
-    m_scene->enter(m_ip, 0, QStringLiteral("1.2"));
-    m_scene->enter(m_ip, 2, QStringLiteral("3.4"));
+    m_scene->enter(0, QStringLiteral("1.2"));
+    m_scene->enter(2, QStringLiteral("3.4"));
     m_scene->key(Qt::Key_Escape);
-    QCOMPARE(m_ip->ip(), QStringLiteral("1.2.30.40"));
-    QCOMPARE(m_edited->count(), 1);
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("1.2.30.40"));
+    QCOMPARE(m_scene->edited.count(), 1);
 }
 
 void TestCIpInputTyping::tapIntoTheSameBoxBeginsAnew()
 {
-    m_scene->enter(m_ip, 0, QStringLiteral("1.2"));
+    m_scene->enter(0, QStringLiteral("1.2"));
     Operator::tap(box(1));
     m_scene->type(QStringLiteral("3.4"));
     m_scene->key(Qt::Key_Escape);
-    QCOMPARE(m_ip->ip(), QStringLiteral("1.20.30.40"));
+    QCOMPARE(m_scene->ip->ip(), QStringLiteral("1.20.30.40"));
 }
 
 void TestCIpInputTyping::takenBackOverAWayBack()
 {
-    m_scene->enter(m_ip, 1, QStringLiteral("7.8"));
+    m_scene->enter(1, QStringLiteral("7.8"));
     for (int i = 0; i < 3; ++i)
         m_scene->key(Qt::Key_Backspace);
     QCOMPARE(current(), 1);
     m_scene->type(QStringLiteral("9"));
     m_scene->key(Qt::Key_Escape);
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 void TestCIpInputTyping::movingIsNoEndAndNoTap()
 {
-    const QSignalSpy editing(m_ip, &CIpInput::editingChanged);
+    const QSignalSpy editing(m_scene->ip, &CIpInput::editingChanged);
     const QSignalSpy keyboard(&QSP::VkbManager::instance(), &QSP::VkbManager::visibleChanged);
-    m_scene->enter(m_ip, 0, QStringLiteral("192.1681.1"));
+    m_scene->enter(0, QStringLiteral("192.1681.1"));
     m_scene->key(Qt::Key_Backspace);
     m_scene->key(Qt::Key_Backspace);
     QCOMPARE(current(), 2);
@@ -343,14 +335,14 @@ void TestCIpInputTyping::tabGoesThroughTheBoxes()
         m_scene->key(Qt::Key_Backtab);
         QCOMPARE(current(), next);
     }
-    QVERIFY(m_ip->editing());
+    QVERIFY(m_scene->ip->editing());
     QCOMPARE(ControlScene::beeps(), 1);
     m_scene->type(QStringLiteral("1"));
     m_scene->key(Qt::Key_Tab);
     m_scene->type(QStringLiteral("2"));
     m_scene->key(Qt::Key_Escape);
     QCOMPARE(shown(), QStringLiteral("10.20.30.40"));
-    QCOMPARE(m_edited->count(), 0);
+    QCOMPARE(m_scene->edited.count(), 0);
 }
 
 void TestCIpInputTyping::releasedKeyMovesNothing()
@@ -369,19 +361,19 @@ void TestCIpInputTyping::anyKeysKeepBoxesWhole()
                                 Qt::Key_Home,   Qt::Key_Clear,     Qt::Key_Tab,    Qt::Key_Backtab};
     QRandomGenerator random(3);
     for (int round = 0; round < 60; ++round) {
-        const QString before = m_ip->ip();
-        m_edited->clear();
+        const QString before = m_scene->ip->ip();
+        m_scene->edited.clear();
         Operator::tap(box(random.bounded(4)));
         const bool tapsAlone = random.bounded(2) == 0;
         for (int i = 0; i < 12; ++i) {
             const int code = codes.at(random.bounded(codes.size()));
             if (!tapsAlone || (code != Qt::Key_Tab && code != Qt::Key_Backtab))
                 m_scene->key(code);
-            QVERIFY(current() >= 0 || !m_ip->editing());
+            QVERIFY(current() >= 0 || !m_scene->ip->editing());
         }
         m_scene->key(random.bounded(2) == 0 ? Qt::Key_Return : Qt::Key_Escape);
-        QCOMPARE(shown(), m_ip->ip());
-        QCOMPARE(m_edited->count(), m_ip->ip() == before ? 0 : 1);
+        QCOMPARE(shown(), m_scene->ip->ip());
+        QCOMPARE(m_scene->edited.count(), m_scene->ip->ip() == before ? 0 : 1);
     }
 }
 

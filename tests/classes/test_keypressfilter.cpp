@@ -35,9 +35,7 @@ void TestKeyPressFilter::init()
     m_window->resize(200, 100);
     m_field = new QQuickTextInput(m_window->contentItem());
     m_field->setSize({100, 30});
-    m_window->show();
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    Operator::show(m_window.get());
     m_field->forceActiveFocus();
 }
 

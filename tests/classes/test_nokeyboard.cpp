@@ -44,9 +44,7 @@ void TestNoKeyboard::init()
     QVERIFY(m_root);
     m_root->setParent(m_window->contentItem());
     m_root->setParentItem(m_window->contentItem());
-    m_window->show();
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    Operator::show(m_window.get());
     m_screen.open();
 }
 

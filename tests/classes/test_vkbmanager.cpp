@@ -69,9 +69,7 @@ void TestVkbManager::init()
     m_root = m_screen.init(m_engine.get(), 1024, 600, 1000);
     QVERIFY(m_root);
     m_root->setParentItem(m_window->contentItem());
-    m_window->show();
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    Operator::show(m_window.get());
     m_screen.open();
 }
 

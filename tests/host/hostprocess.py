@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -34,6 +35,28 @@ def run(*options, timeout=60, cwd=None, **changes):
         check=False,
     )
     return done.returncode, done.stdout, done.stderr
+
+
+def start(*options, preexec_fn=None, **changes):
+    """The running host, with what it says on pipes. It ends with the block of its "with" when somebody ends it."""
+    return subprocess.Popen(
+        [HOST, *options],
+        env=environment(**changes),
+        preexec_fn=preexec_fn,
+        stdin=subprocess.DEVNULL,
+        stdout=subprocess.PIPE,
+        stderr=subprocess.PIPE,
+        encoding="utf-8",
+    )
+
+
+def vnc_port(process):
+    """Waits until a host with --vnc works; the port on which it does."""
+    line = process.stdout.readline()
+    found = re.search(r"127\.0\.0\.1:(\d+)", line)
+    if not found:
+        raise AssertionError(f"no port in {line!r}")
+    return int(found.group(1))
 
 
 def temporary_directory():

@@ -13,17 +13,10 @@ class Signals(unittest.TestCase):
     def end_by(self, number, *options, ignored=False):
         """Starts the host, waits until it works, sends the signal; returns the host's exit code and what is left."""
         with hostprocess.temporary_directory() as directory:
-            with subprocess.Popen(
-                [hostprocess.HOST, *options],
-                env=hostprocess.environment(TMPDIR=directory),
-                preexec_fn=(lambda: signal.signal(number, signal.SIG_IGN)) if ignored else None,
-                stdin=subprocess.DEVNULL,
-                stdout=subprocess.PIPE,
-                stderr=subprocess.PIPE,
-                encoding="utf-8",
-            ) as process:
+            ignore = (lambda: signal.signal(number, signal.SIG_IGN)) if ignored else None
+            with hostprocess.start(*options, preexec_fn=ignore, TMPDIR=directory) as process:
                 try:
-                    self.assertRegex(process.stdout.readline(), r"127\.0\.0\.1:\d+")
+                    hostprocess.vnc_port(process)
                     # Without any there would be nothing to leave behind.
                     self.assertTrue(os.listdir(directory))
                     process.send_signal(number)

@@ -5,7 +5,6 @@ import pathlib
 import re
 import socket
 import struct
-import subprocess
 import unittest
 
 import hostprocess
@@ -95,19 +94,9 @@ class Viewer:
 
 @contextlib.contextmanager
 def host(*options):
-    command = [hostprocess.HOST, "--size", f"{WIDTH}x{HEIGHT}", "--vnc", "0", *options]
-    with subprocess.Popen(
-        command,
-        env=hostprocess.environment(),
-        stdin=subprocess.DEVNULL,
-        stdout=subprocess.PIPE,
-        stderr=subprocess.PIPE,
-        encoding="utf-8",
-    ) as process:
+    with hostprocess.start("--size", f"{WIDTH}x{HEIGHT}", "--vnc", "0", *options) as process:
         try:
-            line = process.stdout.readline()
-            port = int(re.search(r"127\.0\.0\.1:(\d+)", line).group(1))
-            yield process, port
+            yield process, hostprocess.vnc_port(process)
         finally:
             process.terminate()
             process.communicate()

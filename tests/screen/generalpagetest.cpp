@@ -37,12 +37,6 @@ void GeneralPageTest::build(const QSize &size)
     HmiSimulator::clearJournal();
 }
 
-QQuickItem *GeneralPageTest::named(const QString &name) const
-{
-    const auto wanted = [&name](QQuickItem *item) { return item->isVisible() && item->objectName() == name; };
-    return Operator::items(m_fixture->glass(), wanted).value(0);
-}
-
 void GeneralPageTest::openEditor() const
 {
     Operator::tap(Operator::byClass(card("QSP::CardTime"), "QSP::BeepButton"));

@@ -19,7 +19,7 @@ protected:
 
     void build(const QSize &size);
     QQuickItem *card(const char *name) const { return m_fixture->card(name); }
-    QQuickItem *named(const QString &name) const;
+    QQuickItem *named(const QString &name) const { return Operator::byName(m_fixture->glass(), name); }
     QQuickItem *field(const QString &name) const { return named(name); }
     QQuickItem *keyboardKey(const QString &name) const { return named("vkbKey_" + name); }
     bool isKeyboardShown() const { return named(QStringLiteral("vkbKeyboard")) != nullptr; }

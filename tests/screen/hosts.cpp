@@ -141,10 +141,7 @@ void Host::build(const QSize &size, QObject *owner, QQuickItem *place)
 
 void Host::show() const
 {
-    window()->show();
-    window()->requestActivate();
-    static_cast<void>(QTest::qWaitForWindowExposed(window()));
-    static_cast<void>(QTest::qWaitForWindowActive(window()));
+    Operator::show(window());
 }
 
 void Host::tapText(const QString &text) const

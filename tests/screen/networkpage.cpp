@@ -4,7 +4,7 @@
 
 namespace {
 
-QQuickItem *alias(const QQuickItem *item, const char *name)
+QQuickItem *alias(const QObject *item, const char *name)
 {
     return item ? qobject_cast<QQuickItem *>(item->property(name).value<QObject *>()) : nullptr;
 }
@@ -130,6 +130,17 @@ QString NetworkPage::status(const QString &label) const
 QColor NetworkPage::statusColor(const QString &label) const
 {
     return statusItem(label)->property("color").value<QColor>();
+}
+
+QQuickItem *NetworkPage::openList(QQuickItem *below)
+{
+    QQuickItem *box = Operator::byClass(below, "QQuickComboBox");
+    tap(box);
+    auto *list = box->property("popup").value<QObject *>();
+    if (!QTest::qWaitFor([list] { return list->property("opened").toBool(); }))
+        QTest::qFail("the list did not open", __FILE__, __LINE__);
+    Operator::settle();
+    return alias(list, "contentItem");
 }
 
 void NetworkPage::reveal(QQuickItem *item)

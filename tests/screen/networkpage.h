@@ -59,6 +59,9 @@ public:
     QColor statusColor(const QString &label) const;
     QQuickItem *statusItem(const QString &label) const;
 
+    /// Opens the list of the combo box in that item and waits for it; what stands in the list.
+    QQuickItem *openList(QQuickItem *below);
+
     /// Scrolls until the item is in sight.
     void reveal(QQuickItem *item);
     void tap(QQuickItem *item);

@@ -28,10 +28,7 @@ ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootP
         m_root->setParent(m_window->contentItem());
         m_root->setParentItem(m_window->contentItem());
     }
-    m_window->show();
-    m_window->requestActivate();
-    static_cast<void>(QTest::qWaitForWindowExposed(m_window.get()));
-    static_cast<void>(QTest::qWaitForWindowActive(m_window.get()));
+    Operator::show(m_window.get());
 }
 
 ScreenFixture::~ScreenFixture()

@@ -52,9 +52,7 @@ void TestAddressTyping::oneTapAndTheKeys_data()
 
 void TestAddressTyping::strike(const NetworkPage &page, const QString &name)
 {
-    Operator::touch(Operator::items(page.glass(), [&name](QQuickItem *item) {
-                        return item->isVisible() && item->objectName() == QLatin1String("vkbKey_") + name;
-                    }).value(0));
+    Operator::touch(Operator::byName(page.glass(), QLatin1String("vkbKey_") + name));
 }
 
 void TestAddressTyping::oneTapAndTheKeys()

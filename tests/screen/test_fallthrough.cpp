@@ -10,13 +10,8 @@
 
 namespace {
 
-/// Pages that listen to everything; what they heard stands in "heard".
-constexpr char pageOfAreas[] = R"(
-import QtQuick 2.15
-Item {
-    id: _page
-    property var heard: []
-    function hear(what) { heard = heard.concat([what]) }
+/// What listens to everything on a page; what it heard it tells the page, by hear().
+constexpr char areas[] = R"(
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.AllButtons
@@ -32,14 +27,8 @@ Item {
         mouseEnabled: false
         onPressed: _page.hear("touched")
     }
-}
 )";
-constexpr char pageOfHandlers[] = R"(
-import QtQuick 2.15
-Item {
-    id: _page
-    property var heard: []
-    function hear(what) { heard = heard.concat([what]) }
+constexpr char handlers[] = R"(
     TapHandler {
         acceptedButtons: Qt.AllButtons
         onTapped: _page.hear("tapped")
@@ -47,19 +36,28 @@ Item {
     }
     PointHandler { acceptedButtons: Qt.AllButtons; onActiveChanged: if (active) _page.hear("point") }
     WheelHandler { onWheel: _page.hear("turned") }
-}
 )";
 // The toolkit shows these every press, whoever took it.
-constexpr char pageOfCuriousHandlers[] = R"(
+constexpr char curiousHandlers[] = R"(
+    HoverHandler { onHoveredChanged: if (hovered) _page.hear("hovered") }
+    DragHandler { target: null; onActiveChanged: if (active) _page.hear("dragged") }
+)";
+
+/// The page of a host with such listeners; what they heard stands in "heard".
+QByteArray pageWith(const char *listeners)
+{
+    return QStringLiteral(R"(
 import QtQuick 2.15
 Item {
     id: _page
     property var heard: []
     function hear(what) { heard = heard.concat([what]) }
-    HoverHandler { onHoveredChanged: if (hovered) _page.hear("hovered") }
-    DragHandler { target: null; onActiveChanged: if (active) _page.hear("dragged") }
+    %1
 }
-)";
+)")
+        .arg(QLatin1String(listeners))
+        .toUtf8();
+}
 
 /// A spot of the screen, and the page that it is on.
 struct Spot {
@@ -172,9 +170,9 @@ void TestFallThrough::addWays()
 void TestFallThrough::putUnderneath(const QString &listener)
 {
     QQmlComponent component(m_screen->engine());
-    const std::map<QString, const char *> pages{
-        {"areas", pageOfAreas}, {"handlers", pageOfHandlers}, {"curious handlers", pageOfCuriousHandlers}};
-    component.setData(pages.at(listener), QUrl());
+    const std::map<QString, const char *> listeners{
+        {"areas", areas}, {"handlers", handlers}, {"curious handlers", curiousHandlers}};
+    component.setData(pageWith(listeners.at(listener)), QUrl());
     m_page = qobject_cast<QQuickItem *>(component.create());
     QVERIFY2(m_page, qPrintable(component.errorString()));
     m_page->setParent(m_screen->glass());

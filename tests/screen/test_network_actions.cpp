@@ -1,4 +1,5 @@
 #include "tests/screen/networkpage.h"
+#include "tests/support/oneshots.h"
 
 /// What switches, fields and lists write, and in which order.
 class TestNetworkActions : public PanelTest
@@ -83,6 +84,7 @@ void TestNetworkActions::enablingAWiredAdapterOnDhcp()
     NetworkPage page;
     page.select("LAN1");
     HmiSimulator::clearJournal();
+    const OneShots oneShots;
     QElapsedTimer clock;
     clock.start();
     page.tapToggle("Disable Network");
@@ -91,9 +93,7 @@ void TestNetworkActions::enablingAWiredAdapterOnDhcp()
                  QStringList({"enableNIC(LAN1, true, persist)", "setDHCP(LAN1, true, persist)"}));
     QVERIFY(clock.elapsed() >= 1000);
     // Time alone would not tell each time: a coarse timer comes up to a twentieth early, or late.
-    const auto timers = page.network()->findChildren<QTimer *>();
-    for (const QTimer *timer : timers)
-        QVERIFY(!timer->isSingleShot() || timer->timerType() == Qt::PreciseTimer);
+    QCOMPARE(oneShots.typesOf(1000), QVector<Qt::TimerType>{Qt::PreciseTimer});
 }
 
 void TestNetworkActions::enablingAStaticAdapterAsksForNoLease()
@@ -221,10 +221,7 @@ void TestNetworkActions::typedOnTheKeyboard()
     HmiSimulator::clearJournal();
     page.edit(page.addressOf("IP Address"), 2, QString());
     const auto key = [&](const char *name) {
-        const QString wanted = QLatin1String("vkbKey_") + QLatin1String(name);
-        Operator::tap(Operator::items(page.glass(), [wanted](QQuickItem *item) {
-                          return item->objectName() == wanted;
-                      }).value(0));
+        Operator::tap(Operator::byName(page.glass(), QLatin1String("vkbKey_") + QLatin1String(name)));
         Operator::settle(20);
     };
     key("4");
@@ -282,11 +279,8 @@ void TestNetworkActions::vpnServer()
     page.select("VPN");
     QQuickItem *servers = Operator::byClass(page.row("Server"), "QSP::ComboBox");
     HmiSimulator::clearJournal();
-    page.tap(servers);
-    Operator::settle(150);
-    Operator::tap(Operator::byText(page.glass(), "Europe"));
-    Operator::settle(150);
-    QCOMPARE(Journal::callsButBeeps(), QStringList({"setVPNServer(EUROPE)", "resetVPNIp(EUROPE)"}));
+    Operator::tap(Operator::byText(page.openList(servers), "Europe"));
+    QTRY_COMPARE(Journal::callsButBeeps(), QStringList({"setVPNServer(EUROPE)", "resetVPNIp(EUROPE)"}));
     QCOMPARE(servers->property("currentIndex").toInt(), 1);
 }
 

@@ -117,9 +117,7 @@ void TestNetworkLanguage::openServerList()
 {
     NetworkPage page;
     page.select("VPN");
-    page.tap(Operator::byClass(page.row("Server"), "QSP::ComboBox"));
-    Operator::settle(150);
-    QVERIFY(page.isShown("Europe"));
+    QVERIFY(Operator::byText(page.openList(page.row("Server")), "Europe"));
     page.switchLanguage(HMI::SystemSet::CHINESE);
     QVERIFY(page.isShown("欧洲服务器"));
     QVERIFY(!page.isShown("Europe"));

@@ -61,10 +61,11 @@ void TestNetworkLayout::texts()
         page.tap(
             Operator::byText(page.defaultAdapter(), language == HMI::SystemSet::ENGLISH ? "Test" : "测试"));
         QVERIFY(HmiSimulator::fireNext("pingTest"));
-        Operator::settle(150);
+        QTRY_VERIFY(Operator::byClass(page.glass(), "QQuickPopupItem"));
+        Operator::settle();
         QCOMPARE(LayoutCheck::faults(page.glass()), QStringList());
         Operator::key(page.window(), Qt::Key_Escape);
-        Operator::settle(150);
+        QTRY_VERIFY(!Operator::byClass(page.glass(), "QQuickPopupItem"));
     }
 }
 
@@ -76,18 +77,14 @@ void TestNetworkLayout::keyboardCoversNoField()
                                        page.dnsInput(1), page.dnsInput(2)};
     for (QQuickItem *input : inputs) {
         page.edit(input, 2, "7");
-        Operator::settle(300);
-        QQuickItem *keyboard = Operator::items(page.glass(), [](QQuickItem *item) {
-                                   return item->isVisible() && item->objectName() == "vkbKeyboard";
-                               }).value(0);
+        QQuickItem *keyboard = Operator::byName(page.glass(), "vkbKeyboard");
         QVERIFY(keyboard);
         const double top = keyboard->mapToScene(QPointF()).y();
         const QRectF field = input->mapRectToScene(QRectF(0, 0, input->width(), input->height()));
         QVERIFY2(field.bottom() <= top + 0.5, qPrintable(QString("%1 > %2").arg(field.bottom()).arg(top)));
         QVERIFY(field.top() >= page.screen().root()->property("cardPool").value<QQuickItem *>()->y());
         Operator::key(page.window(), Qt::Key_Return);
-        Operator::settle(300);
-        QCOMPARE(page.screen().root()->property("cardsParent").value<QQuickItem *>()->y(), 0.0);
+        QTRY_COMPARE(page.screen().root()->property("cardsParent").value<QQuickItem *>()->y(), 0.0);
     }
 }
 

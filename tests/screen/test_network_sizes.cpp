@@ -84,8 +84,7 @@ void TestNetworkSizes::rowsFollow()
     NetworkPage page({1280, 800});
     page.select(adapter);
     setSizes(page, rowHeight, fontPixelSize);
-    Operator::settle(300);
-    QCOMPARE(picture(page), builtSo);
+    QTRY_COMPARE(picture(page), builtSo);
 }
 
 void TestNetworkSizes::adapterButtonsFollow()

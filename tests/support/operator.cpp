@@ -161,6 +161,15 @@ QQuickItem *byText(QQuickItem *root, const QString &text)
         .value(0);
 }
 
+QQuickItem *byName(QQuickItem *root, const QString &objectName)
+{
+    return items(root,
+                 [&objectName](QQuickItem *item) {
+                     return item->isVisible() && item->objectName() == objectName;
+                 })
+        .value(0);
+}
+
 QStringList visibleTexts(QQuickItem *root)
 {
     QStringList texts;
@@ -178,6 +187,14 @@ QQuickItem *ancestorOf(QQuickItem *item, const char *className)
     while (item && !item->inherits(className))
         item = item->parentItem();
     return item;
+}
+
+void show(QQuickWindow *window)
+{
+    window->show();
+    window->requestActivate();
+    QVERIFY2(QTest::qWaitForWindowExposed(window), "the window does not appear");
+    QVERIFY2(QTest::qWaitForWindowActive(window), "the window does not take the keys");
 }
 
 void awaitFrame(QQuickWindow *window)

@@ -35,11 +35,15 @@ QQuickItem *byClass(QQuickItem *root, const char *className);
 QVector<QQuickItem *> allByClass(QQuickItem *root, const char *className);
 /// The first visible text item that shows exactly @p text, or null.
 QQuickItem *byText(QQuickItem *root, const QString &text);
+/// The first visible item of that object name, such as a key of the on-screen keyboard, or null.
+QQuickItem *byName(QQuickItem *root, const QString &objectName);
 /// All texts that can be seen below @p root.
 QStringList visibleTexts(QQuickItem *root);
 /// The nearest ancestor (or the item itself) whose class inherits @p className, for example a button of a text.
 QQuickItem *ancestorOf(QQuickItem *item, const char *className);
 
+/// Shows a window and waits until it is on the glass and takes the keys. Fails the test when it does not.
+void show(QQuickWindow *window);
 /// Waits for a frame that shows everything done to the scene so far. Fails the test when none comes.
 void awaitFrame(QQuickWindow *window);
 /// What is on the glass when everything done to the scene so far has been painted.
