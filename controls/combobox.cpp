@@ -1,7 +1,6 @@
 #include "controls/combobox.h"
 
 #include "controls/beepbutton.h"
-#include "controls/popuptie.h"
 #include "controls/touchmask.h"
 #include "shell/globalinfo.h"
 #include "shell/vkbmanager.h"
@@ -254,8 +253,14 @@ void ComboBox::connectBox()
             [this] { m_indicator->setOpacity(m_combo->isEnabled() ? 1.0 : 0.4); });
     connect(popup, &QQuickPopup::aboutToShow, this, [] { VkbManager::instance().endEdit(); });
     connect(popup, &QQuickPopup::aboutToShow, this, &ComboBox::fitList);
-    tieToParent(popup);
+    // A list that has lost its place would stay on the glass without it.
+    connect(popup, &QQuickPopup::windowChanged, popup, &QQuickPopup::close);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
+    // Also when the whole screen is hidden, whichever it is. Unlike a dialog, a list stays open when it is shown.
+    connect(m_combo, &QQuickItem::visibleChanged, this, [this, popup] {
+        if (!m_combo->isVisible())
+            popup->close();
+    });
 }
 
 void ComboBox::followIndex()
