@@ -1,3 +1,8 @@
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR NOT CMAKE_INSTALL_BINDIR MATCHES "^[^/]+/?$")
+    message(FATAL_ERROR "CMAKE_INSTALL_LIBDIR must be relative to the prefix, and CMAKE_INSTALL_BINDIR one level below it: "
+                        "programs find their libraries from there.")
+endif()
+
 # A program or library that is installed, with the search path that it has there.
 #
 # The build tree has the shape of an installation (libraries in one directory, programs one level below the

@@ -8,12 +8,6 @@
 
 namespace QSP {
 
-namespace {
-
-constexpr qreal pressedOpacity = 0.6;
-
-} // namespace
-
 bool BeepButton::_isBuzzerOn = false;
 
 BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
@@ -27,7 +21,7 @@ BeepButton::BeepButton(QQuickItem *parent) : QQuickAbstractButton(parent)
 void BeepButton::fadeWhilePressed(QQuickItem *look)
 {
     connect(this, &QQuickAbstractButton::pressedChanged, look,
-            [this, look] { look->setOpacity(isPressed() ? pressedOpacity : 1.0); });
+            [this, look] { look->setOpacity(pressFade()); });
 }
 
 bool BeepButton::isBuzzerOn()

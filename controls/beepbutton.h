@@ -13,14 +13,20 @@ namespace QSP {
 class BeepButton : public QQuickAbstractButton
 {
     Q_OBJECT
+    Q_PROPERTY(qreal pressFade READ pressFade NOTIFY pressedChanged)
 
 public:
+    /// How opaque is what is pressed.
+    static constexpr qreal pressedOpacity = 0.6;
+
     explicit BeepButton(QQuickItem *parent = nullptr);
 
     /// Whether a click ends an edit and hides the keyboard; true at first.
     void setAutoCloseVkb(bool autoClose) { m_autoCloseVkb = autoClose; }
 
-    /// Shows that the button is pressed by fading @p look, which may be the button itself.
+    /// The opacity of what shows that the button is pressed; 1.0 while it is not.
+    qreal pressFade() const { return isPressed() ? pressedOpacity : 1.0; }
+    /// Gives that opacity to @p look, which may be the button itself.
     void fadeWhilePressed(QQuickItem *look);
 
     /// Asks the service, and remembers the answer for setBuzzerOn().

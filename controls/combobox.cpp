@@ -32,6 +32,8 @@ import QtQuick.Templates 2.15 as T
 ComboBox {
     id: _com
     property int fontPixelSize: 20
+    property real pressedOpacity: 1.0
+    opacity: pressed ? pressedOpacity : 1.0
     font.pixelSize: fontPixelSize
     background: null
     indicator: null
@@ -85,7 +87,7 @@ ItemDelegate {
         y: Math.round(parent.y) - parent.y
         width: parent.width
         height: Math.round(parent.y + parent.height) - Math.round(parent.y)
-        opacity: parent.down ? 0.6 : 1.0
+        opacity: parent.down ? _com.pressedOpacity : 1.0
         color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
         Text {
             x: 10
@@ -185,6 +187,7 @@ ComboBox::ComboBox(QQuickItem *parent) : QQuickItem(parent)
     dressPopup();
     connectBox();
     m_combo->setProperty("fontPixelSize", m_fontPixelSize);
+    m_combo->setProperty("pressedOpacity", BeepButton::pressedOpacity);
 }
 
 ComboBox::~ComboBox()
@@ -241,7 +244,6 @@ void ComboBox::connectBox()
         emit activated(index);
     });
     connect(m_combo, &QQuickComboBox::pressedChanged, this, [this] {
-        m_combo->setOpacity(m_combo->isPressed() ? 0.6 : 1.0);
         if (m_combo->isPressed())
             BeepButton::beepIfOn();
     });
@@ -256,7 +258,7 @@ void ComboBox::connectBox()
     // A list that has lost its place would stay on the glass without it.
     connect(popup, &QQuickPopup::windowChanged, popup, &QQuickPopup::close);
     connect(popup->contentItem(), &QQuickItem::implicitHeightChanged, this, &ComboBox::fitList);
-    // Also when the whole screen is hidden, whichever it is.
+    // Also when the whole screen is hidden, whichever it is. Unlike a dialog, a list stays open when it is shown.
     connect(m_combo, &QQuickItem::visibleChanged, this, [this, popup] {
         if (!m_combo->isVisible())
             popup->close();

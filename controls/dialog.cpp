@@ -1,8 +1,8 @@
 #include "controls/dialog.h"
 
 #include "controls/beepbutton.h"
+#include "controls/popuptie.h"
 #include "shell/base/globalinfo.h"
-#include "shell/base/screenroot.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtQuick/private/qquickanchors_p.h>
@@ -70,9 +70,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     m_separator->setColor(lineColor);
 
     connect(content, &QQuickItem::widthChanged, this, &Dialog::relayout);
-    ScreenRoot::onVisibleChanged(this, [this] { close(); });
-    // One that has lost its place would stay on the glass without it.
-    connect(this, &QQuickPopup::windowChanged, this, &QQuickPopup::close);
+    tieToParent(this);
 }
 
 void Dialog::registerType()

@@ -13,8 +13,8 @@ class BeepButton;
 /// A white panel with a title bar, an optional close button and one body.
 ///
 /// Sizes of its parts follow the screen; its own size, whether it is modal and
-/// how else it closes are up to its user. Closes whenever the screen is shown
-/// or hidden, or leaves its window.
+/// how else it closes are up to its user. Tied to its parent item: closes
+/// whenever the screen is shown or hidden, or leaves its window.
 class Dialog : public QQuickPopup
 {
     Q_OBJECT

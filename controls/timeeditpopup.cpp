@@ -2,9 +2,9 @@
 
 #include "controls/beepbutton.h"
 #include "controls/modalshade.h"
+#include "controls/popuptie.h"
 #include "controls/timekeypressfilter.h"
 #include "shell/base/globalinfo.h"
-#include "shell/base/screenroot.h"
 #include "shell/base/vkbmanager.h"
 
 #include <QtGui/QRegExpValidator>
@@ -36,9 +36,7 @@ TimeEditPopup::TimeEditPopup(QQuickItem *parent) : QQuickPopup(parent)
     // Escape ends the editing of a field, as its key filter says, not the editor.
     setClosePolicy(CloseOnPressOutside);
     connect(this, &QQuickPopup::closed, this, &TimeEditPopup::endEditing);
-    ScreenRoot::onVisibleChanged(this, [this] { close(); });
-    // Else it would stay behind, over what the host shows in that window.
-    connect(this, &QQuickPopup::windowChanged, this, &QQuickPopup::close);
+    tieToParent(this);
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &TimeEditPopup::keepClearOfKeyboard);
     createUI();
 }

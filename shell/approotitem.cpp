@@ -100,6 +100,7 @@ void AppRootItem::catchEvents()
     setAcceptedMouseButtons(Qt::AllButtons);
     setAcceptTouchEvents(true);
     setAcceptHoverEvents(true);
+    // Else a mouse pointer over the screen would take its shape from the host's items underneath.
     setCursor(Qt::ArrowCursor);
 }
 

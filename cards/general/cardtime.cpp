@@ -71,8 +71,6 @@ void CardTime::addDialog()
     m_dialog = new TimeEditPopup(this);
     if (AppRootItem *root = rootOf(this)) {
         m_dialog->setParentItem(root);
-        // By itself it goes with the newest screen.
-        connect(root, &QQuickItem::visibleChanged, m_dialog, &QQuickPopup::close);
         m_dialog->setX((root->width() - m_dialog->width()) * 0.5);
         m_dialog->setY((root->height() - m_dialog->height()) * 0.5);
     }

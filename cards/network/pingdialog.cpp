@@ -55,8 +55,6 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     , m_mark(new OutcomeMark(qRound(markFactor * fontPixelSize()), m_text))
 {
     m_dialog->setParent(this);
-    // By itself it goes with the newest screen.
-    connect(root, &QQuickItem::visibleChanged, m_dialog, &QQuickPopup::close);
     connect(root, &QQuickItem::widthChanged, this, &PingDialog::place);
     connect(root, &QQuickItem::heightChanged, this, &PingDialog::place);
     place();

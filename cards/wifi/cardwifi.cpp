@@ -36,7 +36,7 @@ void showButton(BeepButton *button, QQuickItem *image)
 {
     if (!button)
         return;
-    const qreal opacity = !button->isEnabled() ? 0.4 : button->isPressed() ? 0.6 : 1.0;
+    const qreal opacity = !button->isEnabled() ? 0.4 : button->pressFade();
     button->setOpacity(opacity);
     if (image)
         image->setOpacity(opacity);

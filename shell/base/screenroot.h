@@ -15,13 +15,6 @@ public:
     /// The column that holds the cards, or null.
     static QQuickItem *cardColumn();
 
-    /// Runs @p slot of @p receiver whenever the root is shown or hidden; nothing without a root.
-    template <class Receiver, class Slot> static void onVisibleChanged(Receiver *receiver, Slot slot)
-    {
-        if (QQuickItem *root = item())
-            QObject::connect(root, &QQuickItem::visibleChanged, receiver, slot);
-    }
-
     static void setItem(QQuickItem *item);
     static void setCardColumn(QQuickItem *column);
 };

@@ -41,9 +41,9 @@ bool VkbManager::loadOnce()
 
 void VkbManager::showVkb(bool show)
 {
-    if (!show)
-        hide();
-    else if (loadOnce())
+    if (!show && isLoaded())
+        endEdit();
+    else if (show && loadOnce())
         this->show();
 }
 
@@ -62,18 +62,11 @@ void VkbManager::show()
     m_keyboard->show(true);
 }
 
-void VkbManager::hide()
-{
-    if (!isLoaded())
-        return;
-    takeFocus();
-    m_keyboard->show(false);
-}
-
 void VkbManager::endEdit()
 {
     takeFocus();
-    hide();
+    if (isLoaded())
+        m_keyboard->show(false);
 }
 
 void VkbManager::takeFocus() const

@@ -52,7 +52,6 @@ private:
     bool isLoaded() const { return m_keyboard && m_window; }
     bool loadOnce();
     void show();
-    void hide();
     void takeFocus() const;
     void slideColumn();
 

@@ -50,6 +50,23 @@ struct TwoScreens : CardScene {
     }
     static QString firstDns(const AppRootItem *root) { return dnsInput(root)->ip(); }
 
+    /// The password dialog on the older screen.
+    QSP::Dialog *askForPassword() const
+    {
+        older->setCurrentPage(Page::Network);
+        cardOf<QSP::CardNetwork>(older, Cards::Network)->setCurrentNIC(HMI::SystemSet::WIFI);
+        older->setCurrentPage(Page::Wifi);
+        auto *page = cardOf<QSP::CardWifi>(older, Cards::Wifi);
+        Operator::settle();
+        Operator::tap(page->property("scanButton").value<QQuickItem *>());
+        WifiScene::report("scanWifi");
+        Operator::settle();
+        Operator::tap(
+            Operator::ancestorOf(Operator::byText(page, QStringLiteral("Maintenance")), "QSP::WifiRow"));
+        Operator::settle();
+        return page->findChild<QSP::Dialog *>();
+    }
+
     ImplSystemSet another;
     AppRootItem *older;
     AppRootItem *newer = nullptr;
@@ -68,6 +85,8 @@ private slots:
     void openingRereads();
     void popupsStandOnTheirScreen();
     void popupsCloseWithTheirScreen();
+    void passwordDialogClosesWithItsScreen();
+    void popupsAreDisabledWithTheirScreen();
     void wifiPageStandsOnItsScreen();
     void joiningTellsItsNetworkCard();
     void editEndsOnItsScreen();
@@ -179,6 +198,36 @@ void TestTwoRoots::popupsCloseWithTheirScreen()
     QTRY_VERIFY(isListShown());
     screens.older->close();
     QTRY_VERIFY(!isListShown());
+}
+
+void TestTwoRoots::passwordDialogClosesWithItsScreen()
+{
+    TwoScreens screens;
+    QSP::Dialog *dialog = screens.askForPassword();
+    screens.newer->close();
+    QVERIFY(dialog->isOpened());
+    screens.older->close();
+    QTRY_VERIFY(!dialog->isVisible());
+}
+
+void TestTwoRoots::popupsAreDisabledWithTheirScreen()
+{
+    TwoScreens screens;
+    QSP::Dialog *dialog = screens.askForPassword();
+    QQuickItem *button = Operator::byClass(dialog->contentItem(), "QSP::BeepButton");
+    screens.older->setEnabled(false);
+    Operator::tap(button);
+    QVERIFY(dialog->isOpened());
+    screens.older->setEnabled(true);
+    screens.newer->setEnabled(false);
+    Operator::tap(button);
+    QTRY_VERIFY(!dialog->isVisible());
+
+    // One that is opened later is no exception.
+    screens.older->setEnabled(false);
+    dialog->open();
+    QTRY_VERIFY(dialog->isOpened());
+    QVERIFY(!dialog->isEnabled());
 }
 
 void TestTwoRoots::wifiPageStandsOnItsScreen()

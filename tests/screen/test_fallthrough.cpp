@@ -131,6 +131,7 @@ private slots:
     void nothingReachesThePagePastADialog_data() { addWays(); }
     void nothingReachesThePagePastADialog();
     void hoverReachesNoHandler();
+    void pointerIsNotShapedByThePage();
     void noDragIsTakenOver();
     void disabledPageHearsNothingAtAll();
 
@@ -275,6 +276,20 @@ void TestFallThrough::hoverReachesNoHandler()
         QTest::mouseMove(m_screen->window(), point);
     QCoreApplication::processEvents();
     QCOMPARE(heard(), QString());
+}
+
+void TestFallThrough::pointerIsNotShapedByThePage()
+{
+    putUnderneath("areas");
+    // The area that lies on the page.
+    m_page->childItems().first()->setCursor(Qt::IBeamCursor);
+    QTest::mouseMove(m_screen->window(), bareSpot);
+    QCOMPARE(m_screen->window()->cursor().shape(), Qt::IBeamCursor);
+    m_screen->open();
+    for (const QPoint &point : {QPoint(600, 36), QPoint(100, 430), bareSpot}) {
+        QTest::mouseMove(m_screen->window(), point);
+        QCOMPARE(m_screen->window()->cursor().shape(), Qt::ArrowCursor);
+    }
 }
 
 void TestFallThrough::noDragIsTakenOver()

@@ -182,10 +182,11 @@ void TestPressed::toPage(const QString &entry)
     if (!menu->isVisible())
         tap(Operator::byClass(alias(m_screen->root(), "titleBar"), "QSP::BeepButton"));
     tap(Operator::byText(menu, entry));
-    // A clock that goes on would change the picture by itself.
+    // A clock that goes on would change the picture by itself. One that is stopped on its way to the beginning
+    // of the next second starts again there.
     const auto timers = m_screen->root()->findChildren<QTimer *>();
     for (QTimer *timer : timers)
-        timer->stop();
+        timer->blockSignals(true);
 }
 
 QQuickItem *TestPressed::topPopup() const

@@ -47,7 +47,7 @@ CardTime {
             horizontalAlignment: Text.AlignRight
             // A clock that nobody sees must not cost a frame a second.
             text: _card.visible ? _card.currentDateTime : ""
-            opacity: _edit.pressed ? 0.6 : 1.0
+            opacity: _edit.pressFade
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
             color: "#3482FF"

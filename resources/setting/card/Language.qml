@@ -68,7 +68,7 @@ CardLanguage {
                     id: _content
 
                     // The marked row has the ground of a pressed one already.
-                    opacity: _row.pressed ? 0.6 : 1.0
+                    opacity: _row.pressFade
 
                     Image {
                         id: _tick

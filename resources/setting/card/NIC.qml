@@ -99,7 +99,7 @@ CardNIC {
                 anchors.rightMargin: _card.fieldMargin
                 width: 1.5 * height
                 height: _pingTestRow.height
-                opacity: pressed || !enabled ? 0.6 : 1.0
+                opacity: enabled ? pressFade : 0.6
 
                 Text {
                     id: _testButtonText

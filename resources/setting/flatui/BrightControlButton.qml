@@ -15,6 +15,6 @@ BrightButton {
     background: Image {
         source: _button.iconSource
         fillMode: Image.PreserveAspectFit
-        opacity: _button.pressed ? 0.6 : 1.0
+        opacity: _button.pressFade
     }
 }

@@ -7,7 +7,7 @@ BeepButton {
     property alias imgUrl: _icon.source
 
     // All of it: the background alone lies on its own colour.
-    opacity: pressed ? 0.6 : 1.0
+    opacity: pressFade
 
     background: Rectangle {
         radius: 12

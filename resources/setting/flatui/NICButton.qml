@@ -8,7 +8,7 @@ BeepButton {
     property alias fontSize: _text.font.pixelSize
 
     width: _text.width + 20
-    opacity: pressed ? 0.6 : 1.0
+    opacity: pressFade
 
     background: Rectangle {
         radius: 4
