@@ -13,7 +13,7 @@ namespace {
 int g_ordered = 0;
 int g_raced = 0;
 
-// Handed over by the queue alone.
+// Handed over by the queue alone: waiting for events would read what the other thread wrote to wake this one.
 void passOn(QCoreApplication &app)
 {
     bool isCalled = false;
@@ -25,7 +25,7 @@ void passOn(QCoreApplication &app)
         call();
     });
     while (!isCalled)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents();
     thread.join();
 }
 
@@ -41,7 +41,7 @@ void race(QCoreApplication &app)
         ++g_raced;
     });
     while (!isCalled)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents();
     thread.join();
 }
 
