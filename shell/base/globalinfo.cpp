@@ -3,6 +3,7 @@
 #include "hmi/systemset.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QTranslator>
 #include <QtGui/QScreen>
 #include <QtQml/QQmlEngine>
@@ -15,6 +16,16 @@ namespace {
 HMI::SystemSet &service()
 {
     return MeyerSingleton<HMI::SystemSet>::instance();
+}
+
+// A language without a catalogue of its own gets the Chinese one.
+QString catalogueOf(const QLocale &locale)
+{
+    static const QString TRANSLATION_PATH = QStringLiteral(":/setting/translations/settings.qm");
+
+    const QString language = locale.name().section(QLatin1Char('_'), 0, 0);
+    const QString own = QStringLiteral(":/setting/translations/settings_%1.qm").arg(language);
+    return QFile::exists(own) ? own : TRANSLATION_PATH;
 }
 
 } // namespace
@@ -55,15 +66,13 @@ void GlobalInfo::checkExternalLanguageChange()
 
 void GlobalInfo::loadTranslationForLocale(const QLocale &locale)
 {
-    static const QString TRANSLATION_PATH = QStringLiteral(":/setting/translations/settings.qm");
-
     if (m_translator)
         QCoreApplication::removeTranslator(m_translator);
     if (locale.language() == QLocale::English)
         return;
     if (!m_translator)
         m_translator = new QTranslator(QCoreApplication::instance());
-    if (m_translator->load(TRANSLATION_PATH, QString(), QString(), QString()))
+    if (m_translator->load(catalogueOf(locale), QString(), QString(), QString()))
         QCoreApplication::installTranslator(m_translator);
 }
 

@@ -34,7 +34,7 @@ public:
     /// Follows a language that was chosen elsewhere on the panel. Writes nothing back.
     Q_INVOKABLE void checkExternalLanguageChange();
 
-    /// Removes the translation for English; installs the catalogue for any other language.
+    /// Removes the translation for English; installs the catalogue of any other language: its own, else the Chinese one.
     void loadTranslationForLocale(const QLocale &locale);
 
     /// Size given by the host, in pixels; -1 before it is known.

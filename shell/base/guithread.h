@@ -1,7 +1,6 @@
 #pragma once
 
 #include "shell/base/guigate.h"
-#include "shell/base/handover.h"
 
 #include <QtCore/QPointer>
 
@@ -25,11 +24,7 @@ template <class Object, class Work> auto onGuiThread(Object *object, Work work)
         // Shared, because a report may carry what cannot be copied, such as a unique_ptr.
         auto kept = std::make_shared<std::tuple<std::decay_t<decltype(arguments)>...>>(
             std::forward<decltype(arguments)>(arguments)...);
-        const HandOver queued;
         GuiGate::post([guard, work, kept] {
-            {
-                const HandOver taken;
-            }
             if (guard)
                 std::apply([&](auto &...values) { work(guard.data(), std::move(values)...); }, *kept);
         });

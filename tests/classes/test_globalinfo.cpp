@@ -45,6 +45,7 @@ private slots:
     void sameLocaleDoesNothing();
     void chineseAndBack();
     void everyOtherLanguageIsEnglishToTheService();
+    void aLanguageWithACatalogueOfItsOwn();
     void followsTheLanguageChosenElsewhere_data();
     void followsTheLanguageChosenElsewhere();
     void translationPrecedesOtherReceivers();
@@ -111,6 +112,19 @@ void TestGlobalInfo::everyOtherLanguageIsEnglishToTheService()
     QCOMPARE(Journal::calls(), QStringList{QStringLiteral("setLanguage(ENGLISH)")});
     QCOMPARE(translatedGeneral(), QStringLiteral("通用设置"));
     info.setLocale(Locales::english());
+}
+
+void TestGlobalInfo::aLanguageWithACatalogueOfItsOwn()
+{
+    GlobalInfo &info = GlobalInfo::instance();
+    info.setLocale(QLocale(QLocale::Esperanto));
+    QCOMPARE(translatedGeneral(), QStringLiteral("Ĝenerala"));
+    info.setLocale(Locales::chinese());
+    QCOMPARE(translatedGeneral(), QStringLiteral("通用设置"));
+    info.setLocale(QLocale(QLocale::Esperanto));
+    QCOMPARE(translatedGeneral(), QStringLiteral("Ĝenerala"));
+    info.setLocale(Locales::english());
+    QCOMPARE(translatedGeneral(), QStringLiteral("General"));
 }
 
 void TestGlobalInfo::followsTheLanguageChosenElsewhere_data()
