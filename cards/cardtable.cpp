@@ -16,6 +16,7 @@
 #include "controls/cipinput.h"
 #include "controls/combobox.h"
 #include "controls/dialog.h"
+#include "controls/stepslider.h"
 #include "shell/cardinfo.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
@@ -32,6 +33,7 @@ template <> void CardInfo<CardKind::Brightness>::registerTypes()
 {
     qmlRegisterType<CardBrightness>("QQuickSystemSet", 1, 0, "CardBrightness");
     BrightButton::registerType();
+    StepSlider::registerType();
 }
 
 template <> QUrl CardInfo<CardKind::Time>::document()

@@ -8,6 +8,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImageReader>
 #include <QtQml/QQmlEngine>
+#include <QtQuickTemplates2/private/qquickscrollbar_p.h>
 
 namespace {
 
@@ -34,6 +35,11 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
 
     static const int rootType = qmlRegisterType<QSP::AppRootItem>("QQuickSystemSet", 1, 0, "AppRootItem");
     Q_UNUSED(rootType)
+    // With all that the toolkit added to its scroll bar until version 2.4. Importing the toolkit's own module
+    // for this one type would take a good tenth of the whole start.
+    static const int scrollBarType =
+        qmlRegisterType<QQuickScrollBar, 4>("QQuickSystemSet.Toolkit", 1, 0, "ScrollBar");
+    Q_UNUSED(scrollBarType)
     static QSP::EmbeddedComponent s_component;
     const QUrl document(QStringLiteral("qrc:/setting/main.qml"));
     if (s_component.prefetch(document, engine))

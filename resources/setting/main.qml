@@ -1,6 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
-import "flatui" as FlatUI
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 // Width and height come from the host before the document is completed; a binding would override them.
 AppRootItem {
@@ -16,7 +16,7 @@ AppRootItem {
     property alias cardsParent: _cardLayout
     property alias cardPool: _cardPool
     property alias settingsText: _settingsText
-    property alias scrollBarTouchItem: _scrollBar.touchItem
+    property alias scrollBarTouchItem: _scrollBar
 
     visible: false
 
@@ -118,6 +118,7 @@ AppRootItem {
         boundsBehavior: Flickable.StopAtBounds
         // A page that fits answers to a tap at once instead of waiting whether it becomes a scroll.
         interactive: contentHeight + bottomMargin > height
+        Toolkit.ScrollBar.vertical: _scrollBar
 
         Column {
             id: _cardLayout
@@ -127,13 +128,22 @@ AppRootItem {
         }
     }
 
-    FlatUI.ScrollBar {
+    Toolkit.ScrollBar {
         id: _scrollBar
 
         anchors.top: _cardPool.top
         anchors.bottom: _cardPool.bottom
         anchors.right: parent.right
         anchors.rightMargin: 4
-        flickable: _cardPool
+        width: 12
+        leftPadding: 3
+        rightPadding: 3
+        minimumSize: 24 / Math.max(24, height)
+        visible: _cardPool.visible && size < 1.0
+
+        contentItem: Rectangle {
+            radius: width / 2
+            color: _scrollBar.pressed ? "#86909C" : "#C9CDD4"
+        }
     }
 }

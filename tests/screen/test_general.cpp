@@ -27,6 +27,8 @@ private slots:
     void stepAtTheEndSavesAlone();
     void holdSteps();
     void holdIsTakenBack();
+    void pressedHandleIsSeen_data() { addSizes(); }
+    void pressedHandleIsSeen();
     void sliderFollowsTheFinger();
     void sliderByTouch();
     void sliderBeepsIfTheBuzzerIsOn();
@@ -205,6 +207,29 @@ void TestGeneral::holdIsTakenBack()
     HmiSimulator::clearJournal();
     Operator::settle(500);
     QCOMPARE(brightCalls(), QStringList());
+}
+
+// From where the finger hides the half of it.
+void TestGeneral::pressedHandleIsSeen()
+{
+    QFETCH(QSize, size);
+    build(size);
+    auto *handle = slider()->property("handle").value<QQuickItem *>();
+    const QRect half =
+        handle->mapRectToScene({0.0, 0.0, handle->width(), handle->height() / 2.0}).toAlignedRect();
+    const auto seen = [&] { return Operator::picture(m_fixture->window()).copy(half); };
+    const QImage before = seen();
+    Operator::press(handle);
+    QVERIFY(slider()->property("pressed").toBool());
+    const QImage during = seen();
+    Operator::release(handle);
+    int changed = 0;
+    for (int y = 0; y < half.height(); ++y) {
+        for (int x = 0; x < half.width(); ++x)
+            changed += qAbs(qRed(before.pixel(x, y)) - qRed(during.pixel(x, y))) >= 48;
+    }
+    QVERIFY2(2 * changed > half.width() * half.height(), qPrintable(QString::number(changed)));
+    QCOMPARE(seen(), before);
 }
 
 void TestGeneral::sliderFollowsTheFinger()

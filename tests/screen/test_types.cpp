@@ -7,12 +7,12 @@
 
 namespace {
 
-QStringList registeredTypes()
+QStringList registeredTypes(const char *module = "QQuickSystemSet")
 {
     QStringList names;
     const auto types = QQmlMetaType::qmlTypes();
     for (const QQmlType &type : types) {
-        if (type.module() == QLatin1String("QQuickSystemSet"))
+        if (type.module() == QLatin1String(module))
             names << type.elementName();
     }
     names.sort();
@@ -41,6 +41,10 @@ void TestTypes::registersLazily()
     QStringList expected{QStringLiteral("AppRootItem"), QStringLiteral("BeepButton")};
     QCOMPARE(registeredTypes(), expected);
 
+    // What the first page needs of the toolkit's controls, without importing their module.
+    constexpr char toolkit[] = "QQuickSystemSet.Toolkit";
+    QCOMPARE(registeredTypes(toolkit), QStringList{QStringLiteral("ScrollBar")});
+
     // A page brings exactly its own types; a second showing brings none.
     const QVector<QPair<QString, QStringList>> pages{
         {QStringLiteral("General"),
@@ -61,10 +65,15 @@ void TestTypes::registersLazily()
                 expected << page.second;
             expected.sort();
             QCOMPARE(registeredTypes(), expected);
+            if (page.first == QLatin1String("General"))
+                QCOMPARE(registeredTypes("QtQuick.Templates"), QStringList());
             auto *titleBar = fixture.root()->property("titleBar").value<QQuickItem *>();
             Operator::tap(Operator::byClass(titleBar, "QSP::BeepButton"));
         }
     }
+
+    QCOMPARE(registeredTypes(toolkit),
+             (QStringList{QStringLiteral("ScrollBar"), QStringLiteral("StepSlider")}));
 
     fixture.tapMenu(QStringLiteral("Network"));
     fixture.tapText(QStringLiteral("Wi-Fi"));

@@ -13,7 +13,8 @@ constexpr int hideKey = 0x100000;
 bool isPressable(const QQuickItem *item)
 {
     return item->inherits("QQuickAbstractButton") || item->inherits("QQuickTextInput") ||
-           item->inherits("QQuickComboBox") || item->inherits("QQuickMouseArea");
+           item->inherits("QQuickComboBox") || item->inherits("QQuickSlider") ||
+           item->inherits("QQuickScrollBar");
 }
 
 QRectF placeOf(const QQuickItem *item)
@@ -147,14 +148,11 @@ QRectF TouchCheck::measure(const QQuickItem *item, const QRectF &drawn) const
 QVector<TouchCheck::Place> TouchCheck::places() const
 {
     QVector<Place> found;
-    const QRectF whole = placeOf(m_fixture.root());
     const auto items = Operator::items(
         layer(), [](const QQuickItem *item) { return item->isVisible() && isPressable(item); });
     for (QQuickItem *item : items) {
         const QRectF drawn = visiblePart(item);
-        // What takes the presses that nothing else takes is no control.
-        const bool isGround = item->inherits("QQuickMouseArea") && placeOf(item).contains(whole);
-        if (!isGround && drawn.width() >= 1.0 && drawn.height() >= 1.0)
+        if (drawn.width() >= 1.0 && drawn.height() >= 1.0)
             found.append({item, drawn, {}});
     }
     return found;

@@ -7,7 +7,7 @@ CardBrightness {
 
     readonly property int rowHeight: brightnessTitleRowHeight
     property alias titleText: _title.label
-    property alias sliderTouchItem: _slider.touchItem
+    property alias sliderTouchItem: _slider
 
     height: Math.round(_content.y + _content.height)
     held: _minus.pressed || _slider.pressed || _plus.pressed
@@ -48,12 +48,18 @@ CardBrightness {
             height: _content.height
             from: 1
             to: 32
-            // A level from outside may lie beyond the ends; that is shown, not corrected.
-            value: Math.max(from, Math.min(to, _card.brightnessValue))
+            value: _card.brightnessValue
             handleSize: Math.round(0.55 * _card.rowHeight)
-            background.height: Math.round(0.18 * _card.rowHeight)
-            onMoved: _card.brightnessValue = step
-            onGrabbed: _card.beepIfOn()
+            grooveHeight: Math.round(0.18 * _card.rowHeight)
+            // A level from outside may lie beyond the ends; that is shown, not corrected.
+            onValueChanged: {
+                if (pressed)
+                    _card.brightnessValue = value;
+            }
+            onPressedChanged: {
+                if (pressed)
+                    _card.beepIfOn();
+            }
         }
 
         Item {
