@@ -1,6 +1,6 @@
 #include "controls/stepslider.h"
 
-#include "cards/device/cardbrightness.h"
+#include "cards/general/cardbrightness.h"
 #include "shell/approotitem.h"
 #include "tests/classes/cardscene.h"
 #include "tests/support/journal.h"
