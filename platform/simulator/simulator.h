@@ -120,7 +120,7 @@ HMI_EXPORT std::vector<Entry> journal();
 /// How many entries had to go since clearJournal().
 HMI_EXPORT std::uint64_t journalDropped();
 /// The texts of all calls (actions, and getters when they are recorded; no reports).
-/// Texts are UTF-8; other bytes of network names are written \xNN.
+/// Texts are UTF-8; any other byte of a network name is written as a backslash, an x and two digits.
 HMI_EXPORT std::vector<std::string> calls();
 /// The texts of calls to one operation, for example "setBright".
 HMI_EXPORT std::vector<std::string> calls(const std::string &operation);

@@ -1,4 +1,4 @@
-// What catalogues translate and no text of the screen asks for. Not compiled; read by update_translations.
+// What catalogues translate and no text of the screen asks for. Never included; read by update_translations.
 
 namespace {
 
