@@ -27,7 +27,7 @@ void StepSlider::touchEvent(QTouchEvent *event)
 // Past the slider's own handler, which moves the handle at once and keeps the page from scrolling.
 void StepSlider::mousePressEvent(QMouseEvent *event)
 {
-    QQuickControl::mousePressEvent(event);
+    QQuickControl::mousePressEvent(event); // clazy:exclude=skipped-base-method
     setKeepMouseGrab(false);
     m_pressedAt = event->localPos().x();
     m_hold = 0.0;

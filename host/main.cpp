@@ -77,6 +77,8 @@ int main(int argc, char **argv)
 
     if (!options->scenario.isEmpty() && !PanelService::loadScenario(options->scenario, &error))
         return complain(error, wronglyCalled);
+    if (options->isJournalWanted && !PanelService::printJournal(&error))
+        return complain(error, wronglyCalled);
 
     if (options->isTour())
         MessageWatch::install();

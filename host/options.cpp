@@ -81,6 +81,8 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
             options.isHelpWanted = true;
         } else if (name == QLatin1String("--open")) {
             options.isOpenWanted = true;
+        } else if (name == QLatin1String("--journal")) {
+            options.isJournalWanted = true;
         } else if (name == QLatin1String("--vnc")) {
             if (!readPort(reader.value(), &options.vncPort))
                 return fail(QStringLiteral("a port is a number up to 65535"));
@@ -133,6 +135,7 @@ QString Options::help()
         "  --as NAME          application name; \"vistor\" is offered Exit in place of Reboot\n"
         "  --language en|zh   language chosen elsewhere on the panel (en)\n"
         "  --open             begin with the settings open\n"
+        "  --journal          print what is asked of the simulated panel and what it reports\n"
         "  --library FILE     the settings screen to load, if not the one that belongs here;\n"
         "                     a name without a slash is searched where the system has its\n"
         "                     libraries, so write ./FILE for one in the current directory\n"

@@ -18,6 +18,8 @@ struct Options {
     QString tourDirectory;
     /// Port to serve VNC on; 0 is any free one.
     std::optional<quint16> vncPort;
+    /// What the screen asks of the simulated panel, and what it reports, is printed.
+    bool isJournalWanted = false;
     /// The panel begins with the settings open.
     bool isOpenWanted = false;
     bool isHelpWanted = false;

@@ -5,27 +5,57 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QLibrary>
+#include <QtCore/QTime>
 
 #include <array>
+#include <cstdio>
 
 namespace PanelService {
 
+namespace {
+
+// Looked up by name, since only a simulated service has it: this host also runs with a real one.
+template <class Function> Function resolve(const char *symbol, const char *what, QString *error)
+{
+    QLibrary service(QStringLiteral("hmisystemset"));
+    const auto function = reinterpret_cast<Function>(service.resolve(symbol));
+    if (!function)
+        *error =
+            QStringLiteral("the service library of this panel is no simulator, it ") + QLatin1String(what);
+    return function;
+}
+
+// On any thread. One call of the library, so that lines do not mix.
+void printEntry(int isReport, const char *text)
+{
+    const QByteArray now = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")).toUtf8();
+    std::printf("%s %s %s\n", now.constData(), isReport ? "<-" : "->", text);
+    std::fflush(stdout);
+}
+
+} // namespace
+
 bool loadScenario(const QString &file, QString *error)
 {
-    // Looked up by name, since only a simulated service has it: this host also runs with a real one.
     using LoadScenario = int (*)(const char *path, char *error, int errorSize);
-    QLibrary service(QStringLiteral("hmisystemset"));
-    const auto load = reinterpret_cast<LoadScenario>(service.resolve("HmiSimulatorLoadScenario"));
-    if (!load) {
-        *error = QStringLiteral("the service library of this panel is no simulator, it takes no scenario");
+    const auto load = resolve<LoadScenario>("HmiSimulatorLoadScenario", "takes no scenario", error);
+    if (!load)
         return false;
-    }
 
     std::array<char, 1024> reason{};
     if (load(QFile::encodeName(file).constData(), reason.data(), static_cast<int>(reason.size())) == 0)
         return true;
     *error = QString::fromUtf8(reason.data());
     return false;
+}
+
+bool printJournal(QString *error)
+{
+    using WatchJournal = void (*)(void (*line)(int isReport, const char *text));
+    const auto watch = resolve<WatchJournal>("HmiSimulatorWatchJournal", "keeps no journal", error);
+    if (watch)
+        watch(&printEntry);
+    return watch != nullptr;
 }
 
 void setLanguage(Options::Language language)

@@ -12,6 +12,10 @@ namespace PanelService {
 /// the reason in @p error, when the file is refused or the panel is not simulated.
 bool loadScenario(const QString &file, QString *error);
 
+/// Prints every call of the simulated panel and every report from it, with the time, as it comes. False, with
+/// the reason in @p error, when the panel is not simulated.
+bool printJournal(QString *error);
+
 /// Chooses the panel's language, as another page of the panel would.
 void setLanguage(Options::Language language);
 

@@ -218,6 +218,11 @@ std::vector<std::string> reports()
     return textsOf([](const Entry &entry) { return entry.kind == Kind::Report; });
 }
 
+void watchJournal(std::function<void(const Entry &)> watcher)
+{
+    core().journal().watch(std::move(watcher));
+}
+
 void clearJournal()
 {
     core().journal().clear();
@@ -239,4 +244,13 @@ int HmiSimulatorLoadScenario(const char *path, char *error, int errorSize)
         error[length] = '\0';
     }
     return loaded ? 0 : 1;
+}
+
+void HmiSimulatorWatchJournal(void (*line)(int isReport, const char *text))
+{
+    if (line == nullptr)
+        return HmiSimulator::watchJournal(nullptr);
+    HmiSimulator::watchJournal([line](const HmiSimulator::Entry &entry) {
+        line(entry.kind == HmiSimulator::Kind::Report ? 1 : 0, entry.text().c_str());
+    });
 }

@@ -31,6 +31,14 @@ void Journal::record(Kind kind, std::string operation, std::vector<std::string> 
     }
     m_entries.push_back(
         {++m_sequence, kind, std::move(operation), std::move(arguments), thread == getpid(), thread});
+    if (m_watcher)
+        m_watcher(m_entries.back());
+}
+
+void Journal::watch(std::function<void(const Entry &)> watcher)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_watcher = std::move(watcher);
 }
 
 std::vector<Entry> Journal::entries() const

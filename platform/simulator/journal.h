@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <deque>
+#include <functional>
 #include <mutex>
 
 namespace HmiSimulator {
@@ -20,10 +21,12 @@ public:
     std::vector<Entry> entries() const;
     std::uint64_t dropped() const;
     void clear();
+    void watch(std::function<void(const Entry &)> watcher);
 
 private:
     mutable std::mutex m_mutex;
     std::deque<Entry> m_entries;
+    std::function<void(const Entry &)> m_watcher;
     std::uint64_t m_sequence = 0;
     std::uint64_t m_dropped = 0;
     std::atomic<bool> m_getters{false};

@@ -127,6 +127,9 @@ HMI_EXPORT std::vector<std::string> calls(const std::string &operation);
 /// The texts of the reports made: "setDHCP(LAN0, DHCP_OK)".
 HMI_EXPORT std::vector<std::string> reports();
 HMI_EXPORT void clearJournal();
+/// Tells every further entry to @p watcher at once, on the thread and in the order in which it is made; null
+/// ends that. The watcher must not call the service, nor anything here.
+HMI_EXPORT void watchJournal(std::function<void(const Entry &)> watcher);
 HMI_EXPORT void setGettersRecorded(bool on);
 
 } // namespace HmiSimulator
@@ -137,4 +140,8 @@ extern "C" {
 /// symbol up in it; a library without it is no simulator. Returns 0 on success. Else @p error, when
 /// not null, receives the reason: UTF-8, cut to @p errorSize bytes with the terminating NUL.
 HMI_EXPORT int HmiSimulatorLoadScenario(const char *path, char *error, int errorSize);
+
+/// watchJournal() for such a host: @p line gets each entry's text, and whether it is a report of the panel (1)
+/// or a call of the screen (0). Null ends that.
+HMI_EXPORT void HmiSimulatorWatchJournal(void (*line)(int isReport, const char *text));
 }

@@ -44,6 +44,7 @@ class Options(unittest.TestCase):
 
     def test_values_too_many(self):
         self.assert_refused(["--help=please"], "--help", "takes no value")
+        self.assert_refused(["--journal=please"], "--journal", "takes no value")
 
     def test_language(self):
         self.assert_refused(["--language", "fr"], "--language", "fr")

@@ -22,18 +22,29 @@ class Tour(unittest.TestCase):
             album.mkdir(parents=True)
             for name in ("98-old.png", "notes.png"):
                 (album / name).write_bytes(b"")
-            code, out, err = run("--size", f"{width}x{height}", "--tour", album, "--scenario", SCENARIOS / "quick.json")
+            code, out, err = run("--size", f"{width}x{height}", "--tour", album, "--journal",
+                                 "--scenario", SCENARIOS / "quick.json")
             self.assertEqual(code, 0, err)
             self.assertEqual(err, "")
             (album / "notes.png").unlink()  # only the pictures of earlier tours went
             pictures = sorted(album.iterdir())
             self.assertIn(f"{len(pictures)} pictures", out)
+            self.check_journal(out)
             for number, picture in enumerate(pictures, 1):
                 self.assertRegex(picture.name, rf"^{number:02}-[a-z0-9-]+\.png$")
                 self.assertEqual(size_of(picture), (width, height), picture.name)
             return [re.sub(r"^\d+-|\.png$", "", picture.name) for picture in pictures], {
                 picture.name[3:-4]: picture.read_bytes() for picture in pictures
             }
+
+    def check_journal(self, out):
+        lines = [line for line in out.splitlines() if re.match(r"\d\d:\d\d:\d\d\.\d{3} (->|<-) \w+\(.*\)$", line)]
+        entries = [line.split(" ", 1)[1] for line in lines]
+        self.assertEqual(entries[0], "-> setLanguage(ENGLISH)")
+        self.assertIn("-> scanWifi()", entries)
+        self.assertTrue(any(entry.startswith("<- scanWifi(") for entry in entries), entries)
+        # Passwords are typed on the way.
+        self.assertIn("-> connectWifi(\"Maintenance\", ****)", entries)
 
     def check(self, names, pictures, *also):
         for name in ("general", "network", "language", "version"):
