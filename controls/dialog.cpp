@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/qmltype.h"
 #include "shell/base/screenroot.h"
 
 #include <QtGui/QGuiApplication>
@@ -77,8 +78,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
 
 void Dialog::registerType()
 {
-    static const int _registered = qmlRegisterType<Dialog>("QQuickSystemSet", 1, 0, "Dialog");
-    Q_UNUSED(_registered)
+    registerQmlType<Dialog>();
 }
 
 QString Dialog::title() const

@@ -3,6 +3,7 @@
 #include "shell/approotitem.h"
 #include "shell/base/embeddedcomponent.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/qmltype.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
@@ -32,8 +33,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
 
     QSP::GlobalInfo &info = QSP::GlobalInfo::instance();
 
-    static const int rootType = qmlRegisterType<QSP::AppRootItem>("QQuickSystemSet", 1, 0, "AppRootItem");
-    Q_UNUSED(rootType)
+    QSP::registerQmlType<QSP::AppRootItem>();
     static QSP::EmbeddedComponent s_component;
     const QUrl document(QStringLiteral("qrc:/setting/main.qml"));
     if (s_component.prefetch(document, engine))
