@@ -17,6 +17,7 @@
 #include "controls/combobox.h"
 #include "controls/dialog.h"
 #include "controls/stepslider.h"
+#include "shell/base/qmltype.h"
 #include "shell/cardinfo.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
@@ -24,152 +25,32 @@
 
 namespace QSP {
 
-template <> QUrl CardInfo<CardKind::Brightness>::document()
-{
-    return QStringLiteral("qrc:/setting/card/Brightness.qml");
-}
-
-template <> void CardInfo<CardKind::Brightness>::registerTypes()
-{
-    qmlRegisterType<CardBrightness>("QQuickSystemSet", 1, 0, "CardBrightness");
-    BrightButton::registerType();
-    StepSlider::registerType();
-}
-
-template <> QUrl CardInfo<CardKind::Time>::document()
-{
-    return QStringLiteral("qrc:/setting/card/DateTime.qml");
-}
-
-template <> void CardInfo<CardKind::Time>::registerTypes()
-{
-    qmlRegisterType<CardTime>("QQuickSystemSet", 1, 0, "CardTime");
-}
-
-template <> QUrl CardInfo<CardKind::Buzzer>::document()
-{
-    return QStringLiteral("qrc:/setting/card/Buzzer.qml");
-}
-
-template <> void CardInfo<CardKind::Buzzer>::registerTypes()
-{
-    qmlRegisterType<CardBuzzer>("QQuickSystemSet", 1, 0, "CardBuzzer");
-    BeepSwitch::registerType();
-}
-
-template <> QUrl CardInfo<CardKind::Network>::document()
-{
-    return QUrl(QStringLiteral("qrc:/setting/card/Network.qml"));
-}
-
-template <> void CardInfo<CardKind::Network>::registerTypes()
-{
-    qmlRegisterType<CardNetwork>("QQuickSystemSet", 1, 0, "CardNetwork");
-    BeepSwitch::registerType();
-    CIpInput::registerType();
-    // For queued connections and documents.
-    qRegisterMetaType<HMI::SystemSet::NIC>("HMI::SystemSet::NIC");
-}
-
-template <> QUrl CardInfo<CardKind::NIC>::document()
-{
-    return QUrl(QStringLiteral("qrc:/setting/card/NIC.qml"));
-}
-
-template <> void CardInfo<CardKind::NIC>::registerTypes()
-{
-    qmlRegisterType<CardNIC>("QQuickSystemSet", 1, 0, "CardNIC");
-    ComboBox::registerType();
-    Dialog::registerType();
-}
-
-template <> QUrl CardInfo<CardKind::DNS>::document()
-{
-    return QUrl(QStringLiteral("qrc:/setting/card/DNS.qml"));
-}
-
-template <> void CardInfo<CardKind::DNS>::registerTypes()
-{
-    qmlRegisterType<CardDNS>("QQuickSystemSet", 1, 0, "CardDNS");
-    CIpInput::registerType();
-}
-
-template <> QUrl CardInfo<CardKind::Version>::document()
-{
-    return QUrl(QStringLiteral("qrc:/setting/card/Version.qml"));
-}
-
-template <> void CardInfo<CardKind::Version>::registerTypes()
-{
-    qmlRegisterType<CardVersion>("QQuickSystemSet", 1, 0, "CardVersion");
-}
-
-template <> QUrl CardInfo<CardKind::Language>::document()
-{
-    return QUrl(QStringLiteral("qrc:/setting/card/Language.qml"));
-}
-
-template <> void CardInfo<CardKind::Language>::registerTypes()
-{
-    qmlRegisterType<CardLanguage>("QQuickSystemSet", 1, 0, "CardLanguage");
-    qmlRegisterType<LanguageModel>("QQuickSystemSet", 1, 0, "LanguageModel");
-}
-
-template <> QUrl CardInfo<CardKind::Wifi>::document()
-{
-    return QStringLiteral("qrc:/setting/card/Wifi.qml");
-}
-
-template <> void CardInfo<CardKind::Wifi>::registerTypes()
-{
-    qmlRegisterType<CardWifi>("QQuickSystemSet", 1, 0, "CardWifi");
-    Dialog::registerType();
-}
-
 namespace {
 
 // A tunnel has neither servers of names of its own, nor can it be the default adapter.
-bool isVpnSelected(const AppRootItem *root)
+bool isNoVpnSelected(AppRootItem *root)
 {
     const CardNetwork *network = CardLinks::network(root);
-    return network && network->currentNIC() == HMI::SystemSet::VPN;
+    return !network || network->currentNIC() != HMI::SystemSet::VPN;
 }
 
-} // namespace
-
-template <> void CardInfo<CardKind::Network>::wire(AppRootItem *root, QQuickItem *card)
+void wireNetwork(AppRootItem *root, QQuickItem *card)
 {
     const auto *network = qobject_cast<CardNetwork *>(card);
     if (!network)
         return;
     QObject::connect(network, &CardNetwork::switchToWifiCard, root,
-                     [root] { root->setCurrentPage(AppRootItem::MenuIndex::Wifi); });
-    QObject::connect(network, &CardNetwork::currentNICChanged, root, [root](NIC selected) {
-        if (root->currentPage() != AppRootItem::MenuIndex::Network)
-            return;
-        const bool wanted = selected != HMI::SystemSet::VPN;
-        root->showCard(CardKind::NIC, wanted);
-        root->showCard(CardKind::DNS, wanted);
-    });
+                     &AppRootItem::setCurrentPage<AppRootItem::MenuIndex::Wifi>);
+    QObject::connect(network, &CardNetwork::currentNICChanged, root, &AppRootItem::updateCards);
 }
 
-template <> void CardInfo<CardKind::Network>::pageShown(QQuickItem *card)
+void networkShown(QQuickItem *card)
 {
     if (auto *network = qobject_cast<CardNetwork *>(card))
         network->updateWifiTimer();
 }
 
-template <> bool CardInfo<CardKind::NIC>::isWanted(const AppRootItem *root)
-{
-    return !isVpnSelected(root);
-}
-
-template <> bool CardInfo<CardKind::DNS>::isWanted(const AppRootItem *root)
-{
-    return !isVpnSelected(root);
-}
-
-template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *root, QQuickItem *card)
+void wireWifi(AppRootItem *root, QQuickItem *card)
 {
     auto *wifi = qobject_cast<CardWifi *>(card);
     if (!wifi)
@@ -194,6 +75,77 @@ template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *root, QQuickItem *c
     }
     QObject::connect(button, &QQuickAbstractButton::clicked, root,
                      &AppRootItem::setCurrentPage<AppRootItem::MenuIndex::Network>);
+}
+
+// For queued connections and documents.
+void registerAdapterType()
+{
+    qRegisterMetaType<HMI::SystemSet::NIC>("HMI::SystemSet::NIC");
+}
+
+} // namespace
+
+std::vector<CardRow> &cardTable()
+{
+    using Kind = AppRootItem::Cards;
+    using Page = AppRootItem::MenuIndex;
+    static std::vector<CardRow> rows = {
+        {Kind::Brightness,
+         Page::General,
+         "qrc:/setting/card/Brightness.qml",
+         &CardInfo<Kind::Brightness>::pComp,
+         {registerQmlType<CardBrightness>, BrightButton::registerType, StepSlider::registerType}},
+        {Kind::Time,
+         Page::General,
+         "qrc:/setting/card/DateTime.qml",
+         &CardInfo<Kind::Time>::pComp,
+         {registerQmlType<CardTime>}},
+        {Kind::Buzzer,
+         Page::General,
+         "qrc:/setting/card/Buzzer.qml",
+         &CardInfo<Kind::Buzzer>::pComp,
+         {registerQmlType<CardBuzzer>, BeepSwitch::registerType}},
+        {Kind::Network,
+         Page::Network,
+         "qrc:/setting/card/Network.qml",
+         &CardInfo<Kind::Network>::pComp,
+         {registerQmlType<CardNetwork>, BeepSwitch::registerType, CIpInput::registerType,
+          registerAdapterType},
+         wireNetwork,
+         nullptr,
+         networkShown},
+        {Kind::NIC,
+         Page::Network,
+         "qrc:/setting/card/NIC.qml",
+         &CardInfo<Kind::NIC>::pComp,
+         {registerQmlType<CardNIC>, ComboBox::registerType, Dialog::registerType},
+         nullptr,
+         isNoVpnSelected},
+        {Kind::DNS,
+         Page::Network,
+         "qrc:/setting/card/DNS.qml",
+         &CardInfo<Kind::DNS>::pComp,
+         {registerQmlType<CardDNS>, CIpInput::registerType},
+         nullptr,
+         isNoVpnSelected},
+        {Kind::Version,
+         Page::Version,
+         "qrc:/setting/card/Version.qml",
+         &CardInfo<Kind::Version>::pComp,
+         {registerQmlType<CardVersion>}},
+        {Kind::Language,
+         Page::Language,
+         "qrc:/setting/card/Language.qml",
+         &CardInfo<Kind::Language>::pComp,
+         {registerQmlType<CardLanguage>, registerQmlType<LanguageModel>}},
+        {Kind::Wifi,
+         Page::Wifi,
+         "qrc:/setting/card/Wifi.qml",
+         &CardInfo<Kind::Wifi>::pComp,
+         {registerQmlType<CardWifi>, Dialog::registerType},
+         wireWifi},
+    };
+    return rows;
 }
 
 } // namespace QSP

@@ -1,5 +1,7 @@
 #include "controls/beepswitch.h"
 
+#include "shell/base/qmltype.h"
+
 #include <QtQuick/private/qquickitem_p.h>
 #include <QtQuick/private/qquickrectangle_p.h>
 
@@ -31,8 +33,7 @@ BeepSwitch::BeepSwitch(QQuickItem *parent)
 
 void BeepSwitch::registerType()
 {
-    static const int _registered = qmlRegisterType<BeepSwitch>("QQuickSystemSet", 1, 0, "BeepSwitch");
-    Q_UNUSED(_registered)
+    registerQmlType<BeepSwitch>();
 }
 
 void BeepSwitch::setOn(bool on)

@@ -1,5 +1,7 @@
 #include "controls/brightbutton.h"
 
+#include "shell/base/qmltype.h"
+
 namespace QSP {
 
 BrightButton::BrightButton(QQuickItem *parent) : BeepButton(parent)
@@ -9,8 +11,7 @@ BrightButton::BrightButton(QQuickItem *parent) : BeepButton(parent)
 
 void BrightButton::registerType()
 {
-    static const int _registered = qmlRegisterType<BrightButton>("QQuickSystemSet", 1, 0, "BrightButton");
-    Q_UNUSED(_registered)
+    registerQmlType<BrightButton>();
 }
 
 } // namespace QSP

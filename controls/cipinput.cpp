@@ -7,6 +7,7 @@
 #include "controls/touchmask.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/embeddedcomponent.h"
+#include "shell/base/qmltype.h"
 #include "shell/base/vkbmanager.h"
 
 #include <QtNetwork/QHostAddress>
@@ -62,8 +63,7 @@ CIpInput *CIpInput::create(QQmlEngine *engine, QQuickItem *parent)
 
 void CIpInput::registerType()
 {
-    static const int _registered = qmlRegisterType<CIpInput>("QQuickSystemSet", 1, 0, "CIpInput");
-    Q_UNUSED(_registered)
+    registerQmlType<CIpInput>();
 }
 
 void CIpInput::componentComplete()

@@ -6,6 +6,7 @@
 #include "controls/touchmask.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/embeddedcomponent.h"
+#include "shell/base/qmltype.h"
 #include "shell/base/vkbmanager.h"
 
 #include <QtQuick/private/qquicktextinput_p.h>
@@ -39,8 +40,7 @@ CMacInput *CMacInput::create(QQmlEngine *engine, QQuickItem *parent)
 
 void CMacInput::registerType()
 {
-    static const int _registered = qmlRegisterType<CMacInput>("QQuickSystemSet", 1, 0, "CMacInput");
-    Q_UNUSED(_registered)
+    registerQmlType<CMacInput>();
 }
 
 void CMacInput::componentComplete()

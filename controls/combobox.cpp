@@ -3,6 +3,7 @@
 #include "controls/beepbutton.h"
 #include "controls/touchmask.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/qmltype.h"
 #include "shell/base/vkbmanager.h"
 
 #include <QtCore/QPointer>
@@ -203,8 +204,7 @@ ComboBox::~ComboBox()
 
 void ComboBox::registerType()
 {
-    static const int _registered = qmlRegisterType<ComboBox>("QQuickSystemSet", 1, 0, "ComboBox");
-    Q_UNUSED(_registered)
+    registerQmlType<ComboBox>();
 }
 
 void ComboBox::dressBox()

@@ -3,6 +3,7 @@
 #include "controls/beepbutton.h"
 #include "controls/popuptie.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/qmltype.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtQuick/private/qquickanchors_p.h>
@@ -75,8 +76,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
 
 void Dialog::registerType()
 {
-    static const int _registered = qmlRegisterType<Dialog>("QQuickSystemSet", 1, 0, "Dialog");
-    Q_UNUSED(_registered)
+    registerQmlType<Dialog>();
 }
 
 QString Dialog::title() const

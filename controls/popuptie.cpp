@@ -1,6 +1,7 @@
 #include "controls/popuptie.h"
 
 #include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
 #include <QtQuickTemplates2/private/qquickpopup_p.h>
 
 namespace QSP {

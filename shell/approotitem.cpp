@@ -2,15 +2,19 @@
 
 #include "controls/beepbutton.h"
 #include "controls/touchmask.h"
+#include "hmi/systemset.h"
+#include "meyersingleton.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documentend.h"
 #include "shell/base/globalinfo.h"
-#include "shell/base/multilingualtext.h"
+#include "shell/base/qmltype.h"
 #include "shell/base/screenroot.h"
 #include "shell/base/vkbmanager.h"
-#include "shell/cardinfo.h"
+#include "shell/cardstack.h"
+#include "shell/menu.h"
+#include "shell/pagetable.h"
+#include "shell/titlebar.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtQml/private/qqmlcomponentattached_p.h>
 #include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
@@ -30,52 +34,14 @@ constexpr QSizeF scrollBarTouchSize(48.0, 0.0);
 // Cleared by the root itself when it dies.
 AppRootItem *g_root = nullptr;
 
-// Calls visit(std::integral_constant<Cards, card>) for the given kind.
-template <class Visitor> void visitCard(AppRootItem::Cards card, Visitor visit)
-{
-    using Kind = AppRootItem::Cards;
-    switch (card) {
-    case Kind::Brightness:
-        return visit(std::integral_constant<Kind, Kind::Brightness>());
-    case Kind::Time:
-        return visit(std::integral_constant<Kind, Kind::Time>());
-    case Kind::Buzzer:
-        return visit(std::integral_constant<Kind, Kind::Buzzer>());
-    case Kind::Network:
-        return visit(std::integral_constant<Kind, Kind::Network>());
-    case Kind::NIC:
-        return visit(std::integral_constant<Kind, Kind::NIC>());
-    case Kind::DNS:
-        return visit(std::integral_constant<Kind, Kind::DNS>());
-    case Kind::Version:
-        return visit(std::integral_constant<Kind, Kind::Version>());
-    case Kind::Language:
-        return visit(std::integral_constant<Kind, Kind::Language>());
-    case Kind::Wifi:
-        return visit(std::integral_constant<Kind, Kind::Wifi>());
-    }
-}
-
-template <AppRootItem::Cards card> void registerCardTypes()
-{
-    static const bool registered = (CardInfo<card>::registerTypes(), true);
-    Q_UNUSED(registered)
-}
-
-template <AppRootItem::Cards card> void prefetchCard()
-{
-    registerCardTypes<card>();
-    CardInfo<card>::pComp.prefetch(CardInfo<card>::document());
-}
-
 } // namespace
 
 AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
 {
     g_root = this;
     ScreenRoot::setItem(this);
-    static const int beepButtonType = qmlRegisterType<BeepButton>("QQuickSystemSet", 1, 0, "BeepButton");
-    Q_UNUSED(beepButtonType)
+    // For the buttons of the menu.
+    registerQmlType<BeepButton>();
     qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
     setColor(QColor(0xF4, 0xF5, 0xF5));
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
@@ -181,34 +147,31 @@ void AppRootItem::init(QQmlEngine *engine)
     connect(qobject_cast<QQmlComponentAttached *>(qmlAttachedPropertiesObject<QQmlComponent>(this)),
             &QQmlComponentAttached::destruction, this, &AppRootItem::end);
 
-    m_titleBar = aliasOf<QQuickItem>(this, "titleBar");
-    m_titleText = aliasOf<QQuickText>(this, "titleText");
-    m_menuBar = aliasOf<QQuickRectangle>(this, "menuBar");
-    m_cardsParent = aliasOf<QQuickItem>(this, "cardsParent");
-    m_cardPool = aliasOf<QQuickFlickable>(this, "cardPool");
-    m_settingsText = aliasOf<QQuickText>(this, "settingsText");
-    m_menuColumn = aliasOf<QQuickItem>(m_menuBar, "column");
-    m_bottomContainer = aliasOf<QQuickItem>(m_menuBar, "bottomContainer");
-    ScreenRoot::setCardColumn(m_cardsParent);
+    m_menu = std::make_unique<Menu>(aliasOf<QQuickRectangle>(this, "menuBar"),
+                                    aliasOf<QQuickText>(this, "settingsText"), this);
+    connect(m_menu.get(), &Menu::tapped, this, &AppRootItem::takeEntry);
+    m_titleBar = std::make_unique<TitleBar>(aliasOf<QQuickItem>(this, "titleBar"),
+                                            aliasOf<QQuickText>(this, "titleText"), m_menu.get(), this);
+    connect(m_titleBar.get(), &TitleBar::returnTapped, this, &AppRootItem::showMenu);
+    m_cards = std::make_unique<CardStack>(this, aliasOf<QQuickItem>(this, "cardsParent"));
+    ScreenRoot::setCardColumn(m_cards->column());
 
     TouchMask::cover(aliasOf<QQuickItem>(this, "scrollBarTouchItem"), scrollBarTouchSize);
+    m_cardPool = aliasOf<QQuickFlickable>(this, "cardPool");
     // Long enough to tell a scroll from a tap with a glove.
     m_cardPool->setPressDelay(200);
-    setMultilingualText(m_settingsText,
-                        [] { return QCoreApplication::translate("QSP::AppRootItem", "Settings"); });
-    connect(&info, &GlobalInfo::localeChanged, this, &AppRootItem::updateTitleText);
+    connect(&info, &GlobalInfo::localeChanged, this, &AppRootItem::updateTitle);
     if (window())
         info.initializeNativeOrientation(window());
     else
         connect(this, &QQuickItem::windowChanged, this, &AppRootItem::onWindowAvailable);
 
+    // While menu and title bar are built the documents of the first page are read.
+    if (!shouldMenuFill())
+        m_cards->readAhead(MenuIndex::General);
     adjustTitle();
     adjustMenu();
-    if (!shouldMenuFill()) {
-        addCard<Cards::Brightness>();
-        addCard<Cards::Time>();
-        addCard<Cards::Buzzer>();
-    }
+    showCard(m_currentPage, true);
 }
 
 void AppRootItem::onWindowAvailable(QQuickWindow *window)
@@ -235,10 +198,7 @@ void AppRootItem::close()
         return;
     }
     highlightMenuButton(m_currentPage, false);
-    showCard(m_currentPage, false);
-    for (MenuIndex page :
-         {MenuIndex::General, MenuIndex::Network, MenuIndex::Version, MenuIndex::Language, MenuIndex::Wifi})
-        showCard(page, false);
+    m_cards->hideAll();
     m_currentPage = MenuIndex::None;
     showMenu();
     hide();
@@ -280,76 +240,162 @@ void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
     showCard(oldPage, false);
     showCard(newPage, true);
     m_cardPool->setContentY(0.0);
-    updateTitleText();
+    updateTitle();
 }
 
-void AppRootItem::showCard(MenuIndex page, bool show)
+// Reboot takes the highlight from the current page, and has it until the operator goes on.
+void AppRootItem::returnHighlight()
 {
-    switch (page) {
-    case MenuIndex::General:
-        showCard(Cards::Brightness, show);
-        showCard(Cards::Time, show);
-        showCard(Cards::Buzzer, show);
-        break;
-    case MenuIndex::Network:
-        showCard(Cards::Network, show);
-        showCard(Cards::NIC, show && CardInfo<Cards::NIC>::isWanted(this));
-        showCard(Cards::DNS, show && CardInfo<Cards::DNS>::isWanted(this));
-        if (show)
-            CardInfo<Cards::Network>::pageShown(getCardItem(Cards::Network));
-        break;
-    case MenuIndex::Language:
-        showCard(Cards::Language, show);
-        break;
-    case MenuIndex::Version:
-        showCard(Cards::Version, show);
-        break;
-    case MenuIndex::Wifi:
-        showCard(Cards::Wifi, show);
-        break;
+    highlightMenuButton(MenuIndex::Reboot, false);
+    highlightMenuButton(m_currentPage, true);
+}
+
+void AppRootItem::takeEntry(MenuIndex entry)
+{
+    switch (entry) {
     case MenuIndex::Reboot:
-    case MenuIndex::Exit:
-    case MenuIndex::None:
+        highlightMenuButton(m_currentPage, false);
+        highlightMenuButton(entry, true);
+        MeyerSingleton<HMI::SystemSet>::instance().reboot();
         break;
+    case MenuIndex::Exit:
+        highlightMenuButton(entry, true);
+        close();
+        break;
+    default:
+        setCurrentPage(entry);
+        // Also when it was the current page all the time.
+        if (shouldMenuFill())
+            hideMenu();
     }
+}
+
+void AppRootItem::hideMenu()
+{
+    setMenuShown(false);
+}
+
+void AppRootItem::showMenu()
+{
+    setMenuShown(true);
+}
+
+void AppRootItem::setMenuShown(bool shown)
+{
+    m_menu->setShown(shown);
+    m_titleBar->setReturnButtonShown(!shown);
+    if (shouldMenuFill())
+        m_cardPool->setVisible(!shown);
+    updateTitle();
+}
+
+void AppRootItem::updateTitle()
+{
+    const bool isMenuBare = shouldMenuFill() && m_menu->isShown();
+    m_titleBar->setTitle(isMenuBare ? QString() : pageTitle(m_currentPage));
+}
+
+void AppRootItem::adjustTitle()
+{
+    m_titleBar->adjustTitle();
+}
+
+void AppRootItem::adjustMenu()
+{
+    m_menu->build();
+    if (shouldMenuFill()) {
+        m_cardPool->setVisible(false);
+        return;
+    }
+    m_currentPage = MenuIndex::General;
+    highlightMenuButton(MenuIndex::General, true);
+    updateTitle();
+}
+
+QQuickItem *AppRootItem::createMenuButton(QQuickItem *parent)
+{
+    return m_menu->createMenuButton(parent);
+}
+
+void AppRootItem::addMenuButton(MenuIndex entry)
+{
+    m_menu->addMenuButton(entry);
+}
+
+void AppRootItem::addSeparatorLine()
+{
+    m_menu->addSeparatorLine();
+}
+
+void AppRootItem::highlightMenuButton(MenuIndex page, bool on)
+{
+    m_menu->highlightMenuButton(page, on);
+}
+
+void AppRootItem::addReturnButton()
+{
+    m_titleBar->addReturnButton();
+}
+
+QQuickItem *AppRootItem::returnButton() const
+{
+    return m_titleBar ? m_titleBar->returnButton() : nullptr;
+}
+
+QQuickItem *AppRootItem::menuBar() const
+{
+    return m_menu ? m_menu->bar() : nullptr;
+}
+
+QQuickItem *AppRootItem::titleBar() const
+{
+    return m_titleBar ? m_titleBar->bar() : nullptr;
+}
+
+int AppRootItem::titleHeight() const
+{
+    const QQuickItem *bar = titleBar();
+    return bar ? static_cast<int>(bar->height()) : 0;
+}
+
+bool AppRootItem::shouldMenuFill() const
+{
+    return GlobalInfo::instance().isMenuFill();
+}
+
+QQuickItem *AppRootItem::getCardItem(Cards card) const
+{
+    return m_cards ? m_cards->card(card) : nullptr;
+}
+
+QQuickItem *AppRootItem::getCardContainer() const
+{
+    return m_cards ? m_cards->column() : nullptr;
 }
 
 void AppRootItem::showCard(Cards card, bool show)
 {
-    if (!getCardItem(card)) {
-        // Hiding what was never shown must not build it.
-        if (!show)
-            return;
-        visitCard(card, [this](auto kind) { addCard<decltype(kind)::value>(); });
-    }
-    if (QQuickItem *item = getCardItem(card))
-        item->setVisible(show);
+    m_cards->showCard(card, show);
 }
 
-void AppRootItem::prefetchFirstPage()
+void AppRootItem::showCard(MenuIndex page, bool show)
 {
-    prefetchCard<Cards::Brightness>();
-    prefetchCard<Cards::Time>();
-    prefetchCard<Cards::Buzzer>();
+    m_cards->showPage(page, show);
 }
 
-template <AppRootItem::Cards card> void AppRootItem::addCard()
+void AppRootItem::updateCards()
 {
-    using Info = CardInfo<card>;
-    registerCardTypes<card>();
-    QQuickItem *item = addCard(Info::pComp.get(Info::document()));
-    m_cards[index(card)] = item;
-    if (item)
-        Info::wire(this, item);
+    m_cards->updatePage(m_currentPage);
+}
+
+void AppRootItem::addCard(Cards card)
+{
+    m_cards->addCard(card);
 }
 
 QQuickItem *AppRootItem::addCard(QQmlComponent *component)
 {
-    return EmbeddedComponent::createItem(component, m_cardsParent, [this](QQuickItem *item) {
-        item->setWidth(m_cardsParent->width());
-        connect(m_cardsParent, &QQuickItem::widthChanged, item,
-                [this, item] { item->setWidth(m_cardsParent->width()); });
-    });
+    return m_cards->addCard(component);
 }
 
 } // namespace QSP

@@ -6,21 +6,22 @@
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/QQuickWindow>
 
-#include <array>
+#include <memory>
 
 class QQmlComponent;
 class QQmlEngine;
 class QQuickFlickable;
-class QQuickText;
 
 namespace QSP {
 
-class BeepButton;
+class CardStack;
+class Menu;
+class TitleBar;
 
-/// The root of the screen: menu, title bar, and the pages of cards.
+/// The root of the screen: which page is current, and its cards.
 ///
-/// Cards are made on the first showing of their page and live as long as the
-/// root. Everything runs on the GUI thread.
+/// What pages and cards there are stands in two tables (see PageRow and CardRow); Menu, TitleBar and CardStack
+/// look after what is on the glass. Everything runs on the GUI thread.
 class AppRootItem : public QQuickRectangle
 {
     Q_OBJECT
@@ -53,24 +54,27 @@ public:
 
     void showCard(Cards card, bool show);
     void showCard(MenuIndex page, bool show);
+    /// Shows those cards of the current page that belong there now, and hides its others.
+    void updateCards();
     /// The card, or null when it was not shown yet.
-    QQuickItem *getCardItem(Cards card) const { return m_cards[index(card)]; }
-    QQuickItem *getCardContainer() const { return m_cardsParent; }
+    QQuickItem *getCardItem(Cards card) const;
+    QQuickItem *getCardContainer() const;
     /// The narrow layout's return button, or null when it was not needed yet.
     QQuickItem *returnButton() const;
-    QQuickItem *menuBar() const { return m_menuBar; }
-    QQuickItem *titleBar() const { return m_titleBar; }
+    QQuickItem *menuBar() const;
+    QQuickItem *titleBar() const;
     int titleHeight() const;
     bool shouldMenuFill() const;
 
+    // The steps of init(), which does each in its turn.
     void adjustTitle();
     void adjustMenu();
     QQuickItem *createMenuButton(QQuickItem *parent);
-    template <MenuIndex entry> void addMenuButton();
+    template <MenuIndex entry> void addMenuButton() { addMenuButton(entry); }
     void addSeparatorLine();
-    void highlightMenuButton(MenuIndex entry, bool on);
+    void highlightMenuButton(MenuIndex page, bool on);
     void addReturnButton();
-    template <Cards card> void addCard();
+    template <Cards card> void addCard() { addCard(card); }
     QQuickItem *addCard(QQmlComponent *component);
 
 public slots:
@@ -98,40 +102,24 @@ private slots:
     void end();
 
 private:
-    static constexpr int menuButtonCount = 6;
-    static constexpr int cardCount = 9;
-
-    static constexpr size_t index(Cards card) { return static_cast<size_t>(card); }
-    static constexpr size_t index(MenuIndex entry) { return static_cast<size_t>(entry); }
-
     void catchEvents();
     void followVisibility();
     void hide();
-    QString titleOf(MenuIndex page) const;
-    bool isMenuShown() const { return m_menuShown; }
-    void setMenuShown(bool shown);
+    void takeEntry(MenuIndex entry);
     void returnHighlight();
-    void updateTitleText();
-    void updateTitlePosition();
-    void prepareMenuButton(MenuIndex entry, QQuickItem *container);
-    void prefetchFirstPage();
+    void setMenuShown(bool shown);
+    void updateTitle();
+    void addMenuButton(MenuIndex entry);
+    void addCard(Cards card);
 
     Panel m_panel;
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;
-    QQuickItem *m_titleBar = nullptr;
-    QQuickText *m_titleText = nullptr;
-    QQuickText *m_settingsText = nullptr;
-    BeepButton *m_returnButton = nullptr;
-    QQuickItem *m_bottomContainer = nullptr;
+    std::unique_ptr<Menu> m_menu;
+    std::unique_ptr<TitleBar> m_titleBar;
     QQuickFlickable *m_cardPool = nullptr;
-    QQuickRectangle *m_menuBar = nullptr;
-    QQuickItem *m_menuColumn = nullptr;
-    std::array<QQuickItem *, menuButtonCount> m_menuButtons{};
     MenuIndex m_currentPage = MenuIndex::None;
-    QQuickItem *m_cardsParent = nullptr;
-    std::array<QQuickItem *, cardCount> m_cards{};
-    bool m_menuShown = true;
+    std::unique_ptr<CardStack> m_cards;
 };
 
 } // namespace QSP

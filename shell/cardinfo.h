@@ -3,55 +3,39 @@
 #include "shell/approotitem.h"
 #include "shell/base/embeddedcomponent.h"
 
-#include <QtCore/QUrl>
+#include <vector>
 
 namespace QSP {
 
-/// One row of the card table: what the root must know of a kind of card.
-///
-/// The root knows cards through this table alone. The rows are filled in where
-/// the cards are; a kind that says nothing about a question gets the general answer.
+/// The component of a kind of card, one a process.
 template <AppRootItem::Cards card> struct CardInfo {
-    /// The embedded document of the card.
-    static QUrl document();
-    /// Registers the QML types that the document needs. Called once a process, before the first card.
-    static void registerTypes();
-    /// Connects a new card to the root and to other cards.
-    static void wire(AppRootItem *, QQuickItem *) {}
-    /// Whether the card belongs on its page now.
-    static bool isWanted(const AppRootItem *) { return true; }
-    /// Called each time the page of the card was shown.
-    static void pageShown(QQuickItem *) {}
-
     inline static EmbeddedComponent pComp;
 };
 
-using CardKind = AppRootItem::Cards;
+/// One row of the card table: all that the root knows of a kind of card.
+struct CardRow {
+    using RegisterType = void (*)();
 
-template <> QUrl CardInfo<CardKind::Brightness>::document();
-template <> QUrl CardInfo<CardKind::Time>::document();
-template <> QUrl CardInfo<CardKind::Buzzer>::document();
-template <> QUrl CardInfo<CardKind::Network>::document();
-template <> QUrl CardInfo<CardKind::NIC>::document();
-template <> QUrl CardInfo<CardKind::DNS>::document();
-template <> QUrl CardInfo<CardKind::Version>::document();
-template <> QUrl CardInfo<CardKind::Language>::document();
-template <> QUrl CardInfo<CardKind::Wifi>::document();
+    AppRootItem::Cards card;
+    /// The page that shows the card, below those whose rows come first.
+    AppRootItem::MenuIndex page;
+    const char *document;
+    EmbeddedComponent *component;
+    /// The QML types that the document needs. Called before each card is made; each registers once a process.
+    std::vector<RegisterType> types;
 
-template <> void CardInfo<CardKind::Brightness>::registerTypes();
-template <> void CardInfo<CardKind::Time>::registerTypes();
-template <> void CardInfo<CardKind::Buzzer>::registerTypes();
-template <> void CardInfo<CardKind::Network>::registerTypes();
-template <> void CardInfo<CardKind::NIC>::registerTypes();
-template <> void CardInfo<CardKind::DNS>::registerTypes();
-template <> void CardInfo<CardKind::Version>::registerTypes();
-template <> void CardInfo<CardKind::Language>::registerTypes();
-template <> void CardInfo<CardKind::Wifi>::registerTypes();
+    // What most kinds have no need of.
 
-template <> void CardInfo<CardKind::Network>::wire(AppRootItem *root, QQuickItem *card);
-template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *root, QQuickItem *card);
-template <> bool CardInfo<CardKind::NIC>::isWanted(const AppRootItem *root);
-template <> bool CardInfo<CardKind::DNS>::isWanted(const AppRootItem *root);
-template <> void CardInfo<CardKind::Network>::pageShown(QQuickItem *card);
+    /// Connects a new card to its root.
+    void (*wire)(AppRootItem *root, QQuickItem *card) = nullptr;
+    /// Whether the card belongs on its page now; the root is told by AppRootItem::updateCards() when that changes.
+    bool (*isWanted)(AppRootItem *root) = nullptr;
+    /// Called each time that the page of the card was shown.
+    void (*pageShown)(QQuickItem *card) = nullptr;
+};
+
+/// The card table. It is filled in where the cards are, so that the root need not know them; a row that is added
+/// before a screen is built is a card of that screen like any other.
+std::vector<CardRow> &cardTable();
 
 } // namespace QSP
