@@ -2,44 +2,49 @@
 
 #include "cards/network/statustext.h"
 
-#include <QtCore/QUrl>
-#include <QtQuick/private/qquickimage_p.h>
+#include <QtCore/QLineF>
 #include <QtQuick/private/qquickrectangle_p.h>
 
 namespace QSP {
 
 namespace {
 
-// The stroke and the span of the tick in its icon.
 constexpr double strokeWidth = 0.1;
-constexpr double strokeLength = 0.52;
 
-void addStroke(QQuickItem *disc, qreal angle)
+QQuickRectangle *addDisc(OutcomeMark *mark, QRgb color)
 {
+    auto *disc = new QQuickRectangle(mark);
+    disc->setSize(mark->size());
+    disc->setRadius(mark->width() / 2.0);
+    disc->setColor(QColor::fromRgba(color));
+    return disc;
+}
+
+// From one point to another of a disc that is 1 wide, with round ends.
+void addStroke(QQuickItem *disc, QLineF line)
+{
+    const qreal side = disc->width();
     auto *stroke = new QQuickRectangle(disc);
     stroke->setColor(Qt::white);
     stroke->setAntialiasing(true);
-    stroke->setSize(QSizeF(strokeLength * disc->width(), strokeWidth * disc->width()));
+    stroke->setSize(QSizeF(line.length() + strokeWidth, strokeWidth) * side);
     stroke->setRadius(stroke->height() / 2.0);
-    stroke->setX((disc->width() - stroke->width()) / 2.0);
-    stroke->setY((disc->height() - stroke->height()) / 2.0);
-    stroke->setRotation(angle);
+    stroke->setX(line.center().x() * side - stroke->width() / 2.0);
+    stroke->setY(line.center().y() * side - stroke->height() / 2.0);
+    stroke->setRotation(-line.angle());
 }
 
 } // namespace
 
-OutcomeMark::OutcomeMark(int side, QQuickItem *parent)
-    : QQuickItem(parent), m_tick(new QQuickImage(this)), m_cross(new QQuickRectangle(this))
+OutcomeMark::OutcomeMark(int side, QQuickItem *parent) : QQuickItem(parent)
 {
     setSize(QSizeF(side, side));
-    m_tick->setSourceSize({side, side});
-    m_tick->setSource(QUrl(QStringLiteral("qrc:/setting/icons/tickGreen.png")));
-    m_tick->setSize(size());
-    m_cross->setSize(size());
-    m_cross->setRadius(side / 2.0);
-    m_cross->setColor(QColor::fromRgba(StatusText::error));
-    addStroke(m_cross, 45.0);
-    addStroke(m_cross, -45.0);
+    m_tick = addDisc(this, StatusText::good);
+    addStroke(m_tick, {0.29, 0.53, 0.44, 0.67});
+    addStroke(m_tick, {0.44, 0.67, 0.72, 0.36});
+    m_cross = addDisc(this, StatusText::error);
+    addStroke(m_cross, {0.35, 0.35, 0.65, 0.65});
+    addStroke(m_cross, {0.35, 0.65, 0.65, 0.35});
 }
 
 void OutcomeMark::setSuccess(bool success)

@@ -2,12 +2,11 @@
 
 #include <QtQuick/QQuickItem>
 
-class QQuickImage;
 class QQuickRectangle;
 
 namespace QSP {
 
-/// A green tick or a red cross, so that an outcome is seen from further away than it can be read.
+/// A tick on a green disc or a cross on a red one, so that an outcome is seen from further away than it can be read.
 class OutcomeMark : public QQuickItem
 {
     Q_OBJECT
@@ -18,7 +17,7 @@ public:
     void setSuccess(bool success);
 
 private:
-    QQuickImage *m_tick;
+    QQuickRectangle *m_tick;
     QQuickRectangle *m_cross;
 };
 

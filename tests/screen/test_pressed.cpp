@@ -132,8 +132,7 @@ void TestPressed::endPress(QQuickItem *item) const
 
 void TestPressed::checkPress(QQuickItem *control, const char *where)
 {
-    if (!reveal(control))
-        return;
+    QVERIFY2(reveal(control), qPrintable(describe(control)));
     const QRect area = control->mapRectToScene({0.0, 0.0, control->width(), control->height()}).toRect() &
                        QRect(QPoint(), window()->size());
     const QImage before = frame();

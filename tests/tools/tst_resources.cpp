@@ -25,23 +25,51 @@ QStringList titleIcons()
             "newdefault.png", "newdns.png",  "newcloud.png"};
 }
 
+QStringList iconsOf(const char *names)
+{
+    QStringList icons = QString::fromLatin1(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (QString &icon : icons)
+        icon += QStringLiteral(".png");
+    return icons;
+}
+
+// What documents and classes ask for.
+QStringList usedIcons()
+{
+    return iconsOf("newsetting newnetwork newlanguage newversion newrestart newexit rightArrow0@2x "
+                   "leftArrow0@2x newbright newtime newbuzzer newnetwork1 newdefault newdns newcloud "
+                   "newdecrease newincrease newrefresh newtickgreen tickGray close down_arrow 1@2x 2@2x "
+                   "3@2x 4@2x loading@2x singal4G_0 singal4G_1 singal4G_2 singal4G_3 singal4G_4 singal4G_5");
+}
+
+// Kept in the bundle though nothing asks for them.
+QStringList spareIcons()
+{
+    return iconsOf("0@2x returnWlan refreshing tickGreen restart_off restart_on exit exit@2x gear_on "
+                   "gear_off language_on language_off version_on version_off radar_on radar_off buzzer nic "
+                   "dns plus minus time-clock network-set ICON-liangdu2x ICON@2x(4)");
+}
+
 QStringList iconNames()
 {
-    // What documents and classes ask for.
-    const QString used = QStringLiteral(
-        "newsetting newnetwork newlanguage newversion newrestart newexit rightArrow0@2x "
-        "leftArrow0@2x newbright newtime newbuzzer newnetwork1 newdefault newdns newcloud "
-        "newdecrease newincrease newrefresh newtickgreen tickGray close down_arrow 1@2x 2@2x "
-        "3@2x 4@2x loading@2x singal4G_0 singal4G_1 singal4G_2 singal4G_3 singal4G_4 singal4G_5 ");
-    // Kept in the bundle though no document asks for them.
-    const QString spare = QStringLiteral(
-        "0@2x returnWlan refreshing tickGreen restart_off restart_on exit exit@2x gear_on "
-        "gear_off language_on language_off version_on version_off radar_on radar_off buzzer nic "
-        "dns plus minus time-clock network-set ICON-liangdu2x ICON@2x(4) ");
-    QStringList names = (used + spare).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (QString &name : names)
-        name += QStringLiteral(".png");
-    return names;
+    return usedIcons() + spareIcons();
+}
+
+// All that could ask for an icon, in one text.
+QByteArray sources()
+{
+    const QDir tree(QStringLiteral(SOURCE_DIRECTORY));
+    QByteArray text;
+    for (const char *place : {"cards", "controls", "panel", "plugin", "shell", "resources/setting"}) {
+        QDirIterator files(tree.filePath(QLatin1String(place)), {"*.cpp", "*.h", "*.qml"}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            if (file.open(QIODevice::ReadOnly))
+                text += file.readAll();
+        }
+    }
+    return text;
 }
 
 struct Entry {
@@ -105,6 +133,7 @@ private slots:
     void indicatorTurnsAroundItsCentre();
     void bundleIsStoredUncompressed();
     void documentsAreCompressed();
+    void spareIconsAreAskedForByNobody();
     void catalogueHasItsEntries();
     void catalogueTranslates();
     void catalogueKeepsItsGaps();
@@ -220,6 +249,15 @@ void TestResources::documentsAreCompressed()
         ++count;
     }
     QVERIFY(count > 0);
+}
+
+void TestResources::spareIconsAreAskedForByNobody()
+{
+    const QByteArray text = sources();
+    QVERIFY(text.contains("icons/newtickgreen.png"));
+    const QStringList icons = spareIcons();
+    for (const QString &icon : icons)
+        QVERIFY2(!text.contains("icons/" + icon.toLatin1()), qPrintable(icon));
 }
 
 void TestResources::catalogueHasItsEntries()
