@@ -15,6 +15,7 @@ private slots:
     void adapterButtonsFollow();
     void labelsLeaveTheFieldsAlone_data();
     void labelsLeaveTheFieldsAlone();
+    void longLabelsOfTheOtherCardsAreElided();
 };
 
 namespace {
@@ -139,6 +140,23 @@ void TestNetworkSizes::labelsLeaveTheFieldsAlone()
             }
         }
     }
+}
+
+void TestNetworkSizes::longLabelsOfTheOtherCardsAreElided()
+{
+    NetworkPage page({480, 800});
+    const auto check = [](const QQuickItem *card, const char *labelAlias, const char *fieldAlias) {
+        auto *label = card->property(labelAlias).value<QQuickItem *>();
+        const auto *field = card->property(fieldAlias).value<QQuickItem *>();
+        label->setProperty("text", QString(40, QLatin1Char('W')));
+        const double end = label->x() + label->property("contentWidth").toDouble();
+        QVERIFY2(end <= field->x() + 0.5, labelAlias);
+        QVERIFY2(end > field->x() / 2.0, labelAlias);
+    };
+    check(page.dns(), "dns1Text", "dns1Input");
+    check(page.dns(), "dns2Text", "dns2Input");
+    check(page.defaultAdapter(), "networkText", "combobox");
+    check(page.defaultAdapter(), "pingTestText", "pingBusy");
 }
 
 PANEL_TEST_MAIN(TestNetworkSizes)

@@ -45,6 +45,9 @@ CardDNS {
                 x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _title.label.font.pixelSize
+                // The room that is left of the field.
+                width: Math.max(0, _dns1Input.x - x)
+                elide: Text.ElideRight
             }
 
             FlatUI.IpInput {
@@ -73,6 +76,9 @@ CardDNS {
                 x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _title.label.font.pixelSize
+                // The room that is left of the field.
+                width: Math.max(0, _dns2Input.x - x)
+                elide: Text.ElideRight
             }
 
             FlatUI.IpInput {

@@ -43,6 +43,9 @@ CardNIC {
                 x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _title.label.font.pixelSize
+                // The room that is left of the field.
+                width: Math.max(0, _combobox.x - x)
+                elide: Text.ElideRight
             }
 
             ComboBox {
@@ -70,6 +73,9 @@ CardNIC {
                 x: _card.labelMargin
                 color: "#1D2129"
                 font.pixelSize: _title.label.font.pixelSize
+                // The room that is left of the field.
+                width: Math.max(0, _pingBusy.x - x)
+                elide: Text.ElideRight
             }
 
             Image {
