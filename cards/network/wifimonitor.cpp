@@ -61,13 +61,13 @@ void WifiMonitor::update()
         return;
     watch();
     WifiLink &link = panelOf(m_card).wifi();
+    link.read();
     const bool connected = link.isConnected();
     QString ssid;
     if (connected) {
         m_status.show("Online");
         ssid = link.name();
         m_card->updateNetInfoDisplay(m_card->currentNIC());
-        link.updateSignalStrength();
     } else {
         m_status.show("Offline");
         // The lease went with the link.

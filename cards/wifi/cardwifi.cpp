@@ -104,7 +104,7 @@ void CardWifi::componentComplete()
             connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
         }
     }
-    connect(&panelOf(this).wifi(), &WifiLink::signalStrengthDue, this, &CardWifi::updateSignalStrength);
+    connect(&panelOf(this).wifi(), &WifiLink::wasRead, this, &CardWifi::updateSignalStrength);
     watchNetworkCard();
     onColumnHeightChanged();
     updateCurrentWifi();
