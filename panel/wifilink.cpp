@@ -40,6 +40,12 @@ void WifiLink::read()
     emit wasRead();
 }
 
+void WifiLink::refresh()
+{
+    if (!m_reading)
+        read();
+}
+
 QString WifiLink::name() const
 {
     return getSsidFromCurWifi(ssid());

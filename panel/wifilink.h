@@ -19,6 +19,10 @@ public:
 
     /// Asks the service, for each value once.
     void read();
+    /// A new moment: what was read counts no more.
+    void forget() { m_reading.reset(); }
+    /// read(), unless somebody did since forget().
+    void refresh();
 
     // As last read; the first use reads.
 
