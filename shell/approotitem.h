@@ -116,7 +116,7 @@ private:
     void prepareMenuButton(MenuIndex entry, QQuickItem *container);
     void prefetchFirstPage();
 
-    Panel m_panel;
+    Panel m_panel{this};
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;
     QQuickItem *m_titleBar = nullptr;

@@ -13,10 +13,6 @@ namespace CardLinks {
 
 /// The network card, or null.
 CardNetwork *network(const QQuickItem *card);
-/// Lets the DNS card show its servers again.
-void reloadDns(const QQuickItem *card);
-/// Lets the DNS card find out again whether its fields may be edited.
-void updateDnsEnabled(const QQuickItem *card);
 
 } // namespace CardLinks
 
