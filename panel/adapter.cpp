@@ -78,7 +78,16 @@ HMI::IP Adapter::stored(Address address) const
 
 bool Adapter::hasLease() const
 {
-    return isInUse() && isDhcpOn() && (!m_link || m_link->isConnected());
+    return isInUse() && isDhcpOn() && isLinked();
+}
+
+bool Adapter::isLinked() const
+{
+    if (!m_link)
+        return true;
+    // Not in passing: whoever else shows the link is to know of it.
+    m_link->refresh();
+    return m_link->isConnected();
 }
 
 void Adapter::forget()
@@ -144,7 +153,7 @@ void Adapter::onDhcp(HMI::SystemSet::DHCP_STATE state)
     if (m_link)
         m_link->forget();
     // An adapter that has a lease but no network yet shows nothing worth reading.
-    if (state == HMI::SystemSet::DHCP_OK && m_link && !m_link->isConnected())
+    if (state == HMI::SystemSet::DHCP_OK && !isLinked())
         return;
     showInForce();
 }
@@ -152,7 +161,7 @@ void Adapter::onDhcp(HMI::SystemSet::DHCP_STATE state)
 void Adapter::onJoined()
 {
     forget();
-    if (!m_link->isConnected())
+    if (!isLinked())
         return;
     adoptStatic();
     showInForce();

@@ -104,6 +104,7 @@ private:
     HMI::IP stored(Address address) const;
     bool isInUse() const { return isUp() && m_isEnabled; }
     bool hasLease() const;
+    bool isLinked() const;
 
     void show(Address address, std::optional<HMI::IP> value);
     void showLive();

@@ -31,7 +31,7 @@ public:
     /// Writes the operator's choice. The service may refuse it, which the next look shows.
     void choose(NIC nic);
 
-    /// A new moment: what was read counts no more.
+    /// A new moment, also for the adapters: what was read counts no more.
     void forget();
     /// forget(), and lets everybody look again.
     void read();

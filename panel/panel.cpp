@@ -29,7 +29,7 @@ void Panel::read()
     m_wifi.forget();
     m_modem.forget();
     m_tunnel.forget();
-    m_defaultAdapter.forget();
+    m_defaultAdapter.forget(); // and the adapters
     m_adapters.readAll();
     emit wasRead();
 }

@@ -1,6 +1,5 @@
 #include "cards/network/cardnetwork.h"
 
-#include "cards/network/networkmetrics.h"
 #include "cards/network/networkrows.h"
 #include "cards/network/statusmonitors.h"
 #include "cards/network/statustext.h"
@@ -20,9 +19,7 @@
 
 namespace QSP {
 
-CardNetwork::CardNetwork(QQuickItem *parent)
-    : BaseCard(parent)
-    , m_sizes(NetworkMetrics::ofScreen().rowHeight, NetworkMetrics::ofScreen().fontPixelSize)
+CardNetwork::CardNetwork(QQuickItem *parent) : BaseCard(parent), m_sizes(NetworkMetrics::ofScreen())
 {
     connect(&m_sizes, &RowSizes::changed, this, &CardNetwork::sizeNicButtons);
     connect(&m_sizes, &RowSizes::rowHeightChanged, this, &CardNetwork::rowHeightChanged);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cards/network/networkmetrics.h"
+
 #include <QtCore/QObject>
 
 namespace QSP {
@@ -10,7 +12,9 @@ class RowSizes : public QObject
     Q_OBJECT
 
 public:
-    RowSizes(int rowHeight, int fontPixelSize) : m_rowHeight(rowHeight), m_fontPixelSize(fontPixelSize) {}
+    explicit RowSizes(const NetworkMetrics &metrics)
+        : m_rowHeight(metrics.rowHeight), m_fontPixelSize(metrics.fontPixelSize)
+    {}
 
     /// Height unit of all rows.
     int rowHeight() const { return m_rowHeight; }
