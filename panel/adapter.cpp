@@ -39,7 +39,13 @@ Adapter::Adapter(NIC nic, WifiLink *link, QObject *parent)
     if (!m_link)
         return;
     connect(m_link, &WifiLink::wasReset, this, &Adapter::reset);
-    connect(&m_link->attempt(), &JoinAttempt::joined, this, &Adapter::onJoined);
+    const JoinAttempt *attempt = &m_link->attempt();
+    connect(attempt, &JoinAttempt::joined, this, &Adapter::onJoined);
+    connect(attempt, &JoinAttempt::underWayChanged, this, [this, attempt](bool isUnderWay) {
+        // A new moment, unless it is that of joined(), which came first.
+        if (!isUnderWay && attempt->state() != JoinAttempt::State::Joined)
+            forget();
+    });
 }
 
 // --- What the service says ---

@@ -16,7 +16,6 @@ WifiMonitor::WifiMonitor(QObject *timerOwner, Panel &panel) : m_panel(panel), m_
 {
     connect(&panel.adapter(nic), &Adapter::enabledChanged, this, &WifiMonitor::update);
     connect(&panel.wifi().attempt(), &JoinAttempt::underWayChanged, this, [this](bool isUnderWay) {
-        m_connecting = isUnderWay;
         if (!isUnderWay)
             update();
     });
@@ -71,10 +70,10 @@ void WifiMonitor::update()
         return;
     }
     // In the middle of an attempt, the tile would flip to "Offline" and back.
-    if (m_connecting)
+    WifiLink &link = m_panel.wifi();
+    if (m_connecting || link.attempt().isUnderWay())
         return;
     watch();
-    WifiLink &link = m_panel.wifi();
     link.refresh();
     const bool connected = link.isConnected();
     m_status.show(connected ? "Online" : "Offline");

@@ -29,7 +29,7 @@ public:
     void update();
     /// Reads again, and shows it.
     void refresh();
-    /// Whether an attempt to join a network is under way; the tile keeps its text meanwhile.
+    /// Keeps the tile's text, as an attempt to join a network does while it is under way.
     void setConnecting(bool connecting);
 
 signals:

@@ -30,6 +30,8 @@ private slots:
     void modemIsAskedAnewForEachSwitch();
     void selectionIsANewMoment();
     void openingIsANewMomentForAll();
+    void endOfAnAttemptIsANewMoment_data();
+    void endOfAnAttemptIsANewMoment();
 
 private:
     std::unique_ptr<Panel> m_panel;
@@ -130,6 +132,34 @@ void TestPanel::openingIsANewMomentForAll()
     m_panel->read();
     QCOMPARE(wasRead.count(), 1);
     QCOMPARE(seen(), QVariantList({1, false, false, 0, int(HMI::SystemSet::ASIA), int(lan1)}));
+}
+
+void TestPanel::endOfAnAttemptIsANewMoment_data()
+{
+    QTest::addColumn<int>("report");
+    QTest::addColumn<bool>("isShown");
+    QTest::newRow("connecting") << int(QSP::JoinAttempt::Report::Connecting) << false;
+    QTest::newRow("connected") << int(QSP::JoinAttempt::Report::Connected) << true;
+    QTest::newRow("timed out") << int(QSP::JoinAttempt::Report::TimedOut) << true;
+}
+
+void TestPanel::endOfAnAttemptIsANewMoment()
+{
+    QFETCH(int, report);
+    QFETCH(bool, isShown);
+    constexpr HMI::IP ip = 0x0B000001;
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
+    HmiSimulator::joinNetwork("Plant");
+    Adapter &adapter = m_panel->adapter(HMI::SystemSet::WIFI);
+    adapter.begin();
+    QSP::JoinAttempt &attempt = m_panel->wifi().attempt();
+    attempt.begin({'P', 'l', 'a', 'n', 't'}, QString());
+    HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, ip, 0xFF000000, ip);
+    // As the tile does at the end of an attempt.
+    connect(&attempt, &QSP::JoinAttempt::underWayChanged, &adapter,
+            [&adapter] { adapter.showInForce(Address::Ip); });
+    attempt.take(static_cast<QSP::JoinAttempt::Report>(report));
+    QCOMPARE(adapter.shown(Address::Ip) == ip, isShown);
 }
 
 PANEL_TEST_MAIN(TestPanel)
