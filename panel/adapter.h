@@ -127,7 +127,7 @@ private:
     PerAddress<Reading<HMI::IP>> m_stored;
 
     bool m_isBegun = false;
-    bool m_wasUpAtFirst = false;
+    bool m_wasUpAtFirst = false; ///< only then switching it lets the name servers be shown again
     bool m_isEnabled = false;
     bool m_isStatic = false;
     bool m_showsInForce = false;

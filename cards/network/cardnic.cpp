@@ -105,8 +105,8 @@ void CardNIC::selectCurrent()
     if (!m_comboBox)
         return;
     const QVariantList model = m_comboBox->model().toList();
-    const auto entry = std::find_if(model.begin(), model.end(), [this](const QVariant &entry) {
-        return nicOf(entry) == adapter().current();
+    const auto entry = std::find_if(model.begin(), model.end(), [this](const QVariant &candidate) {
+        return nicOf(candidate) == adapter().current();
     });
     const QScopedValueRollback<bool> showing(m_showing, true);
     m_comboBox->setCurrentIndex(entry == model.end() ? -1 : static_cast<int>(entry - model.begin()));
