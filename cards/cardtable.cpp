@@ -172,10 +172,7 @@ template <> void CardInfo<CardKind::Wifi>::wire(AppRootItem *root, QQuickItem *c
     auto *wifi = qobject_cast<CardWifi *>(card);
     if (!wifi)
         return;
-    QObject::connect(wifi, &CardWifi::wifiReset, root, [root] {
-        if (CardNetwork *network = CardLinks::network(root))
-            emit network->wifiReset();
-    });
+    QObject::connect(wifi, &CardWifi::wifiReset, &root->panel().wifi(), &WifiLink::reset);
     BeepButton *button = wifi->returnButton();
     if (!button)
         return;

@@ -11,6 +11,7 @@
 #include "cards/network/wifimonitor.h"
 #include "controls/beepbutton.h"
 #include "controls/beepswitch.h"
+#include "panel/panel.h"
 #include "shell/approotitem.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/embeddedcomponent.h"
@@ -46,6 +47,7 @@ void CardNetwork::componentComplete()
     m_layout = aliasOf<QQuickItem>(this, "layout");
     setNetworkText(aliasOf<QQuickText>(this, "titleText"), "Network");
     addNicButtons();
+    followWifiLink();
     AppRootItem *root = rootOf(this);
     if (!root)
         return;
@@ -54,6 +56,22 @@ void CardNetwork::componentComplete()
             setMonitorsPaused(true);
     });
     connect(root, &AppRootItem::opened, this, [this] { setMonitorsPaused(false); });
+}
+
+void CardNetwork::followWifiLink()
+{
+    WifiLink &link = panelOf(this).wifi();
+    connect(&link, &WifiLink::wasReset, this, &CardNetwork::wifiReset);
+    connect(&link.attempt(), &JoinAttempt::underWayChanged, this, [this](bool underWay) {
+        if (!underWay)
+            m_wifi->show();
+    });
+    connect(&link.attempt(), &JoinAttempt::joined, this, [this, &link] {
+        if (!link.isConnected())
+            return;
+        updateSwitchDisplay(HMI::SystemSet::WIFI);
+        updateNetInfoDisplay(HMI::SystemSet::WIFI);
+    });
 }
 
 void CardNetwork::setMonitorsPaused(bool paused)

@@ -137,6 +137,7 @@ private:
     void startMonitor(HMI::SystemSet::NIC nic);
     void stopMonitor(HMI::SystemSet::NIC nic);
     void setMonitorsPaused(bool paused);
+    void followWifiLink();
 
     int m_rowHeight = 62;
     int m_fontPixelSize = 20;

@@ -57,11 +57,18 @@ void WifiMonitor::update()
         return;
     }
     // In the middle of an attempt, the tile would flip to "Offline" and back.
-    if (m_connecting)
+    if (m_connecting || panelOf(m_card).wifi().attempt().isUnderWay())
         return;
     watch();
-    WifiLink &link = panelOf(m_card).wifi();
-    link.read();
+    panelOf(m_card).wifi().read();
+    show();
+}
+
+void WifiMonitor::show()
+{
+    if (!m_status.hasItem())
+        return;
+    const WifiLink &link = panelOf(m_card).wifi();
     const bool connected = link.isConnected();
     QString ssid;
     if (connected) {

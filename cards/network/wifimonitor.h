@@ -25,6 +25,8 @@ public:
     void setPaused(bool paused);
     void update();
     void setConnecting(bool connecting);
+    /// Shows the link as it was last read.
+    void show();
 
 private:
     void watch();
