@@ -19,34 +19,35 @@ using Report = JoinAttempt::Report;
 constexpr int stateCount = static_cast<int>(State::Overdue) + 1;
 constexpr int reportCount = static_cast<int>(Report::NewAttempt) + 1;
 
-constexpr State Idle = State::Idle;
-constexpr State Askd = State::Asked;
-constexpr State Conn = State::Connecting;
-constexpr State Name = State::AwaitingName;
-constexpr State Leas = State::AwaitingLease;
-constexpr State Join = State::Joined;
-constexpr State Offl = State::Offline;
-constexpr State Time = State::TimedOut;
-constexpr State Wrng = State::WrongPassword;
-constexpr State Over = State::Overdue;
+constexpr State idle = State::Idle;
+constexpr State askd = State::Asked;
+constexpr State conn = State::Connecting;
+constexpr State name = State::AwaitingName;
+constexpr State leas = State::AwaitingLease;
+constexpr State join = State::Joined;
+constexpr State offl = State::Offline;
+constexpr State tout = State::TimedOut;
+constexpr State wrng = State::WrongPassword;
+constexpr State over = State::Overdue;
+// Where a report repeats itself, comes too late or is not for the state.
+constexpr State stay = static_cast<State>(-1);
 
-// A report that repeats itself, comes too late or is not for the state leaves it: the state's own name then.
 // Of two final reports the later one holds, so that the operator does not wait in front of the wrong one.
 // clang-format off
 constexpr std::array<std::array<State, reportCount>, stateCount> table = {{
-    //          says the service:                    the link was read:
-    //          offline     connected   wrong password  name        lease       reset
-    //                connecting  timed out   unknown      address     limit       new attempt
-    /* Idle */ {Idle, Idle, Idle, Idle, Idle, Idle,  Idle, Idle,  Idle, Idle, Idle, Askd},
-    /* Askd */ {Offl, Conn, Name, Time, Wrng, Askd,  Askd, Askd,  Askd, Over, Idle, Askd},
-    /* Conn */ {Offl, Conn, Name, Time, Wrng, Conn,  Conn, Conn,  Conn, Over, Idle, Askd},
-    /* Name */ {Offl, Name, Name, Time, Wrng, Name,  Leas, Join,  Name, Join, Idle, Askd},
-    /* Leas */ {Offl, Leas, Leas, Time, Wrng, Leas,  Leas, Leas,  Join, Join, Idle, Askd},
-    /* Join */ {Offl, Join, Join, Time, Wrng, Join,  Join, Join,  Join, Join, Idle, Askd},
-    /* Offl */ {Offl, Offl, Name, Time, Wrng, Offl,  Offl, Offl,  Offl, Offl, Idle, Askd},
-    /* Time */ {Offl, Time, Name, Time, Wrng, Time,  Time, Time,  Time, Time, Idle, Askd},
-    /* Wrng */ {Offl, Wrng, Name, Time, Wrng, Wrng,  Wrng, Wrng,  Wrng, Wrng, Idle, Askd},
-    /* Over */ {Over, Over, Over, Over, Over, Over,  Over, Over,  Over, Over, Idle, Askd},
+    //          the service says                     the link says
+    //          offline     connected   refused      name         lease       reset
+    //                connecting  timed out   unknown      address      limit       new attempt
+    /* idle */ {stay, stay, stay, stay, stay, stay,  stay, stay,  stay, stay, stay, askd},
+    /* askd */ {offl, conn, name, tout, wrng, stay,  stay, stay,  stay, over, idle, askd},
+    /* conn */ {offl, stay, name, tout, wrng, stay,  stay, stay,  stay, over, idle, askd},
+    /* name */ {offl, stay, stay, tout, wrng, stay,  leas, join,  stay, join, idle, askd},
+    /* leas */ {offl, stay, stay, tout, wrng, stay,  stay, stay,  join, join, idle, askd},
+    /* join */ {offl, stay, stay, tout, wrng, stay,  stay, stay,  stay, stay, idle, askd},
+    /* offl */ {stay, stay, name, tout, wrng, stay,  stay, stay,  stay, stay, idle, askd},
+    /* tout */ {offl, stay, name, stay, wrng, stay,  stay, stay,  stay, stay, idle, askd},
+    /* wrng */ {offl, stay, name, tout, stay, stay,  stay, stay,  stay, stay, idle, askd},
+    /* over */ {stay, stay, stay, stay, stay, stay,  stay, stay,  stay, stay, idle, askd},
 }};
 // clang-format on
 
@@ -69,7 +70,7 @@ Report reportOf(SystemSet::StateWifi value)
 
 bool isAwaiting(State state)
 {
-    return state == Askd || state == Conn || state == Name || state == Leas;
+    return state == askd || state == conn || state == name || state == leas;
 }
 
 // Whether the report says that something has become of the link; one that comes from reading it does not.
@@ -91,7 +92,8 @@ JoinAttempt::~JoinAttempt() = default;
 
 State JoinAttempt::after(State state, Report report)
 {
-    return table[static_cast<size_t>(state)][static_cast<size_t>(report)];
+    const State next = table[static_cast<size_t>(state)][static_cast<size_t>(report)];
+    return next == stay ? state : next;
 }
 
 void JoinAttempt::begin(const HMI::SSID &ssid, const QString &password)

@@ -1,71 +1,12 @@
 #include "tests/screen/networkpage.h"
+#include "tests/screen/questions.h"
 
-#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QRegularExpression>
-
-#include <set>
 
 namespace {
 
 constexpr int statusInterval = 2000;
 constexpr int vpnInterval = 3000;
-
-/// What the service is asked, pass by pass of the event loop.
-///
-/// What was asked counts until the next pass or the next write: that may have changed the answer.
-class Questions : public QObject
-{
-public:
-    Questions()
-    {
-        HmiSimulator::setGettersRecorded(true);
-        HmiSimulator::clearJournal();
-        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
-                &Questions::endPass);
-    }
-    ~Questions() override { HmiSimulator::setGettersRecorded(false); }
-
-    /// Forgets what was asked so far.
-    void begin()
-    {
-        HmiSimulator::clearJournal();
-        m_all.clear();
-        m_repeated.clear();
-    }
-    /// What was asked twice in a pass; empty, as it should be, when nothing was.
-    QStringList repeated()
-    {
-        endPass();
-        return m_repeated;
-    }
-    /// Everything the service was called for, but for the beep of a tap.
-    QStringList all()
-    {
-        endPass();
-        return m_all;
-    }
-
-private:
-    void endPass()
-    {
-        std::set<std::string> asked;
-        for (const HmiSimulator::Entry &entry : HmiSimulator::journal()) {
-            if (entry.kind == HmiSimulator::Kind::Report || entry.operation == "beep" ||
-                entry.operation == "isBuzzerOn")
-                continue;
-            const std::string text = entry.text();
-            m_all << QString::fromStdString(text);
-            if (entry.kind == HmiSimulator::Kind::Action)
-                asked.clear();
-            else if (!asked.insert(text).second)
-                m_repeated << QString::fromStdString(text);
-        }
-        HmiSimulator::clearJournal();
-    }
-
-    QStringList m_all;
-    QStringList m_repeated;
-};
 
 void addAdapters()
 {
@@ -174,6 +115,7 @@ void TestNetworkReadings::poll_data()
     QTest::newRow("4G") << "4G" << statusInterval << true;
     QTest::newRow("VPN") << "VPN" << vpnInterval << true;
     QTest::newRow("Wi-Fi") << "Wi-Fi" << statusInterval << true;
+    QTest::newRow("Wi-Fi beside its page") << "Wi-Fi" << statusInterval << true;
     QTest::newRow("Wi-Fi offline") << "Wi-Fi" << statusInterval << false;
 }
 
@@ -184,6 +126,9 @@ void TestNetworkReadings::poll()
     QFETCH(bool, joined);
     NetworkPage page;
     page.select(adapter);
+    if (QByteArray(QTest::currentDataTag()).endsWith("page"))
+        page.tap(page.row("Wi-Fi Settings"));
+    Operator::settle();
     if (!joined)
         HmiSimulator::leaveNetwork();
     Questions questions;
