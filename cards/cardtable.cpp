@@ -6,7 +6,6 @@
 #include "cards/general/cardbuzzer.h"
 #include "cards/general/cardtime.h"
 #include "cards/network/carddns.h"
-#include "cards/network/cardlinks.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/cardnic.h"
 #include "cards/wifi/cardwifi.h"
@@ -18,7 +17,9 @@
 #include "controls/dialog.h"
 #include "controls/stepslider.h"
 #include "shell/base/qmltype.h"
+#include "panel/panel.h"
 #include "shell/cardinfo.h"
+#include "shell/rootof.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
 #include <QtQuick/private/qquickitem_p.h>
@@ -30,8 +31,7 @@ namespace {
 // A tunnel has neither servers of names of its own, nor can it be the default adapter.
 bool isNoVpnSelected(AppRootItem *root)
 {
-    const CardNetwork *network = CardLinks::network(root);
-    return !network || network->currentNIC() != HMI::SystemSet::VPN;
+    return panelOf(root).selected() != HMI::SystemSet::VPN;
 }
 
 void wireNetwork(AppRootItem *root, QQuickItem *card)
@@ -55,10 +55,7 @@ void wireWifi(AppRootItem *root, QQuickItem *card)
     auto *wifi = qobject_cast<CardWifi *>(card);
     if (!wifi)
         return;
-    QObject::connect(wifi, &CardWifi::wifiReset, root, [root] {
-        if (CardNetwork *network = CardLinks::network(root))
-            emit network->wifiReset();
-    });
+    QObject::connect(wifi, &CardWifi::wifiReset, &root->panel().wifi(), &WifiLink::reset);
     BeepButton *button = wifi->returnButton();
     if (!button)
         return;

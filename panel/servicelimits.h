@@ -9,7 +9,8 @@ namespace QSP {
 /// How long the screen waits for an answer of the service. A report that comes later is dropped.
 namespace ServiceLimits {
 
-/// For the final report of an attempt to join a network; then it counts as timed out.
+/// From the asking to join a network until the panel has joined it, with a name and an address. Without a final
+/// report the attempt counts as timed out then; without the rest as joined.
 inline constexpr std::chrono::seconds join{60};
 /// For the list of a scan or of a reset; then it counts as failed.
 inline constexpr std::chrono::seconds scan{30};

@@ -3,26 +3,52 @@
 #include "panel/nic.h"
 #include "panel/ssid.h"
 
+#include <tuple>
+
 namespace QSP {
 
-bool WifiLink::isConnected() const
+WifiLink::WifiLink(QObject *parent) : QObject(parent) {}
+
+WifiLink::Reading WifiLink::ask()
 {
-    return systemSet().isWifiConnected();
+    Reading reading;
+    reading.isConnected = systemSet().isWifiConnected();
+    // The service may know the name before it calls itself connected.
+    reading.ssid = terminatedSsid(systemSet().currentWifiSsid());
+    if (reading.isConnected)
+        reading.signalStrength = systemSet().currentWifiSignalStrength();
+    return reading;
 }
 
-HMI::SSID WifiLink::ssid() const
+const WifiLink::Reading &WifiLink::reading() const
 {
-    return terminatedSsid(systemSet().currentWifiSsid());
+    if (!m_reading)
+        m_reading = ask();
+    return *m_reading;
+}
+
+void WifiLink::read()
+{
+    const Reading now = ask();
+    const auto values = [](const Reading &reading) {
+        return std::tie(reading.isConnected, reading.ssid, reading.signalStrength);
+    };
+    const bool isNew = !m_reading || values(*m_reading) != values(now);
+    m_reading = now;
+    if (isNew)
+        emit changed();
+    emit wasRead();
+}
+
+void WifiLink::refresh()
+{
+    if (!m_reading)
+        read();
 }
 
 QString WifiLink::name() const
 {
     return getSsidFromCurWifi(ssid());
-}
-
-int WifiLink::signalStrength() const
-{
-    return systemSet().currentWifiSignalStrength();
 }
 
 } // namespace QSP

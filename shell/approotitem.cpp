@@ -45,6 +45,8 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
     setColor(QColor(0xF4, 0xF5, 0xF5));
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
+    // Before any card looks.
+    connect(this, &AppRootItem::opened, &m_panel, &Panel::read);
     catchEvents();
     followVisibility();
 }

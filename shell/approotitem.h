@@ -112,7 +112,7 @@ private:
     void addMenuButton(MenuIndex entry);
     void addCard(Cards card);
 
-    Panel m_panel;
+    Panel m_panel{this};
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;
     std::unique_ptr<Menu> m_menu;

@@ -1,9 +1,7 @@
 #include "cards/network/carddns.h"
 
-#include "cards/network/cardlinks.h"
-#include "cards/network/cardnetwork.h"
 #include "controls/cipinput.h"
-#include "shell/approotitem.h"
+#include "panel/panel.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documenttext.h"
 #include "shell/rootof.h"
@@ -39,36 +37,55 @@ void CardDNS::componentComplete()
     m_first = aliasOf<CIpInput>(this, "dns1Input");
     m_second = aliasOf<CIpInput>(this, "dns2Input");
 
-    if (const AppRootItem *root = rootOf(this))
-        connect(root, &AppRootItem::opened, this, &CardDNS::loadDnsAndShow);
-    if (const CardNetwork *network = CardLinks::network(this)) {
-        connect(network, &CardNetwork::netDisabledChanged, this, &CardDNS::updateEnable_DNS);
-        connect(network, &CardNetwork::useStaticIpChanged, this, &CardDNS::updateEnable_DNS);
-    }
+    Panel &panel = panelOf(this);
+    connect(&panel, &Panel::wasRead, this, &CardDNS::showServers);
+    connect(&panel, &Panel::selectionChanged, this, [this] {
+        showServers();
+        updateEnable_DNS();
+    });
+    connect(&panel.adapters(), &Adapters::enabledChanged, this, &CardDNS::updateEnable_DNS);
+    connect(&panel.adapters(), &Adapters::staticChanged, this, &CardDNS::updateEnable_DNS);
+    connect(&panel.adapters(), &Adapters::dnsDue, this, [this](NIC nic) {
+        if (nic == panelOf(this).selected())
+            showServers();
+    });
     for (const CIpInput *input : {m_first, m_second}) {
         if (input)
             connect(input, &CIpInput::ipChangedByEdit, this, [this] {
                 saveDns({m_first->ip(), m_second->ip()});
             });
     }
-    loadDnsAndShow();
+    showServers();
     updateEnable_DNS();
 }
 
-void CardDNS::loadDnsAndShow() const
+Adapter *CardDNS::adapter() const
 {
-    const CardNetwork *network = CardLinks::network(this);
-    if (!network)
+    Panel &panel = panelOf(this);
+    return panel.selected() == g_noAdapter ? nullptr : &panel.adapter(panel.selected());
+}
+
+void CardDNS::showServers() const
+{
+    const Adapter *selected = adapter();
+    if (!selected)
         return;
-    const auto [first, second] = systemSet().getDns(network->currentNIC());
+    const auto [first, second] = selected->dns();
     showAddress(m_first, first);
     showAddress(m_second, second);
 }
 
+void CardDNS::loadDnsAndShow() const
+{
+    if (Adapter *selected = adapter())
+        selected->forget();
+    showServers();
+}
+
 void CardDNS::saveDns(const QPair<QString, QString> &dns)
 {
-    if (const CardNetwork *network = CardLinks::network(this))
-        systemSet().setDns(network->currentNIC(), {addressOf(dns.first), addressOf(dns.second)});
+    if (Adapter *selected = adapter())
+        selected->setDns({addressOf(dns.first), addressOf(dns.second)});
 }
 
 void CardDNS::disableDns()
@@ -81,13 +98,10 @@ void CardDNS::disableDns()
 
 void CardDNS::updateEnable_DNS()
 {
-    const CardNetwork *network = CardLinks::network(this);
-    if (!network)
-        return;
-    const bool allowed = network->allow_ModifyIPInfo(network->currentNIC());
+    const Adapter *selected = adapter();
     for (CIpInput *input : {m_first, m_second}) {
-        if (input)
-            input->setEnabled(allowed);
+        if (input && selected)
+            input->setEnabled(selected->mayEdit());
     }
 }
 

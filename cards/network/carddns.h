@@ -7,11 +7,12 @@
 
 namespace QSP {
 
+class Adapter;
 class CIpInput;
 
-/// The two DNS servers of the adapter that is selected on the network card.
+/// The two DNS servers of the selected adapter.
 ///
-/// Follows that card; without it, every operation does nothing. GUI thread only.
+/// While none is selected, every operation does nothing. GUI thread only.
 class CardDNS : public NetworkSideCard
 {
     Q_OBJECT
@@ -19,7 +20,7 @@ class CardDNS : public NetworkSideCard
 public:
     explicit CardDNS(QQuickItem *parent = nullptr);
 
-    /// Shows the servers that the service has; a field that is being edited keeps its text.
+    /// Asks the service for the servers, and shows them; a field that is being edited keeps its text.
     void loadDnsAndShow() const;
     /// Writes both servers, dotted; what is no address counts as 0.0.0.0.
     void saveDns(const QPair<QString, QString> &dns);
@@ -32,6 +33,9 @@ protected:
     void componentComplete() override;
 
 private:
+    Adapter *adapter() const;
+    void showServers() const;
+
     CIpInput *m_first = nullptr;
     CIpInput *m_second = nullptr;
 };

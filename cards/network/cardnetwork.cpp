@@ -1,16 +1,11 @@
 #include "cards/network/cardnetwork.h"
 
-#include "cards/network/addressrules.h"
-#include "cards/network/cardlinks.h"
-#include "cards/network/mobilemonitor.h"
-#include "cards/network/networkactions.h"
-#include "cards/network/networkmetrics.h"
 #include "cards/network/networkrows.h"
+#include "cards/network/statusmonitors.h"
 #include "cards/network/statustext.h"
-#include "cards/network/vpnmonitor.h"
-#include "cards/network/wifimonitor.h"
 #include "controls/beepbutton.h"
-#include "controls/beepswitch.h"
+#include "controls/cipinput.h"
+#include "panel/panel.h"
 #include "shell/approotitem.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/embeddedcomponent.h"
@@ -20,24 +15,24 @@
 #include <QtCore/QUrl>
 #include <QtQuick/private/qquicktext_p.h>
 
+#include <algorithm>
+
 namespace QSP {
 
-CardNetwork::CardNetwork(QQuickItem *parent)
-    : BaseCard(parent)
-    , m_mobile(std::make_unique<MobileMonitor>(this))
-    , m_vpn(std::make_unique<VpnMonitor>(this))
-    , m_wifi(std::make_unique<WifiMonitor>(this))
-    , m_rules(std::make_unique<AddressRules>(this))
-    , m_actions(std::make_unique<NetworkActions>(this))
-    , m_rows(std::make_unique<NetworkRows>(this))
+CardNetwork::CardNetwork(QQuickItem *parent) : BaseCard(parent), m_sizes(NetworkMetrics::ofScreen())
 {
-    const NetworkMetrics metrics = NetworkMetrics::ofScreen();
-    m_rowHeight = metrics.rowHeight;
-    m_fontPixelSize = metrics.fontPixelSize;
+    connect(&m_sizes, &RowSizes::changed, this, &CardNetwork::sizeNicButtons);
+    connect(&m_sizes, &RowSizes::rowHeightChanged, this, &CardNetwork::rowHeightChanged);
+    connect(&m_sizes, &RowSizes::fontPixelSizeChanged, this, &CardNetwork::fontPixelSizeChanged);
     connect(this, &CardNetwork::currentNICChanged, this, &CardNetwork::changeNIC);
 }
 
 CardNetwork::~CardNetwork() = default;
+
+Panel &CardNetwork::panel() const
+{
+    return panelOf(this);
+}
 
 void CardNetwork::componentComplete()
 {
@@ -45,48 +40,48 @@ void CardNetwork::componentComplete()
     m_nicButtonFlow = aliasOf<QQuickItem>(this, "nicButtonFlow");
     m_layout = aliasOf<QQuickItem>(this, "layout");
     setNetworkText(aliasOf<QQuickText>(this, "titleText"), "Network");
+    m_monitors = std::make_unique<StatusMonitors>(this, panel());
+    m_rows = std::make_unique<NetworkRows>(panel(), RowFactory(m_layout, m_sizes), *m_monitors);
     addNicButtons();
-    AppRootItem *root = rootOf(this);
+    followPanel();
+    followRoot();
+}
+
+void CardNetwork::followPanel()
+{
+    connect(m_rows.get(), &NetworkRows::wifiPageWanted, this, &CardNetwork::switchToWifiCard);
+    connect(&m_monitors->wifi(), &WifiMonitor::statusShown, this, &CardNetwork::wifiStatusChanged);
+    connect(&panel(), &Panel::selectionChanged, this, &CardNetwork::currentNICChanged);
+    connect(&panel().adapters(), &Adapters::enabledChanged, this, &CardNetwork::netDisabledChanged);
+    connect(&panel().adapters(), &Adapters::staticChanged, this, &CardNetwork::useStaticIpChanged);
+    const Adapter *wifi = &panel().adapter(HMI::SystemSet::WIFI);
+    connect(wifi, &Adapter::enabling, this, &CardNetwork::wifiEnableChanged);
+    connect(&panel().wifi(), &WifiLink::wasReset, this, &CardNetwork::wifiReset);
+    connect(this, &CardNetwork::wifiReset, wifi, &Adapter::reset);
+}
+
+void CardNetwork::followRoot()
+{
+    const AppRootItem *root = rootOf(this);
     if (!root)
         return;
     connect(root, &QQuickItem::visibleChanged, this, [this, root] {
         if (!root->isVisible())
-            setMonitorsPaused(true);
+            m_monitors->setPaused(true);
     });
-    connect(root, &AppRootItem::opened, this, [this] { setMonitorsPaused(false); });
+    connect(&panel(), &Panel::wasRead, this, [this] { m_monitors->setPaused(false); });
 }
 
-void CardNetwork::setMonitorsPaused(bool paused)
+AdapterRows CardNetwork::rowsOf(NIC nic) const
 {
-    m_mobile->setPaused(paused);
-    m_vpn->setPaused(paused);
-    m_wifi->setPaused(paused);
-}
-
-void CardNetwork::setRowHeight(int height)
-{
-    if (m_rowHeight == height)
-        return;
-    m_rowHeight = height;
-    sizeNicButtons();
-    emit rowHeightChanged();
-}
-
-void CardNetwork::setFontPixelSize(int size)
-{
-    if (m_fontPixelSize == size)
-        return;
-    m_fontPixelSize = size;
-    m_vpn->setFontPixelSize(size);
-    sizeNicButtons();
-    emit fontPixelSizeChanged();
+    return m_rows ? m_rows->of(nic) : AdapterRows();
 }
 
 // --- The selector ---
 
 void CardNetwork::addNicButtons()
 {
-    const int present = systemSet().getAllNIC();
+    const int present = panel().adapters().present();
     for (const NIC nic : g_adapters) {
         if (present & nic)
             addNicButton(nic);
@@ -112,36 +107,42 @@ void CardNetwork::addNicButton(NIC nic)
 void CardNetwork::sizeNicButtons()
 {
     for (BeepButton *button : qAsConst(m_buttons)) {
-        button->setHeight(0.5 * m_rowHeight);
-        button->setProperty("fontSize", m_fontPixelSize);
+        button->setHeight(0.5 * rowHeight());
+        button->setProperty("fontSize", fontPixelSize());
     }
 }
 
 void CardNetwork::selectFirstNic(int present)
 {
-    for (const NIC nic : g_adapters) {
-        if (!(present & nic))
-            continue;
-        if (BeepButton *button = m_buttons.value(nic))
-            button->setChecked(true);
-        m_currentNic = nic;
-        showItems(nic, true);
-        // Wi-Fi is watched from the showing of the page on.
-        if (nic != HMI::SystemSet::WIFI)
-            startMonitor(nic);
+    const auto *first = std::find_if(g_adapters.begin(), g_adapters.end(),
+                                     [present](NIC nic) { return (present & nic) != 0; });
+    if (first == g_adapters.end())
         return;
-    }
+    panel().select(*first);
+    if (BeepButton *button = m_buttons.value(*first))
+        button->setChecked(true);
+    showItems(*first, true);
+    // Wi-Fi is watched from the showing of the page on.
+    if (*first != HMI::SystemSet::WIFI)
+        m_monitors->start(*first);
+}
+
+NIC CardNetwork::currentNIC() const
+{
+    return panel().selected();
 }
 
 void CardNetwork::setCurrentNIC(NIC nic)
 {
-    if (nic == m_currentNic)
+    const NIC old = currentNIC();
+    if (nic == old)
         return;
     // An edit under way belongs to the adapter that it was begun on.
     VkbManager::instance().endEdit();
-    const NIC old = m_currentNic;
-    m_currentNic = nic;
-    emit currentNICChanged(nic, old);
+    panel().select(nic);
+    // Nobody has told the card yet.
+    if (!m_rows)
+        emit currentNICChanged(nic, old);
 }
 
 void CardNetwork::changeNIC(NIC newNic, NIC oldNic)
@@ -150,155 +151,166 @@ void CardNetwork::changeNIC(NIC newNic, NIC oldNic)
         button->setChecked(true);
     showItems(oldNic, false);
     showItems(newNic, true);
-    CardLinks::reloadDns(this);
-    CardLinks::updateDnsEnabled(this);
-    stopMonitor(oldNic);
-    startMonitor(newNic);
+    if (!m_monitors)
+        return;
+    m_monitors->stop(oldNic);
+    m_monitors->start(newNic);
 }
 
 void CardNetwork::showItems(NIC nic, bool visible)
 {
-    if (nic != g_noAdapter && m_layout)
+    if (nic != g_noAdapter && m_rows)
         m_rows->show(nic, visible);
 }
 
-void CardNetwork::stopMonitor(NIC nic)
-{
-    if (nic == HMI::SystemSet::MOBILE_4G)
-        m_mobile->stop();
-    else if (nic == HMI::SystemSet::VPN)
-        m_vpn->stop();
-    else if (nic == HMI::SystemSet::WIFI)
-        m_wifi->stop();
-}
-
-void CardNetwork::startMonitor(NIC nic)
-{
-    if (nic == HMI::SystemSet::MOBILE_4G)
-        setup4GTimer(systemSet().isNicEnabled(nic));
-    else if (nic == HMI::SystemSet::VPN)
-        m_vpn->start();
-    else if (nic == HMI::SystemSet::WIFI)
-        m_wifi->start();
-}
-
-// --- Address rules ---
+// --- What the switches say, and the address fields show ---
 
 bool CardNetwork::isEnable_FromSwitch(NIC nic) const
 {
-    return m_rules->isEnabled(nic);
+    return hasAddresses(nic) && rowsOf(nic).enable && panel().adapter(nic).isEnabled();
 }
 
 bool CardNetwork::isStatic_FromSwitch(NIC nic) const
 {
-    return m_rules->isStatic(nic);
+    return rowsOf(nic).fixed && panel().adapter(nic).isStatic();
 }
 
 bool CardNetwork::allow_ModifyIPInfo(NIC nic) const
 {
-    return m_rules->mayEdit(nic);
+    return isStatic_FromSwitch(nic) && isEnable_FromSwitch(nic);
+}
+
+void CardNetwork::updateEnable(Address address, NIC nic)
+{
+    if (CIpInput *field = rowsOf(nic).field(address))
+        field->setEnabled(allow_ModifyIPInfo(nic));
 }
 
 void CardNetwork::updateEnable_IP(NIC nic)
 {
-    m_rules->updateEnable(g_ip, nic);
+    updateEnable(Address::Ip, nic);
 }
 
 void CardNetwork::updateEnable_SubnetMask(NIC nic)
 {
-    m_rules->updateEnable(g_mask, nic);
+    updateEnable(Address::SubnetMask, nic);
 }
 
 void CardNetwork::updateEnable_Gateway(NIC nic)
 {
-    m_rules->updateEnable(g_gateway, nic);
+    updateEnable(Address::Gateway, nic);
+}
+
+void CardNetwork::updateDisplay(Address address, NIC nic)
+{
+    if (!rowsOf(nic).field(address))
+        return;
+    panel().adapter(nic).forget();
+    panel().adapter(nic).showInForce(address);
 }
 
 void CardNetwork::updateDisplay_IP(NIC nic)
 {
-    m_rules->updateDisplay(g_ip, nic);
+    updateDisplay(Address::Ip, nic);
 }
 
 void CardNetwork::updateDisplay_SubnetMask(NIC nic)
 {
-    m_rules->updateDisplay(g_mask, nic);
+    updateDisplay(Address::SubnetMask, nic);
 }
 
 void CardNetwork::updateDisplay_Gateway(NIC nic)
 {
-    m_rules->updateDisplay(g_gateway, nic);
+    updateDisplay(Address::Gateway, nic);
 }
 
 void CardNetwork::updateNetInfoDisplay(NIC nic)
 {
-    m_rules->updateNetInfo(nic);
+    if (!rowsOf(nic).enable)
+        return;
+    panel().adapter(nic).forget();
+    panel().adapter(nic).showInForce();
 }
 
 // --- Switches ---
 
 void CardNetwork::updateSwitchDisplay_static(NIC nic)
 {
-    if (BeepSwitch *fixed = m_rows->of(nic).fixed)
-        fixed->setOn(!systemSet().isDhcpOn(nic));
+    if (!rowsOf(nic).fixed)
+        return;
+    panel().adapter(nic).forget();
+    panel().adapter(nic).adoptStatic();
 }
 
 void CardNetwork::updateSwitchDisplay_EnableDisable(NIC nic)
 {
-    if (BeepSwitch *enable = m_rows->of(nic).enable)
-        enable->setOn(systemSet().isNicEnabled(nic) != hasAddresses(nic));
+    if (!rowsOf(nic).enable)
+        return;
+    panel().adapter(nic).forget();
+    panel().adapter(nic).adoptEnabled();
 }
 
 void CardNetwork::enableNIC(NIC nic, bool on)
 {
-    m_actions->enableNic(nic, on);
+    if (std::find(g_adapters.begin(), g_adapters.end(), nic) != g_adapters.end())
+        panel().adapter(nic).setEnabled(on != hasAddresses(nic));
 }
 
 void CardNetwork::enableStatic(NIC nic, bool on)
 {
-    m_actions->enableStatic(nic, on);
+    if (hasAddresses(nic))
+        panel().adapter(nic).setStatic(on);
 }
 
 void CardNetwork::onEnableDHCP(NIC nic, HMI::SystemSet::DHCP_STATE state)
 {
-    m_actions->onDhcp(nic, state);
+    if (rowsOf(nic).enable)
+        panel().adapter(nic).onDhcp(state);
 }
 
 // --- Status ---
 
 void CardNetwork::setup4GTimer(bool enable)
 {
-    m_mobile->setup(enable);
+    panel().modem().forget();
+    if (m_monitors)
+        m_monitors->mobile().setup(enable);
 }
 
 void CardNetwork::clear4GDisplay()
 {
-    m_mobile->clear();
+    if (m_monitors)
+        m_monitors->mobile().clear();
 }
 
 void CardNetwork::update4GSignal()
 {
-    m_mobile->update();
+    if (m_monitors)
+        m_monitors->mobile().refresh();
 }
 
 void CardNetwork::updateVPNStatus()
 {
-    m_vpn->update();
+    if (m_monitors)
+        m_monitors->vpn().refresh();
 }
 
 void CardNetwork::updateWifiStatus()
 {
-    m_wifi->update();
+    if (m_monitors)
+        m_monitors->wifi().refresh();
 }
 
 void CardNetwork::updateWifiTimer()
 {
-    if (m_currentNic == HMI::SystemSet::WIFI)
-        m_wifi->start();
+    if (m_monitors && currentNIC() == HMI::SystemSet::WIFI)
+        m_monitors->wifi().startAgain();
 }
 
 void CardNetwork::setWifiConnecting(bool connecting)
 {
-    m_wifi->setConnecting(connecting);
+    if (m_monitors)
+        m_monitors->wifi().setConnecting(connecting);
 }
 
 } // namespace QSP

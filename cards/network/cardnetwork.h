@@ -1,7 +1,8 @@
 #pragma once
 
+#include "cards/network/adapterrows.h"
+#include "cards/network/rowsizes.h"
 #include "controls/basecard.h"
-#include "panel/nic.h"
 
 #include <QtCore/QHash>
 
@@ -11,24 +12,19 @@ class QQuickText;
 
 namespace QSP {
 
-class AddressRules;
 class BeepButton;
-class MobileMonitor;
-class NetworkActions;
 class NetworkRows;
-class VpnMonitor;
-class WifiMonitor;
+class Panel;
+class StatusMonitors;
 
 /// The card on which the operator picks an adapter and sees or edits its settings.
 ///
-/// The card itself selects: it has a button an adapter and shows the rows of
-/// the chosen one. The rest is done by pieces that it owns: NetworkRows builds
-/// rows, AddressRules says what an address field shows and whether it may be
-/// edited, NetworkActions writes to the service, and three monitors keep the
-/// status of 4G, VPN and Wi-Fi fresh.
+/// The card itself selects: it has a button an adapter and shows the rows of the chosen one. NetworkRows builds
+/// the rows and connects them to the adapters of the panel, which know what is shown and what is written;
+/// StatusMonitors keep the status of 4G, VPN and Wi-Fi fresh.
 ///
-/// An adapter that has no row of a kind makes an operation on that row do
-/// nothing. GUI thread only.
+/// What an operation is to show is asked of the service anew. An adapter that has no row of a kind makes an
+/// operation on that row do nothing. GUI thread only.
 class CardNetwork : public BaseCard
 {
     Q_OBJECT
@@ -40,14 +36,14 @@ public:
     ~CardNetwork() override;
 
     /// Height unit of all rows, in pixels.
-    int rowHeight() const { return m_rowHeight; }
-    void setRowHeight(int height);
+    int rowHeight() const { return m_sizes.rowHeight(); }
+    void setRowHeight(int height) { m_sizes.setRowHeight(height); }
     /// Pixel size of every text of the card.
-    int fontPixelSize() const { return m_fontPixelSize; }
-    void setFontPixelSize(int size);
+    int fontPixelSize() const { return m_sizes.fontPixelSize(); }
+    void setFontPixelSize(int size) { m_sizes.setFontPixelSize(size); }
 
     /// The selected adapter; g_noAdapter on a panel without any.
-    HMI::SystemSet::NIC currentNIC() const { return m_currentNic; }
+    HMI::SystemSet::NIC currentNIC() const;
     /// Selects another adapter; the selected one does nothing.
     void setCurrentNIC(HMI::SystemSet::NIC nic);
     /// Shows or hides the rows of an adapter. Its rows are built, and visible, the first time.
@@ -95,13 +91,8 @@ public:
     /// Refreshes the Wi-Fi tile and sees that it goes on being refreshed, if Wi-Fi is selected.
     void updateWifiTimer();
 
-    // The pieces, for each other.
-    NetworkRows &rows() { return *m_rows; }
-    AddressRules &rules() { return *m_rules; }
-    NetworkActions &actions() { return *m_actions; }
-    MobileMonitor &mobile() { return *m_mobile; }
-    VpnMonitor &vpn() { return *m_vpn; }
-    WifiMonitor &wifi() { return *m_wifi; }
+    /// What was built so far.
+    AdapterRows rowsOf(HMI::SystemSet::NIC nic) const;
 
 public slots:
     /// Tells that an attempt to join a network began or ended; the tile keeps its text meanwhile.
@@ -130,26 +121,22 @@ protected:
     void componentComplete() override;
 
 private:
+    Panel &panel() const;
+    void followPanel();
+    void followRoot();
     void addNicButtons();
     void addNicButton(HMI::SystemSet::NIC nic);
     void sizeNicButtons();
     void selectFirstNic(int present);
-    void startMonitor(HMI::SystemSet::NIC nic);
-    void stopMonitor(HMI::SystemSet::NIC nic);
-    void setMonitorsPaused(bool paused);
+    void updateDisplay(Address address, HMI::SystemSet::NIC nic);
+    void updateEnable(Address address, HMI::SystemSet::NIC nic);
 
-    int m_rowHeight = 62;
-    int m_fontPixelSize = 20;
-    NIC m_currentNic = g_noAdapter;
+    RowSizes m_sizes;
     QHash<int, BeepButton *> m_buttons;
     QQuickItem *m_nicButtonFlow = nullptr;
     QQuickItem *m_layout = nullptr;
-    // In the order of need: each may use those before it until it is gone.
-    std::unique_ptr<MobileMonitor> m_mobile;
-    std::unique_ptr<VpnMonitor> m_vpn;
-    std::unique_ptr<WifiMonitor> m_wifi;
-    std::unique_ptr<AddressRules> m_rules;
-    std::unique_ptr<NetworkActions> m_actions;
+    // Null before completion; only then it is known on which screen, and with which panel, the card stands.
+    std::unique_ptr<StatusMonitors> m_monitors;
     std::unique_ptr<NetworkRows> m_rows;
 };
 

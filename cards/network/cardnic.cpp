@@ -1,20 +1,19 @@
 #include "cards/network/cardnic.h"
 
-#include "cards/network/cardlinks.h"
-#include "cards/network/cardnetwork.h"
 #include "cards/network/pingdialog.h"
 #include "controls/beepbutton.h"
 #include "controls/combobox.h"
-#include "panel/servicelimits.h"
+#include "panel/panel.h"
 #include "shell/approotitem.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documenttext.h"
 #include "shell/base/globalinfo.h"
-#include "shell/base/guithread.h"
 #include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QScopedValueRollback>
+
+#include <algorithm>
 
 namespace QSP {
 
@@ -32,13 +31,12 @@ int nicOf(const QVariant &entry)
 
 } // namespace
 
-CardNIC::CardNIC(QQuickItem *parent)
-    : NetworkSideCard(parent), m_pingLimit(new AnswerLimit(ServiceLimits::ping, "pingLimit", this))
-{
-    connect(m_pingLimit, &QTimer::timeout, this, [this] { reportPingTest(m_awaitedTest, false); });
-}
+CardNIC::CardNIC(QQuickItem *parent) : NetworkSideCard(parent) {}
 
-CardNIC::~CardNIC() = default;
+DefaultAdapter &CardNIC::adapter() const
+{
+    return panelOf(this).defaultAdapter();
+}
 
 void CardNIC::componentComplete()
 {
@@ -49,30 +47,28 @@ void CardNIC::componentComplete()
     setDocumentText(this, "testButtonText", [] { return translated("Test"); });
 
     m_comboBox = aliasOf<ComboBox>(this, "combobox");
-    updateComboBoxModel();
-
-    connect(this, &CardNIC::pingTestResult, this, &CardNIC::onPingTestResult);
-    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardNIC::updateComboBoxModel);
     m_testButton = aliasOf<BeepButton>(this, "testBeepButton");
     m_busy = aliasOf<QQuickItem>(this, "pingBusy");
-    if (m_testButton)
-        connect(m_testButton, &QQuickAbstractButton::clicked, this, &CardNIC::startPingTest);
+    show();
+
     if (m_comboBox)
-        connect(m_comboBox, &ComboBox::currentIndexChanged, this, &CardNIC::setDefaultNic);
+        connect(m_comboBox, &ComboBox::currentIndexChanged, this, &CardNIC::choose);
+    if (m_testButton)
+        connect(m_testButton, &QQuickAbstractButton::clicked, &adapter(), &DefaultAdapter::startTest);
+    connect(this, &CardNIC::pingTestResult, this, &CardNIC::onPingTestResult);
+    connect(&adapter(), &DefaultAdapter::tested, this, &CardNIC::pingTestResult);
+    connect(&adapter(), &DefaultAdapter::testingChanged, this, &CardNIC::showTesting);
+    connect(&adapter(), &DefaultAdapter::changed, this, &CardNIC::show);
     // Adapters may have been switched elsewhere while the screen was away.
-    if (const AppRootItem *root = rootOf(this))
-        connect(root, &AppRootItem::opened, this, &CardNIC::updateComboBoxModel);
-    if (const CardNetwork *network = CardLinks::network(this))
-        connect(network, &CardNetwork::netDisabledChanged, this, &CardNIC::updateComboBoxModel);
+    connect(&panelOf(this), &Panel::wasRead, this, &CardNIC::show);
+    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardNIC::updateComboBoxModel);
 }
 
-QVariantList CardNIC::createModel() const
+QVariantList CardNIC::model() const
 {
-    const int present = systemSet().getAllNIC();
     QVariantList model;
-    for (const NIC nic : g_adapters) {
-        if (nic == HMI::SystemSet::VPN || !(present & nic) || !systemSet().isNicEnabled(nic))
-            continue;
+    const QVector<NIC> possible = adapter().possible();
+    for (const NIC nic : possible) {
         const char *label = adapterLabel(nic);
         model.append(QVariantMap{{QStringLiteral("key"), QLatin1String(label)},
                                  {QStringLiteral("name"), translated(label)},
@@ -81,86 +77,61 @@ QVariantList CardNIC::createModel() const
     return model;
 }
 
-void CardNIC::setModel(const QVariantList &model)
+QVariantList CardNIC::createModel() const
 {
+    adapter().forget();
+    return model();
+}
+
+void CardNIC::show()
+{
+    const QVariantList now = model();
     // An equal list would only close what the operator has open.
-    if (!m_comboBox || m_comboBox->model().toList() == model)
-        return;
-    const QScopedValueRollback<bool> showing(m_showing, true);
-    m_comboBox->setModel(model);
+    if (m_comboBox && m_comboBox->model().toList() != now) {
+        const QScopedValueRollback<bool> showing(m_showing, true);
+        m_comboBox->setModel(now);
+    }
+    selectCurrent();
 }
 
 void CardNIC::updateComboBoxModel()
 {
-    setModel(createModel());
-    initComboxCurrentIndex();
+    adapter().forget();
+    show();
 }
 
-void CardNIC::initComboxCurrentIndex()
+void CardNIC::selectCurrent()
 {
     if (!m_comboBox)
         return;
     const QVariantList model = m_comboBox->model().toList();
-    const int current = systemSet().getDefaultNIC();
-    int index = -1;
-    for (int i = 0; i < model.size() && index < 0; ++i) {
-        if (nicOf(model.at(i)) == current)
-            index = i;
-    }
+    const auto entry = std::find_if(model.begin(), model.end(), [this](const QVariant &candidate) {
+        return nicOf(candidate) == adapter().current();
+    });
     const QScopedValueRollback<bool> showing(m_showing, true);
-    m_comboBox->setCurrentIndex(index);
+    m_comboBox->setCurrentIndex(entry == model.end() ? -1 : static_cast<int>(entry - model.begin()));
 }
 
-void CardNIC::setDefaultNic()
+void CardNIC::initComboxCurrentIndex()
+{
+    adapter().forget();
+    selectCurrent();
+}
+
+void CardNIC::choose()
 {
     const int index = m_comboBox->currentIndex();
     const QVariantList model = m_comboBox->model().toList();
-    if (m_showing || index < 0 || index >= model.size())
-        return;
-    systemSet().setDefaultNIC(static_cast<NIC>(nicOf(model.at(index))), false);
-    // The service may have refused: the adapter may have vanished while the list was open.
-    updateComboBoxModel();
-    forgetPingTestOfFormerDefault();
+    if (!m_showing && index >= 0 && index < model.size())
+        adapter().choose(static_cast<NIC>(nicOf(model.at(index))));
 }
 
-void CardNIC::startPingTest()
+void CardNIC::showTesting(bool isTesting)
 {
-    const int test = ++m_lastTest;
-    m_testedNic = systemSet().getDefaultNIC();
-    awaitPingTest(test);
-    const auto done =
-        onGuiThread(this, [test](CardNIC *card, bool result) { card->reportPingTest(test, result); });
-    systemSet().pingTest(m_testedNic, done);
-}
-
-void CardNIC::awaitPingTest(int test)
-{
-    m_awaitedTest = test;
-    const bool isWaiting = test != 0;
-    if (isWaiting)
-        m_pingLimit->start();
-    else
-        m_pingLimit->stop();
     if (m_testButton)
-        m_testButton->setEnabled(!isWaiting);
+        m_testButton->setEnabled(!isTesting);
     if (m_busy)
-        m_busy->setVisible(isWaiting);
-}
-
-void CardNIC::forgetPingTestOfFormerDefault()
-{
-    if (m_awaitedTest != 0 && systemSet().getDefaultNIC() != m_testedNic)
-        awaitPingTest(0);
-}
-
-void CardNIC::reportPingTest(int test, bool result)
-{
-    forgetPingTestOfFormerDefault();
-    // The newest test counts, and its first report: a second one would bring back a closed dialog.
-    if (test == 0 || test != m_awaitedTest)
-        return;
-    awaitPingTest(0);
-    emit pingTestResult(result);
+        m_busy->setVisible(isTesting);
 }
 
 void CardNIC::onPingTestResult(bool result)

@@ -1,25 +1,25 @@
 #pragma once
 
 #include "cards/network/networksidecard.h"
-#include "panel/nic.h"
 
 #include <QtCore/QVariant>
 
 namespace QSP {
 
-class AnswerLimit;
 class BeepButton;
 class ComboBox;
+class DefaultAdapter;
 class PingDialog;
 
-/// Choice of the default adapter, and a test whether it reaches the outside world. GUI thread only.
+/// Choice of the default adapter, and a test whether it reaches the outside world.
+///
+/// What an operation is to show is asked of the service anew. GUI thread only.
 class CardNIC : public NetworkSideCard
 {
     Q_OBJECT
 
 public:
     explicit CardNIC(QQuickItem *parent = nullptr);
-    ~CardNIC() override;
 
     /// One record for each adapter that is present and enabled, the VPN excepted: "key" is the
     /// untranslated label, "name" its translation, "nic" the adapter.
@@ -40,22 +40,18 @@ protected:
     void componentComplete() override;
 
 private:
-    void setModel(const QVariantList &model);
-    void setDefaultNic();
-    void startPingTest();
-    void reportPingTest(int test, bool result);
-    void awaitPingTest(int test);
-    void forgetPingTestOfFormerDefault();
+    DefaultAdapter &adapter() const;
+    QVariantList model() const;
+    void show();
+    void selectCurrent();
+    void choose();
+    void showTesting(bool isTesting);
 
     ComboBox *m_comboBox = nullptr;
     BeepButton *m_testButton = nullptr;
     QQuickItem *m_busy = nullptr;
     PingDialog *m_dialog = nullptr;
-    AnswerLimit *m_pingLimit;
     bool m_showing = false;
-    int m_lastTest = 0;
-    int m_awaitedTest = 0; ///< 0 while no report is due
-    NIC m_testedNic = g_noAdapter;
 };
 
 } // namespace QSP

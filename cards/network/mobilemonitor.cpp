@@ -1,6 +1,6 @@
 #include "cards/network/mobilemonitor.h"
 
-#include "panel/nic.h"
+#include "panel/panel.h"
 
 #include <QtCore/QUrl>
 #include <QtQuick/private/qquickimage_p.h>
@@ -38,7 +38,22 @@ const char *stateSource(int state)
 
 } // namespace
 
-MobileMonitor::MobileMonitor(QObject *card) : m_timer(card, interval) {}
+MobileMonitor::MobileMonitor(QObject *timerOwner, Panel &panel)
+    : m_panel(panel), m_timer(timerOwner, interval)
+{
+    constexpr NIC nic = HMI::SystemSet::MOBILE_4G;
+    const Adapter &adapter = panel.adapter(nic);
+    connect(&adapter, &Adapter::enabling, this, [this](bool enabled) {
+        // Only the selected adapter is watched; selecting it later starts the refreshing.
+        if (!enabled || m_panel.selected() == nic)
+            setup(enabled);
+    });
+    // Before this the service still told the old state.
+    connect(&adapter, &Adapter::enabledChanged, this, [this](bool enabled) {
+        if (enabled)
+            update();
+    });
+}
 
 void MobileMonitor::setup(bool enable)
 {
@@ -47,7 +62,7 @@ void MobileMonitor::setup(bool enable)
         clear();
         return;
     }
-    if (m_timer.ensure(this, [this] { update(); }))
+    if (m_timer.ensure(this, [this] { refresh(); }))
         clear();
     if (m_timer.start())
         update();
@@ -70,10 +85,17 @@ void MobileMonitor::setPaused(bool paused)
 
 void MobileMonitor::update()
 {
+    const Modem &modem = m_panel.modem();
     if (m_signal)
-        m_signal->setSource(signalIcon(systemSet().get4GSignal(HMI::SystemSet::MOBILE_4G)));
+        m_signal->setSource(signalIcon(modem.signalStrength()));
     if (m_state.hasItem())
-        m_state.show(stateSource(systemSet().get4GState(HMI::SystemSet::MOBILE_4G)));
+        m_state.show(stateSource(modem.state()));
+}
+
+void MobileMonitor::refresh()
+{
+    m_panel.modem().forget();
+    update();
 }
 
 } // namespace QSP

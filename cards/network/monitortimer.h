@@ -5,14 +5,15 @@
 
 namespace QSP {
 
-/// The timer of a status monitor: made on first need as a child of the card, then reused.
+/// The timer of a status monitor: made on first need as a child of its owner, then reused.
 ///
 /// While the screen is closed it is paused: what is started then begins to tick when the screen is opened.
 class MonitorTimer
 {
 public:
-    MonitorTimer(QObject *card, int interval) : m_card(card), m_interval(interval) {}
+    MonitorTimer(QObject *owner, int interval) : m_owner(owner), m_interval(interval) {}
 
+    bool isMade() const { return m_timer != nullptr; }
     /// Whether it was started, be it paused or not.
     bool isRunning() const { return m_isRunning; }
 
@@ -21,7 +22,7 @@ public:
     {
         if (m_timer)
             return false;
-        m_timer = new QTimer(m_card);
+        m_timer = new QTimer(m_owner);
         m_timer->setInterval(m_interval);
         QObject::connect(m_timer, &QTimer::timeout, monitor, tick);
         return true;
@@ -64,7 +65,7 @@ public:
     }
 
 private:
-    QObject *m_card;
+    QObject *m_owner;
     int m_interval;
     QTimer *m_timer = nullptr;
     bool m_isRunning = false;

@@ -1,19 +1,12 @@
 #include "cards/network/networkrows.h"
 
-#include "cards/network/addressrules.h"
-#include "cards/network/cardlinks.h"
-#include "cards/network/cardnetwork.h"
-#include "cards/network/mobilemonitor.h"
-#include "cards/network/networkactions.h"
-#include "cards/network/vpnmonitor.h"
-#include "cards/network/wifimonitor.h"
+#include "cards/network/statusmonitors.h"
 #include "cards/network/wifitile.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
 #include "controls/cmacinput.h"
 #include "controls/combobox.h"
-#include "shell/approotitem.h"
-#include "shell/rootof.h"
+#include "panel/panel.h"
 
 namespace QSP {
 
@@ -29,9 +22,38 @@ NIC rowsKey(NIC nic)
     return nic > HMI::SystemSet::MOBILE_4G ? HMI::SystemSet::VPN : HMI::SystemSet::MOBILE_4G;
 }
 
+// What the first switch of an adapter means: "disabled" where there are addresses, "enabled" elsewhere.
+bool isEnabledBy(bool on, NIC nic)
+{
+    return on != hasAddresses(nic);
+}
+
+const char *labelOf(Address address)
+{
+    switch (address) {
+    case Address::Ip:
+        return "IP Address";
+    case Address::SubnetMask:
+        return "Subnet Mask";
+    case Address::Gateway:
+        return "Default Gateway";
+    }
+    return "";
+}
+
+void showAddress(CIpInput *field, std::optional<HMI::IP> address)
+{
+    if (address)
+        field->refreshIp(dotted(*address));
+    else
+        field->clear();
+}
+
 } // namespace
 
-NetworkRows::NetworkRows(CardNetwork *card) : m_card(card) {}
+NetworkRows::NetworkRows(Panel &panel, const RowFactory &make, StatusMonitors &monitors)
+    : m_panel(panel), m_make(make), m_monitors(monitors)
+{}
 
 void NetworkRows::show(NIC nic, bool visible)
 {
@@ -42,20 +64,20 @@ void NetworkRows::show(NIC nic, bool visible)
     for (QQuickItem *row : rows->items)
         row->setVisible(visible);
     if (visible)
-        m_card->rules().reread(key);
+        m_panel.adapter(key).showAgain();
 }
 
 void NetworkRows::build(NIC nic)
 {
     m_rows.insert(nic, {});
+    Adapter &adapter = m_panel.adapter(nic);
+    adapter.begin();
     if (nic == HMI::SystemSet::VPN)
-        buildVpn();
+        buildVpn(adapter);
     else if (nic == HMI::SystemSet::MOBILE_4G)
-        buildMobile();
+        buildMobile(adapter);
     else
-        buildAddressed(nic);
-    if (const AppRootItem *root = rootOf(m_card))
-        connect(root, &AppRootItem::opened, this, [this, nic] { reread(nic); });
+        buildAddressed(adapter);
 }
 
 QQuickItem *NetworkRows::append(NIC nic, QQuickItem *row)
@@ -64,146 +86,106 @@ QQuickItem *NetworkRows::append(NIC nic, QQuickItem *row)
     return row;
 }
 
-void NetworkRows::buildAddressed(NIC nic)
+void NetworkRows::buildAddressed(Adapter &adapter)
 {
-    addEnableSwitch(nic, "Disable Network");
-    if (nic == HMI::SystemSet::WIFI)
-        addWifiTile();
-    addStaticSwitch(nic);
-    for (const AddressKind *kind : g_addressKinds)
-        addAddress(*kind, nic);
-    m_card->rules().reread(nic);
-    addMac(nic);
-
-    connect(m_card, &CardNetwork::netDisabledChanged, this, [this, nic] {
-        m_rows.value(nic).fixed->onChangeEnabled(m_card->isEnable_FromSwitch(nic));
-        m_card->rules().updateEnable(nic);
-    });
-    connect(m_card, &CardNetwork::useStaticIpChanged, this,
-            [this, nic] { m_card->rules().updateEnable(nic); });
-    if (nic != HMI::SystemSet::WIFI)
-        return;
-    connect(m_card, &CardNetwork::wifiReset, this, [this, nic] {
-        const AdapterRows rows = m_rows.value(nic);
-        rows.fixed->setOn(false);
-        for (const AddressKind *kind : g_addressKinds) {
-            if (CIpInput *field = rows.*kind->field)
-                field->clear();
-        }
-    });
+    addEnableSwitch(adapter, "Disable Network");
+    if (adapter.nic() == HMI::SystemSet::WIFI)
+        addWifiTile(adapter);
+    addStaticSwitch(adapter);
+    for (const Address address : g_addresses)
+        addAddress(address, adapter);
+    addMac(adapter);
 }
 
-BeepSwitch *NetworkRows::addEnableSwitch(NIC nic, const char *label)
+void NetworkRows::addEnableSwitch(Adapter &adapter, const char *label)
 {
-    BeepSwitch *enable = make().toggle(append(nic, make().labelledRow(label)));
+    const NIC nic = adapter.nic();
+    BeepSwitch *enable = m_make.toggle(append(nic, m_make.labelledRow(label)));
     m_rows[nic].enable = enable;
-    const bool enabled = systemSet().isNicEnabled(nic);
-    enable->setOn(enabled != hasAddresses(nic));
-    connect(enable, &BeepSwitch::onChanged, this, [this, nic, enabled](bool on) {
-        m_card->enableNIC(nic, on);
-        emit m_card->netDisabledChanged();
-        // Its lease ends with it.
-        if (!m_card->isEnable_FromSwitch(nic))
-            m_card->rules().reread(nic);
-        if (enabled)
-            CardLinks::reloadDns(m_card);
+    const auto show = [enable, nic](bool enabled) { enable->setOn(isEnabledBy(enabled, nic)); };
+    show(adapter.isEnabled());
+    connect(&adapter, &Adapter::enabling, enable, show);
+    connect(enable, &BeepSwitch::onChanged, &adapter, [&adapter, nic](bool on) {
+        if (isEnabledBy(on, nic) != adapter.isEnabled())
+            adapter.setEnabled(!adapter.isEnabled());
     });
-    return enable;
 }
 
-void NetworkRows::addStaticSwitch(NIC nic)
+void NetworkRows::addStaticSwitch(Adapter &adapter)
 {
-    BeepSwitch *fixed = make().toggle(append(nic, make().labelledRow("Static IP")));
-    m_rows[nic].fixed = fixed;
-    const bool dhcp = systemSet().isDhcpOn(nic);
-    fixed->setOn(!dhcp);
-    fixed->onChangeEnabled(m_card->isEnable_FromSwitch(nic));
-    connect(fixed, &BeepSwitch::onChanged, this, [this, nic](bool on) {
-        m_card->enableStatic(nic, on);
-        // The fields can be edited from now on, whenever the service reports.
-        if (on)
-            m_card->rules().offerStored(nic);
-        emit m_card->useStaticIpChanged(nic);
+    BeepSwitch *fixed = m_make.toggle(append(adapter.nic(), m_make.labelledRow("Static IP")));
+    m_rows[adapter.nic()].fixed = fixed;
+    fixed->setOn(adapter.isStatic());
+    fixed->onChangeEnabled(adapter.isEnabled());
+    connect(&adapter, &Adapter::staticChanged, fixed, &BeepSwitch::setOn);
+    connect(&adapter, &Adapter::enabledChanged, fixed, &BeepSwitch::onChangeEnabled);
+    connect(fixed, &BeepSwitch::onChanged, &adapter, [&adapter](bool on) {
+        if (on != adapter.isStatic())
+            adapter.setStatic(on);
     });
-    if (dhcp)
-        m_card->enableStatic(nic, false);
 }
 
-void NetworkRows::addAddress(const AddressKind &kind, NIC nic)
+void NetworkRows::addAddress(Address address, Adapter &adapter)
 {
-    CIpInput *field = make().address(append(nic, make().labelledRow(kind.label, RowFactory::addressRow)));
+    const NIC nic = adapter.nic();
+    CIpInput *field =
+        m_make.address(append(nic, m_make.labelledRow(labelOf(address), RowFactory::addressRow)));
     if (!field)
         return;
-    m_rows[nic].*kind.field = field;
-    field->setIp(dotted((systemSet().*kind.stored)(nic)));
-    m_card->rules().updateEnable(kind, nic);
-    connect(field, &CIpInput::ipChangedByEdit, this,
-            [this, &kind, nic](unsigned int address) { m_card->actions().writeAddress(kind, nic, address); });
+    m_rows[nic].field(address) = field;
+    showAddress(field, adapter.shown(address));
+    connect(&adapter, &Adapter::shownChanged, field, [field, address, &adapter](Address changed) {
+        if (changed == address)
+            showAddress(field, adapter.shown(address));
+    });
+    const auto updateEnabled = [field, &adapter] { field->setEnabled(adapter.mayEdit()); };
+    updateEnabled();
+    connect(&adapter, &Adapter::enabledChanged, field, updateEnabled);
+    connect(&adapter, &Adapter::staticChanged, field, updateEnabled);
+    connect(field, &CIpInput::ipChangedByEdit, &adapter,
+            [&adapter, address](unsigned int value) { adapter.setAddress(address, value); });
 }
 
-void NetworkRows::addMac(NIC nic)
+void NetworkRows::addMac(const Adapter &adapter)
 {
-    CMacInput *field = make().mac(append(nic, make().labelledRow("MAC", RowFactory::addressRow)));
+    CMacInput *field = m_make.mac(append(adapter.nic(), m_make.labelledRow("MAC", RowFactory::addressRow)));
     if (!field)
         return;
-    field->setMac(systemSet().getMac(nic));
+    field->setMac(adapter.mac());
     field->setEnabled(false);
 }
 
-void NetworkRows::addWifiTile()
+void NetworkRows::addWifiTile(const Adapter &adapter)
 {
-    WifiTile *tile = make().wifiTile();
-    append(HMI::SystemSet::WIFI, tile);
-    tile->setWifiEnabled(systemSet().isNicEnabled(HMI::SystemSet::WIFI));
-    connect(m_card, &CardNetwork::wifiEnableChanged, tile, &WifiTile::setWifiEnabled);
-    connect(tile, &QQuickAbstractButton::clicked, m_card, &CardNetwork::switchToWifiCard);
-    m_card->wifi().setTile(tile);
+    WifiTile *tile = m_make.wifiTile();
+    append(adapter.nic(), tile);
+    tile->setWifiEnabled(adapter.isEnabled());
+    connect(&adapter, &Adapter::enabling, tile, &WifiTile::setWifiEnabled);
+    connect(tile, &QQuickAbstractButton::clicked, this, &NetworkRows::wifiPageWanted);
+    m_monitors.wifi().setTile(tile);
 }
 
-void NetworkRows::buildMobile()
+void NetworkRows::buildMobile(Adapter &adapter)
 {
-    constexpr NIC nic = HMI::SystemSet::MOBILE_4G;
-    addEnableSwitch(nic, "4G");
-    m_card->mobile().setSignalImage(
-        make().image(append(nic, make().labelledRow("Signal", RowFactory::statusRow))));
-    m_card->update4GSignal();
-    StatusText &state = m_card->mobile().stateText();
-    state.setItem(make().text(append(nic, make().labelledRow("Connection Status", RowFactory::statusRow))));
-    state.show(systemSet().get4GState(nic) == mobileConnected ? "Connected" : "Disconnected");
+    const NIC nic = adapter.nic();
+    addEnableSwitch(adapter, "4G");
+    MobileMonitor &mobile = m_monitors.mobile();
+    mobile.setSignalImage(m_make.image(append(nic, m_make.labelledRow("Signal", RowFactory::statusRow))));
+    mobile.update();
+    StatusText &state = mobile.stateText();
+    state.setItem(m_make.text(append(nic, m_make.labelledRow("Connection Status", RowFactory::statusRow))));
+    state.show(m_panel.modem().state() == mobileConnected ? "Connected" : "Disconnected");
 }
 
-void NetworkRows::buildVpn()
+void NetworkRows::buildVpn(Adapter &adapter)
 {
-    constexpr NIC nic = HMI::SystemSet::VPN;
-    addEnableSwitch(nic, "VPN");
-    VpnMonitor &vpn = m_card->vpn();
-    vpn.setServerBox(make().comboBox(append(nic, make().labelledRow("Server", RowFactory::statusRow))));
-    vpn.setServerEnabled(!systemSet().isNicEnabled(nic));
-    connect(&vpn, &VpnMonitor::serverChosen, this, [this](int server) {
-        m_card->actions().chooseVpnServer(static_cast<HMI::SystemSet::VPNServer>(server));
-    });
+    const NIC nic = adapter.nic();
+    addEnableSwitch(adapter, "VPN");
+    VpnMonitor &vpn = m_monitors.vpn();
+    vpn.setServerBox(m_make.comboBox(append(nic, m_make.labelledRow("Server", RowFactory::statusRow))));
     StatusText &state = vpn.stateText();
-    state.setItem(make().text(append(nic, make().labelledRow("Connection Status", RowFactory::statusRow))));
-    const bool idle = systemSet().getVPNServerState(systemSet().getVPNServer()) == 0;
-    state.show(idle ? "Disconnected" : "Connected");
-}
-
-void NetworkRows::reread(NIC nic)
-{
-    m_card->updateSwitchDisplay_EnableDisable(nic);
-    if (nic == HMI::SystemSet::VPN)
-        m_card->vpn().showServer();
-    if (!hasAddresses(nic))
-        return;
-    rereadStatic(nic);
-    m_card->rules().reread(nic);
-}
-
-void NetworkRows::rereadStatic(NIC nic)
-{
-    m_card->updateSwitchDisplay_static(nic);
-    if (systemSet().isDhcpOn(nic))
-        m_card->enableStatic(nic, false);
+    state.setItem(m_make.text(append(nic, m_make.labelledRow("Connection Status", RowFactory::statusRow))));
+    state.show(m_panel.tunnel().state() == 0 ? "Disconnected" : "Connected");
 }
 
 } // namespace QSP

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cards/network/addresskind.h"
+#include "cards/network/adapterrows.h"
 #include "cards/network/rowfactory.h"
 
 #include <QtCore/QHash>
@@ -8,37 +8,45 @@
 
 namespace QSP {
 
-/// The rows of the adapters: builds those of an adapter when it is first shown, and
-/// connects them to the rules, actions and monitors of the card.
+class CMacInput;
+class Panel;
+class StatusMonitors;
+
+/// The rows of the adapters: builds those of an adapter when it is first shown. They show the adapter and tell
+/// it what the operator does.
 class NetworkRows : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit NetworkRows(CardNetwork *card);
+    /// @p monitors keep the rows with a status fresh.
+    NetworkRows(Panel &panel, const RowFactory &make, StatusMonitors &monitors);
 
     /// The rows built for an adapter; empty before it was shown.
     AdapterRows of(NIC nic) const { return m_rows.value(nic); }
     /// Shows or hides the rows of an adapter; builds them, visible, if there are none.
     void show(NIC nic, bool visible);
 
+signals:
+    /// The operator tapped what leads to the Wi-Fi page.
+    void wifiPageWanted();
+
 private:
     void build(NIC nic);
-    void buildAddressed(NIC nic);
-    void buildMobile();
-    void buildVpn();
+    void buildAddressed(Adapter &adapter);
+    void buildMobile(Adapter &adapter);
+    void buildVpn(Adapter &adapter);
 
-    BeepSwitch *addEnableSwitch(NIC nic, const char *label);
-    void addStaticSwitch(NIC nic);
-    void addAddress(const AddressKind &kind, NIC nic);
-    void addMac(NIC nic);
-    void addWifiTile();
+    void addEnableSwitch(Adapter &adapter, const char *label);
+    void addStaticSwitch(Adapter &adapter);
+    void addAddress(Address address, Adapter &adapter);
+    void addMac(const Adapter &adapter);
+    void addWifiTile(const Adapter &adapter);
     QQuickItem *append(NIC nic, QQuickItem *row);
-    void reread(NIC nic);
-    void rereadStatic(NIC nic);
-    RowFactory make() const { return RowFactory(*m_card); }
 
-    CardNetwork *m_card;
+    Panel &m_panel;
+    RowFactory m_make;
+    StatusMonitors &m_monitors;
     QHash<int, AdapterRows> m_rows;
 };
 

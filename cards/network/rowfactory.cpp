@@ -1,6 +1,6 @@
 #include "cards/network/rowfactory.h"
 
-#include "cards/network/cardnetwork.h"
+#include "cards/network/rowsizes.h"
 #include "cards/network/statustext.h"
 #include "cards/network/wifitile.h"
 #include "controls/beepswitch.h"
@@ -35,22 +35,19 @@ void setPixelSize(QQuickText *text, int size)
 
 } // namespace
 
-RowFactory::RowFactory(const CardNetwork &card) : m_card(&card) {}
-
 template <class Apply> void RowFactory::follow(QQuickItem *item, Apply apply) const
 {
-    const auto applyNow = [card = m_card, apply] { apply(card->rowHeight(), card->fontPixelSize()); };
+    const auto applyNow = [sizes = m_sizes, apply] { apply(sizes->rowHeight(), sizes->fontPixelSize()); };
     applyNow();
-    QObject::connect(m_card, &CardNetwork::rowHeightChanged, item, applyNow);
-    QObject::connect(m_card, &CardNetwork::fontPixelSizeChanged, item, applyNow);
+    QObject::connect(m_sizes, &RowSizes::changed, item, applyNow);
 }
 
 QQuickItem *RowFactory::row(double height) const
 {
-    auto *row = new QQuickItem(m_card->layout());
+    auto *row = new QQuickItem(m_column);
     follow(row, [row, height](int rowHeight, int) { row->setHeight(height * rowHeight); });
-    anchorsOf(row)->setLeft(QQuickItemPrivate::get(m_card->layout())->left());
-    anchorsOf(row)->setRight(QQuickItemPrivate::get(m_card->layout())->right());
+    anchorsOf(row)->setLeft(QQuickItemPrivate::get(m_column)->left());
+    anchorsOf(row)->setRight(QQuickItemPrivate::get(m_column)->right());
     return row;
 }
 
@@ -72,10 +69,9 @@ QQuickItem *RowFactory::labelledRow(const char *source, double height) const
 
 WifiTile *RowFactory::wifiTile() const
 {
-    QQuickItem *column = m_card->layout();
-    auto *tile = new WifiTile(column);
-    anchorsOf(tile)->setLeft(QQuickItemPrivate::get(column)->left());
-    anchorsOf(tile)->setRight(QQuickItemPrivate::get(column)->right());
+    auto *tile = new WifiTile(m_column);
+    anchorsOf(tile)->setLeft(QQuickItemPrivate::get(m_column)->left());
+    anchorsOf(tile)->setRight(QQuickItemPrivate::get(m_column)->right());
     follow(tile, [tile](int rowHeight, int fontPixelSize) {
         tile->setSizes(tileHeight * rowHeight, fontPixelSize);
         anchorsOf(tile)->setLeftMargin(fontPixelSize);

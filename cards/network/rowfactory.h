@@ -9,24 +9,25 @@ namespace QSP {
 class BeepSwitch;
 class CIpInput;
 class CMacInput;
-class CardNetwork;
 class ComboBox;
+class RowSizes;
 class WifiTile;
 
-/// Makes the rows of the network card and what stands in them, in the card's sizes, which they follow.
+/// Makes the rows of the network card and what stands in them, in sizes that they follow.
 /// A label has the room that is left beside what stands at the right, and is shortened where that ends.
 ///
 /// Nothing made here is connected to the service. Each part belongs to its row,
-/// each row to the card's column.
+/// each row to the column.
 class RowFactory
 {
 public:
-    /// Heights of rows, as fractions of the card's row height.
+    /// Heights of rows, as fractions of the height unit.
     static constexpr double normalRow = 0.78;
     static constexpr double addressRow = 0.75;
     static constexpr double statusRow = 32.0 / 31.0;
 
-    explicit RowFactory(const CardNetwork &card);
+    /// Both must outlive the factory, and @p sizes what it makes.
+    RowFactory(QQuickItem *column, const RowSizes &sizes) : m_column(column), m_sizes(&sizes) {}
 
     /// An empty row at the end of the column, as wide as it.
     QQuickItem *row(double height = normalRow) const;
@@ -49,7 +50,8 @@ private:
     template <class Field> Field *field(QQuickItem *row) const;
     void placeRight(QQuickItem *item, QQuickItem *row) const;
 
-    const CardNetwork *m_card;
+    QQuickItem *m_column;
+    const RowSizes *m_sizes;
 };
 
 } // namespace QSP

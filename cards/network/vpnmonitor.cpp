@@ -1,7 +1,7 @@
 #include "cards/network/vpnmonitor.h"
 
 #include "controls/combobox.h"
-#include "panel/nic.h"
+#include "panel/panel.h"
 #include "shell/base/globalinfo.h"
 
 #include <QtCore/QCoreApplication>
@@ -40,19 +40,38 @@ std::pair<const char *, QRgb> statusOf(int state)
 
 } // namespace
 
-VpnMonitor::VpnMonitor(QObject *card) : m_timer(card, interval) {}
+VpnMonitor::VpnMonitor(QObject *timerOwner, Panel &panel) : m_panel(panel), m_timer(timerOwner, interval)
+{
+    const Adapter &adapter = panel.adapter(HMI::SystemSet::VPN);
+    connect(&adapter, &Adapter::enabling, this, [this](bool enabled) {
+        if (m_servers)
+            m_servers->setEnabled(!enabled);
+        update();
+    });
+    // Before this the service still told the old state.
+    connect(&adapter, &Adapter::enabledChanged, this, &VpnMonitor::update);
+    connect(&panel, &Panel::wasRead, this, &VpnMonitor::showServer);
+    connect(&panel.tunnel(), &Tunnel::serverChanged, this, [this] {
+        if (m_timer.isRunning())
+            update();
+    });
+}
 
 void VpnMonitor::setServerBox(ComboBox *box)
 {
     m_servers = box;
     translateServers();
     showServer();
+    box->setEnabled(!m_panel.adapter(HMI::SystemSet::VPN).isUp());
     connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &VpnMonitor::translateServers);
-    connect(box, &ComboBox::currentIndexChanged, this, [this] {
-        const int server = m_servers->currentIndex();
-        if (!m_showing && server >= 0)
-            emit serverChosen(server);
-    });
+    connect(box, &ComboBox::currentIndexChanged, this, &VpnMonitor::chooseServer);
+}
+
+void VpnMonitor::chooseServer()
+{
+    const int server = m_servers->currentIndex();
+    if (!m_showing && server >= 0)
+        m_panel.tunnel().choose(static_cast<Tunnel::Server>(server));
 }
 
 void VpnMonitor::translateServers()
@@ -66,8 +85,10 @@ void VpnMonitor::translateServers()
         const QScopedValueRollback<bool> showing(m_showing, true);
         m_servers->setStringListModel(names);
     }
-    if (m_servers->currentIndex() < 0)
-        showServer();
+    if (m_servers->currentIndex() >= 0)
+        return;
+    m_panel.tunnel().forget();
+    showServer();
 }
 
 void VpnMonitor::showServer()
@@ -75,26 +96,14 @@ void VpnMonitor::showServer()
     if (!m_servers)
         return;
     const QScopedValueRollback<bool> showing(m_showing, true);
-    const int server = systemSet().getVPNServer();
+    const int server = m_panel.tunnel().server();
     const bool known = server >= 0 && server < static_cast<int>(g_servers.size());
     m_servers->setCurrentIndex(known ? server : -1);
 }
 
-void VpnMonitor::setFontPixelSize(int size)
-{
-    if (m_servers)
-        m_servers->setFontPixelSize(size);
-}
-
-void VpnMonitor::setServerEnabled(bool enabled)
-{
-    if (m_servers)
-        m_servers->setEnabled(enabled);
-}
-
 void VpnMonitor::start()
 {
-    m_timer.ensure(this, [this] { update(); });
+    m_timer.ensure(this, [this] { refresh(); });
     m_timer.start();
     update();
 }
@@ -111,17 +120,17 @@ void VpnMonitor::update()
 {
     if (!m_state.hasItem())
         return;
-    const int state = systemSet().getVPNServerState(systemSet().getVPNServer());
-    const bool enabled = systemSet().isNicEnabled(HMI::SystemSet::VPN);
+    const int state = m_panel.tunnel().state();
     // A tunnel that is switched off keeps telling its last state.
-    const auto [source, color] = statusOf(enabled ? state : 0);
+    const auto [source, color] = statusOf(m_panel.adapter(HMI::SystemSet::VPN).isUp() ? state : 0);
     m_state.show(source, color);
 }
 
-void VpnMonitor::refreshIfWatched()
+void VpnMonitor::refresh()
 {
-    if (m_timer.isRunning())
-        update();
+    m_panel.adapter(HMI::SystemSet::VPN).forget();
+    m_panel.tunnel().forget();
+    update();
 }
 
 } // namespace QSP

@@ -8,6 +8,7 @@
 namespace QSP {
 
 class ComboBox;
+class Panel;
 
 /// Keeps the state of the VPN fresh while it is selected, and offers its servers.
 class VpnMonitor : public QObject
@@ -15,33 +16,29 @@ class VpnMonitor : public QObject
     Q_OBJECT
 
 public:
-    explicit VpnMonitor(QObject *card);
+    VpnMonitor(QObject *timerOwner, Panel &panel);
 
     StatusText &stateText() { return m_state; }
-    /// Fills the list of servers, selects the one in use and keeps both right.
+    /// Fills the list of servers, selects the one in use and keeps both right. It can be changed only while
+    /// the VPN is off.
     void setServerBox(ComboBox *box);
-    void setFontPixelSize(int size);
-    /// The server can be changed only while the VPN is off.
-    void setServerEnabled(bool enabled);
-    /// Selects the server in use; writes nothing.
-    void showServer();
 
-    /// Starts the refreshing, and refreshes at once.
+    /// Starts the refreshing, and shows at once what was read.
     void start();
     void stop() { m_timer.stop(); }
-    /// Pauses the refreshing, or goes on with it and refreshes at once.
+    /// Pauses the refreshing, or goes on with it and shows at once what was read.
     void setPaused(bool paused);
+    /// Shows what was read.
     void update();
-    /// update(), if the refreshing runs.
-    void refreshIfWatched();
-
-signals:
-    /// The operator chose another server.
-    void serverChosen(int server);
+    /// Reads again, and shows it.
+    void refresh();
 
 private:
     void translateServers();
+    void showServer();
+    void chooseServer();
 
+    Panel &m_panel;
     MonitorTimer m_timer;
     StatusText m_state;
     QPointer<ComboBox> m_servers;

@@ -1,20 +1,25 @@
 #include "cards/network/wifimonitor.h"
 
-#include "cards/network/addressrules.h"
-#include "cards/network/cardnetwork.h"
 #include "cards/network/wifitile.h"
 #include "panel/panel.h"
-#include "shell/rootof.h"
 
 namespace QSP {
 
 namespace {
 
 constexpr int interval = 2000;
+constexpr NIC nic = HMI::SystemSet::WIFI;
 
 } // namespace
 
-WifiMonitor::WifiMonitor(CardNetwork *card) : m_card(card), m_timer(card, interval) {}
+WifiMonitor::WifiMonitor(QObject *timerOwner, Panel &panel) : m_panel(panel), m_timer(timerOwner, interval)
+{
+    connect(&panel.adapter(nic), &Adapter::enabledChanged, this, &WifiMonitor::update);
+    connect(&panel.wifi().attempt(), &JoinAttempt::underWayChanged, this, [this](bool isUnderWay) {
+        if (!isUnderWay)
+            update();
+    });
+}
 
 void WifiMonitor::setTile(WifiTile *tile)
 {
@@ -25,9 +30,9 @@ void WifiMonitor::setTile(WifiTile *tile)
 void WifiMonitor::watch()
 {
     // Only the selected adapter is watched; selecting it later starts the refreshing.
-    if (m_card->currentNIC() != HMI::SystemSet::WIFI)
+    if (m_panel.selected() != nic)
         return;
-    m_timer.ensure(this, [this] { update(); });
+    m_timer.ensure(this, [this] { refresh(); });
     m_timer.start();
 }
 
@@ -35,6 +40,13 @@ void WifiMonitor::start()
 {
     watch();
     update();
+}
+
+void WifiMonitor::startAgain()
+{
+    if (m_timer.isMade())
+        forget();
+    start();
 }
 
 void WifiMonitor::setPaused(bool paused)
@@ -49,38 +61,46 @@ void WifiMonitor::update()
 {
     if (!m_status.hasItem())
         return;
+    Adapter &adapter = m_panel.adapter(nic);
     // An attempt to join says nothing of an adapter that was switched off meanwhile.
-    if (!systemSet().isNicEnabled(HMI::SystemSet::WIFI)) {
+    if (!adapter.isUp()) {
         m_status.show("Offline");
-        m_card->rules().dropLease(HMI::SystemSet::WIFI);
+        adapter.dropLease();
         m_timer.stop();
         return;
     }
     // In the middle of an attempt, the tile would flip to "Offline" and back.
-    if (m_connecting)
+    WifiLink &link = m_panel.wifi();
+    if (m_connecting || link.attempt().isUnderWay())
         return;
     watch();
-    WifiLink &link = panelOf(m_card).wifi();
+    link.refresh();
     const bool connected = link.isConnected();
-    QString ssid;
-    if (connected) {
-        m_status.show("Online");
-        ssid = link.name();
-        m_card->updateNetInfoDisplay(m_card->currentNIC());
-        link.updateSignalStrength();
-    } else {
-        m_status.show("Offline");
-        // The lease went with the link.
-        m_card->rules().dropLease(HMI::SystemSet::WIFI);
-    }
-    emit m_card->wifiStatusChanged(connected, ssid);
+    m_status.show(connected ? "Online" : "Offline");
+    if (connected)
+        m_panel.adapter(m_panel.selected()).showInForce();
+    else
+        adapter.dropLease(); // it went with the link
+    emit statusShown(connected, connected ? link.name() : QString());
+}
+
+void WifiMonitor::forget()
+{
+    m_panel.adapter(nic).forget();
+    m_panel.wifi().forget();
+}
+
+void WifiMonitor::refresh()
+{
+    forget();
+    update();
 }
 
 void WifiMonitor::setConnecting(bool connecting)
 {
     m_connecting = connecting;
     if (!connecting)
-        update();
+        refresh();
 }
 
 } // namespace QSP

@@ -1,54 +1,34 @@
 #include "cards/wifi/cardwifi.h"
 
-#include "cards/network/cardlinks.h"
-#include "cards/network/cardnetwork.h"
-#include "cards/wifi/fingerwatch.h"
 #include "cards/wifi/wifibuttons.h"
+#include "cards/wifi/wificontrols.h"
 #include "cards/wifi/wificurrentrow.h"
-#include "cards/wifi/wifipassworddialog.h"
+#include "cards/wifi/wifijoindialog.h"
 #include "controls/basecard.h"
 #include "controls/beepbutton.h"
 #include "panel/nic.h"
 #include "panel/panel.h"
-#include "panel/servicelimits.h"
+#include "panel/secrets.h"
 #include "shell/approotitem.h"
+#include "shell/base/documentalias.h"
 #include "shell/base/documenttext.h"
 #include "shell/base/globalinfo.h"
-#include "shell/base/guithread.h"
 #include "shell/base/vkbmanager.h"
 #include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
 
-#include <utility>
-
 namespace QSP {
 
 namespace {
-
-using HMI::SystemSet;
 
 constexpr qreal rowHeightOfScreenWidth = 0.046875;
 constexpr int belowColumn = 7;
 constexpr int belowPage = 20;
 
-void showButton(BeepButton *button, QQuickItem *image)
-{
-    if (!button)
-        return;
-    const qreal opacity = !button->isEnabled() ? 0.4 : button->pressFade();
-    button->setOpacity(opacity);
-    if (image)
-        image->setOpacity(opacity);
-}
-
 } // namespace
 
-CardWifi::CardWifi(QQuickItem *parent)
-    : QQuickControl(parent)
-    , m_finger(new FingerWatch(this))
-    , m_scanLimit(new AnswerLimit(ServiceLimits::scan, "scanLimit", this))
-    , m_joinLimit(new AnswerLimit(ServiceLimits::join, "joinLimit", this))
+CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_hold(this), m_scan(this)
 {
     qRegisterMetaType<HMI::SSID>("HMI::SSID");
     const GlobalInfo &info = GlobalInfo::instance();
@@ -63,51 +43,31 @@ CardWifi::CardWifi(QQuickItem *parent)
 
     connect(this, &CardWifi::cardStateChanged, this, &CardWifi::showState);
     connect(this, &CardWifi::wifiReset, this, &CardWifi::onWifiReset);
-    connect(m_finger, &FingerWatch::lifted, this, &CardWifi::onLifted);
-    connect(m_scanLimit, &QTimer::timeout, this, [this] { onListReport(nullptr); });
-    connect(m_joinLimit, &QTimer::timeout, this, &CardWifi::onJoinOverdue);
+    connect(&m_scan, &WifiScan::answered, this, [this](const WifiScan::Records &records) {
+        m_hold.run(FingerHold::What::List, [this, records] { showNetworks(records); });
+    });
     connect(&VkbManager::instance(), &VkbManager::visibleChanged, this, &CardWifi::adjustPwDialog);
 }
 
 CardWifi::~CardWifi() = default;
 
+WifiLink &CardWifi::link() const
+{
+    return panelOf(this).wifi();
+}
+
+// --- The page ---
+
 void CardWifi::componentComplete()
 {
     QQuickControl::componentComplete();
-    const auto item = [this](const char *alias) {
-        return qobject_cast<QQuickItem *>(property(alias).value<QObject *>());
-    };
-    m_column = item("layout");
-    m_currentContainer = item("current");
-    m_scanButton = qobject_cast<BeepButton *>(item("scanButton"));
-    m_scanImage = item("scanButtonImage");
-    m_bigScanButton = qobject_cast<BeepButton *>(item("bigScanButton"));
-    m_bigScanImage = item("bigScanButtonImage");
-    m_emptyRoom = item("emptyRoom");
-    m_offlineText = item("offlineText");
-    m_busy = item("scaning");
-    m_busyHome = m_busy ? m_busy->parentItem() : nullptr;
-    if (QQuickItem *container = item("list")) {
-        m_list = new WifiList(container, m_rowHeight, m_refusals, this);
-        connect(m_list, &WifiList::chosen, this, &CardWifi::onChosen);
-        connect(m_list, &WifiList::shownChanged, this, &CardWifi::showEmptiness);
-    }
-    if (m_column)
-        connect(m_column, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
-
     addTexts();
-    addButtons();
-    if (AppRootItem *root = rootOf(this)) {
-        connect(root, &AppRootItem::opened, this, &CardWifi::updateCurrentWifi);
-        if (QQuickItem *titleBar = root->titleBar()) {
-            connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::titleHeightChanged);
-            connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
-        }
-    }
-    connect(&panelOf(this).wifi(), &WifiLink::signalStrengthDue, this, &CardWifi::updateSignalStrength);
-    watchNetworkCard();
+    addParts();
+    followScreen();
+    followLink();
     onColumnHeightChanged();
-    updateCurrentWifi();
+    if (isVisible())
+        updateCurrentWifi();
 }
 
 void CardWifi::addTexts()
@@ -120,36 +80,55 @@ void CardWifi::addTexts()
     show("offlineText", QT_TRANSLATE_NOOP("CardWifi", "Wi-Fi Offline"));
 }
 
-void CardWifi::addButtons()
+void CardWifi::addParts()
 {
-    for (BeepButton *button : {m_scanButton.data(), m_bigScanButton.data()}) {
-        if (!button)
-            continue;
-        connect(button, &QQuickAbstractButton::clicked, this, &CardWifi::onClickScanWifi);
-        connect(button, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
+    m_column = aliasOf<QQuickItem>(this, "layout");
+    m_emptyRoom = aliasOf<QQuickItem>(this, "emptyRoom");
+    m_offlineText = aliasOf<QQuickItem>(this, "offlineText");
+    if (m_column)
+        connect(m_column, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
+    if (auto *container = aliasOf<QQuickItem>(this, "list")) {
+        m_list = new WifiList(container, m_rowHeight, link().attempt().refusals(), this);
+        connect(m_list, &WifiList::chosen, this, &CardWifi::onChosen);
+        connect(m_list, &WifiList::shownChanged, this, &CardWifi::showEmptiness);
     }
-    if (auto *row = qobject_cast<QQuickItem *>(property("resetRow").value<QObject *>())) {
-        m_resetButton = addWifiResetButton(row, m_rowHeight, m_fontSize);
-        connect(m_resetButton, &QQuickAbstractButton::clicked, this, &CardWifi::wifiReset);
-        connect(m_resetButton, &QQuickAbstractButton::pressedChanged, this, &CardWifi::showState);
-    }
+    if (auto *container = aliasOf<QQuickItem>(this, "current"))
+        m_current = new WifiCurrentRow(container, m_rowHeight, this);
+    m_controls = new WifiControls(this, m_rowHeight, m_fontSize);
+    connect(m_controls, &WifiControls::scanClicked, this, &CardWifi::onClickScanWifi);
+    connect(m_controls, &WifiControls::resetClicked, this, &CardWifi::wifiReset);
     m_returnButton = addWifiReturnButton(this);
     if (m_returnButton)
         m_returnButton->setVisible(isVisible());
 }
 
-void CardWifi::watchNetworkCard()
+void CardWifi::followScreen()
 {
-    if (CardNetwork *card = CardLinks::network(this))
-        connect(card, &CardNetwork::wifiStatusChanged, this, &CardWifi::refreshCurrentWifi,
-                Qt::UniqueConnection);
+    AppRootItem *root = rootOf(this);
+    QQuickItem *titleBar = root ? root->titleBar() : nullptr;
+    if (!titleBar)
+        return;
+    connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::titleHeightChanged);
+    connect(titleBar, &QQuickItem::heightChanged, this, &CardWifi::onColumnHeightChanged);
+}
+
+void CardWifi::followLink()
+{
+    connect(&link(), &WifiLink::wasRead, this,
+            [this] { m_hold.run(FingerHold::What::Link, [this] { showJoined(); }); });
+    JoinAttempt &attempt = link().attempt();
+    connect(&attempt, &JoinAttempt::stateChanged, this, &CardWifi::onAttempt);
+    connect(&attempt, &JoinAttempt::joined, this, &CardWifi::onJoined);
+    attempt.setNearby([list = QPointer<WifiList>(m_list)](const HMI::SSID &ssid) {
+        return list && list->findWifiBySsid(ssid);
+    });
 }
 
 void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
 {
     QQuickControl::itemChange(change, data);
     if (change == ItemSceneChange)
-        m_finger->setWindow(data.window);
+        m_hold.setWindow(data.window);
     if (change != ItemVisibleHasChanged)
         return;
     if (m_returnButton)
@@ -157,11 +136,10 @@ void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
     if (!isComponentComplete())
         return;
     if (data.boolValue) {
-        watchNetworkCard();
         updateCurrentWifi();
         return;
     }
-    m_finger->forget();
+    m_hold.forget();
     if (m_dialog)
         m_dialog->close();
 }
@@ -200,30 +178,8 @@ void CardWifi::setState(CardState state)
 
 void CardWifi::showState()
 {
-    for (BeepButton *button : {m_scanButton.data(), m_bigScanButton.data(), m_resetButton}) {
-        if (button)
-            button->setEnabled(!isScanning());
-    }
-    showButton(m_scanButton, m_scanImage);
-    showButton(m_bigScanButton, m_bigScanImage);
-    showButton(m_resetButton, nullptr);
-
-    // By the attempt and not by the state alone: a list that comes meanwhile ends the state.
-    const bool inDialog = m_dialog && m_isDialogOfAttempt && !m_attemptEnded && !isScanning();
-    if (inDialog)
-        m_dialog->setStatus(QT_TRANSLATE_NOOP("CardWifi", "Connecting"));
-    if (!m_busy)
-        return;
-    QQuickItem *place = inDialog ? m_dialog->busyPlace() : m_busyHome.data();
-    m_busy->setParentItem(place);
-    m_busy->setX(place == m_busyHome ? 0.0 : -m_busy->width() / 2.0);
-    m_busy->setVisible(isScanning() || place != m_busyHome);
-}
-
-// The dialog is modal, so that nobody can ask for anything else then but by a finger that was down before.
-bool CardWifi::isBusyShownInDialog() const
-{
-    return m_busy && m_busy->isVisible() && m_busy->parentItem() != m_busyHome;
+    if (m_controls)
+        m_controls->show(isScanning(), m_dialog && !isScanning() ? m_dialog->busyPlace() : nullptr);
 }
 
 // --- The list ---
@@ -236,59 +192,16 @@ void CardWifi::onClickScanWifi()
 
 void CardWifi::scanWifi()
 {
-    // By the state, not by the indicator, which is invisible while another page is shown.
-    if (isScanning() || isBusyShownInDialog())
+    // By the state, not by the indicator, which is invisible while another page is shown. The dialog is modal:
+    // while it turns there, only a finger that was down before can ask for anything else.
+    if (isScanning() || m_controls->isBusyInPlace())
         return;
     setState(Scanning);
-    systemSet().scanWifi(listReceiver());
+    m_hold.drop(FingerHold::What::List);
+    m_scan.scan();
 }
 
-SystemSet::WifiListCallback CardWifi::listReceiver()
-{
-    const int scan = ++m_scan;
-    // What is held for the finger is of an older scan.
-    m_heldRecords.reset();
-    m_isListHeld = false;
-    m_scanLimit->start();
-    return onGuiThread(this, [scan](CardWifi *card, std::unique_ptr<WifiList::Records> records) {
-        if (scan == card->m_scan)
-            card->onListReport(std::move(records));
-    });
-}
-
-void CardWifi::onListReport(std::unique_ptr<WifiList::Records> records)
-{
-    // A further report of the same scan would take the list from under the operator's finger.
-    ++m_scan;
-    m_scanLimit->stop();
-    if (!m_finger->isDown()) {
-        onScanResult(std::move(records));
-        return;
-    }
-    m_heldRecords = std::move(records);
-    m_isListHeld = true;
-}
-
-void CardWifi::refreshCurrentWifi()
-{
-    if (m_finger->isDown())
-        m_isStatusHeld = true;
-    else
-        updateCurrentWifi();
-}
-
-void CardWifi::onLifted()
-{
-    // Put down again before this was delivered; another lifting follows.
-    if (m_finger->isDown())
-        return;
-    if (std::exchange(m_isListHeld, false))
-        onScanResult(std::move(m_heldRecords));
-    if (std::exchange(m_isStatusHeld, false))
-        updateCurrentWifi();
-}
-
-void CardWifi::onScanResult(std::unique_ptr<WifiList::Records> records)
+void CardWifi::showNetworks(const WifiScan::Records &records)
 {
     if (m_list && records)
         m_list->rebuild(*records, m_fontSize);
@@ -306,30 +219,19 @@ void CardWifi::showEmptiness()
 
 void CardWifi::onWifiReset()
 {
-    endAttempt();
+    link().attempt().reset();
     if (m_dialog)
         m_dialog->close();
     if (m_current)
         m_current->hide();
-    showOffline(isConnected());
-    m_refusals.clear();
+    showOffline();
     if (m_list)
         m_list->clear();
     if (isScanning())
         return;
     setState(Scanning);
-    systemSet().resetWifi(listReceiver());
-}
-
-void CardWifi::onChosen(int index)
-{
-    // A copy: what is called below may rebuild the list.
-    const WifiInfo info = m_list->infos().value(index);
-    m_selectedSsid = info.ssid;
-    m_selectedSignal = info.signal;
-    openPwDialog();
-    if (info.needsPassword == 0 || !info.password.isEmpty())
-        connectWifi(info.ssid, info.password);
+    m_hold.drop(FingerHold::What::List);
+    m_scan.reset();
 }
 
 // --- The joined network ---
@@ -346,40 +248,124 @@ QString CardWifi::getSsid()
 
 void CardWifi::updateCurrentWifi()
 {
-    if (!m_currentContainer)
+    link().read();
+}
+
+void CardWifi::showJoined()
+{
+    showOffline();
+    const WifiLink &link = this->link();
+    if (!m_list || !m_current)
         return;
-    if (!m_current)
-        m_current = new WifiCurrentRow(m_currentContainer, m_rowHeight, this);
-    if (m_isNameAwaited)
-        finishJoin();
-    const bool connected = isConnected();
-    showOffline(connected);
-    const HMI::SSID ssid = terminatedSsid(systemSet().currentWifiSsid());
-    if (connected && !isEmptySsid(ssid)) {
-        if (m_list)
-            m_list->setJoined(ssid);
-        m_current->show(getSsidFromCurWifi(ssid), m_fontSize);
+    if (link.isConnected() && !isEmptySsid(link.ssid())) {
+        m_list->setJoined(link.ssid());
+        m_current->show(link.name(), link.signalStrength(), m_fontSize);
         return;
     }
-    if (connected && isScanning())
+    if (link.isConnected() && isScanning())
         return;
     m_current->hide();
     // What was hidden as joined is a network like any other again.
-    if (m_list)
-        m_list->showAll();
+    m_list->showAll();
 }
 
 // In the room of the row, which is empty then. A network whose name is not known yet is no reason to say so.
-void CardWifi::showOffline(bool connected)
+void CardWifi::showOffline()
 {
     if (m_offlineText)
-        m_offlineText->setVisible(!connected);
+        m_offlineText->setVisible(!link().isConnected());
 }
 
-void CardWifi::updateSignalStrength()
+// --- Joining ---
+
+void CardWifi::onChosen(int index)
 {
-    if (m_current)
-        m_current->updateSignalStrength();
+    // A copy: what is called below may rebuild the list.
+    const WifiInfo info = m_list->infos().value(index);
+    openPwDialog(info.ssid);
+    if (info.needsPassword == 0 || !info.password.isEmpty())
+        connectWifi(info.ssid, info.password);
+}
+
+void CardWifi::openPwDialog(const HMI::SSID &ssid)
+{
+    if (!m_dialog) {
+        m_dialog = new WifiJoinDialog(this, link().attempt(), m_fontSize);
+        connect(m_dialog, &WifiJoinDialog::confirmed, this, &CardWifi::onClickConFirm);
+    }
+    if (m_state == Connecting) {
+        updateCurrentWifi();
+        m_dialog->showAttempt(isEmptySsid(link().ssid()) ? getSsidFromScan(link().attempt().ssid())
+                                                         : link().name());
+    } else {
+        m_dialog->askFor(ssid);
+    }
+    showState();
+}
+
+void CardWifi::onClickConFirm()
+{
+    if (!m_dialog)
+        return;
+    const HMI::SSID ssid = m_dialog->ssid();
+    const QString password = m_dialog->password();
+    m_dialog->endEditing();
+    // A network that the last scan did not find may be there all the same: the service will say.
+    if (WifiInfo *info = m_list ? m_list->findWifiBySsid(ssid) : nullptr) {
+        overwrite(info->password);
+        // Not shared with the field, which overwrites its own when it is closed.
+        info->password = QString(password.constData(), password.size());
+    }
+    connectWifi(ssid, password);
+}
+
+void CardWifi::connectWifi(HMI::SSID wifiname, const QString &password)
+{
+    link().attempt().begin(wifiname, password);
+}
+
+void CardWifi::onAttempt(JoinAttempt::State state)
+{
+    if (m_dialog)
+        m_dialog->follow(state);
+    switch (state) {
+    case JoinAttempt::State::Asked:
+    case JoinAttempt::State::Connecting:
+        setState(Connecting);
+        break;
+    case JoinAttempt::State::AwaitingName:
+        setState(Connected);
+        break;
+    case JoinAttempt::State::Offline:
+    case JoinAttempt::State::TimedOut:
+    case JoinAttempt::State::WrongPassword:
+    case JoinAttempt::State::Overdue:
+        setState(Idle);
+        break;
+    case JoinAttempt::State::Idle:
+    case JoinAttempt::State::AwaitingLease:
+    case JoinAttempt::State::Joined:
+        break;
+    }
+    // The dialog may show something else in the same state.
+    showState();
+    if (state == JoinAttempt::State::WrongPassword && m_list)
+        m_list->dropRefused();
+    if (state == JoinAttempt::State::Offline)
+        scanWifi();
+}
+
+void CardWifi::onJoined()
+{
+    if (m_dialog)
+        m_dialog->closeAfterJoining();
+    emit connectedChanged(true);
+}
+
+void CardWifi::adjustPwDialog()
+{
+    if (m_dialog)
+        m_dialog->adjust();
 }
 
 } // namespace QSP

@@ -1,27 +1,27 @@
 #pragma once
 
+#include "cards/wifi/fingerhold.h"
 #include "cards/wifi/wifilist.h"
+#include "cards/wifi/wifiscan.h"
+#include "panel/joinattempt.h"
 #include "panel/ssid.h"
-#include "panel/wifirefusals.h"
 
 #include <QtCore/QPointer>
 #include <QtQuickTemplates2/private/qquickcontrol_p.h>
 
-#include <memory>
-
 namespace QSP {
 
-class AnswerLimit;
 class BeepButton;
-class FingerWatch;
+class WifiControls;
 class WifiCurrentRow;
-class WifiPasswordDialog;
+class WifiJoinDialog;
+class WifiLink;
 
 /// The Wi-Fi page: the joined network, the networks nearby, scanning, joining and resetting.
 ///
-/// Reports of the service count only for the newest scan and the newest
-/// attempt to join, and only for so long; a reset ends the attempt under way. Nothing that comes from
-/// the service moves the list while a finger is down. GUI thread only.
+/// It shows the panel's WifiLink and tells it what the operator did. How an attempt to join goes is the
+/// business of JoinAttempt, the password that of WifiJoinDialog. Nothing that comes from the service moves
+/// the list while a finger is down. GUI thread only.
 class CardWifi : public QQuickControl
 {
     Q_OBJECT
@@ -30,6 +30,7 @@ class CardWifi : public QQuickControl
     Q_PROPERTY(int rowHeight READ rowHeight CONSTANT)
 
 public:
+    /// What the page is at, by what came last; a list ends the state of an attempt that goes on.
     enum CardState {
         Idle = 0,
         Scanning = 1, ///< or resetting
@@ -54,7 +55,9 @@ public:
     void setState(CardState state);
     bool isScanning() const { return m_state == Scanning; }
 
-    /// Whether the panel has joined a network, as the service says.
+    // For others than this screen, which knows the WifiLink: they ask the service.
+
+    /// Whether the panel has joined a network.
     static bool isConnected();
     /// The name of the joined network, taken as UTF-8; empty when there is none.
     static QString getSsid();
@@ -63,10 +66,10 @@ public:
     BeepButton *returnButton() const { return m_returnButton; }
     const QVector<WIFI_INFO> &networks() const { return m_list->infos(); }
 
-    /// Shows the joined network on top, and hides its row in the list.
+    /// Reads the link, and shows the joined network on top and not in the list.
     void updateCurrentWifi();
-    /// Reads the strength of the joined network again.
-    Q_INVOKABLE void updateSignalStrength();
+    /// The same as updateCurrentWifi().
+    Q_INVOKABLE void updateSignalStrength() { updateCurrentWifi(); }
 
 public slots:
     /// Fits the page to its contents, but makes it no shorter than the screen has room for.
@@ -74,7 +77,7 @@ public slots:
     void onClickScanWifi();
     /// Starts an attempt to join, in place of any other.
     void connectWifi(HMI::SSID wifiname, const QString &password);
-    /// Joins the selected network with what was typed.
+    /// Joins the network that the dialog is about with what was typed.
     void onClickConFirm();
     void onWifiReset();
     void adjustPwDialog();
@@ -93,73 +96,36 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
+    WifiLink &link() const;
     void addTexts();
-    void addButtons();
+    void addParts();
+    void followScreen();
+    void followLink();
+    void showState();
     void showEmptiness();
-    void showOffline(bool connected);
-    void watchNetworkCard();
+    void showOffline();
+    void showJoined();
 
     void scanWifi();
-    HMI::SystemSet::WifiListCallback listReceiver();
-    void refreshCurrentWifi();
-    void onLifted();
-    void onListReport(std::unique_ptr<WifiList::Records> records);
-    void onScanResult(std::unique_ptr<WifiList::Records> records);
+    void showNetworks(const WifiScan::Records &records);
     void onChosen(int index);
-    void openPwDialog();
-    void onConnectResult(HMI::SystemSet::StateWifi result);
-    void onAttemptFailed(const char *text);
-    void onJoinOverdue();
-    void finishJoin();
-    void update_afterOnLine();
-    void setDhcpAndUpdateCurWifi();
-    void closeDialog_and_updateCurWifiInfo();
-    void endAttempt();
-    bool concernsDialog() const;
-    bool isBusyShownInDialog() const;
-    WifiPasswordDialog *pwDialog();
-    void showState();
+    void openPwDialog(const HMI::SSID &ssid);
+    void onAttempt(JoinAttempt::State state);
+    void onJoined();
 
     int m_rowHeight = 48;
     int m_fontSize = 20;
     CardState m_state = Idle;
-    FingerWatch *m_finger;
-    AnswerLimit *m_scanLimit;
-    AnswerLimit *m_joinLimit;
-    WifiRefusals m_refusals;
+    FingerHold m_hold;
+    WifiScan m_scan;
+    WifiControls *m_controls = nullptr;
     WifiList *m_list = nullptr;
     WifiCurrentRow *m_current = nullptr;
-    WifiPasswordDialog *m_dialog = nullptr;
+    WifiJoinDialog *m_dialog = nullptr;
     BeepButton *m_returnButton = nullptr;
-    BeepButton *m_resetButton = nullptr;
-    QPointer<BeepButton> m_scanButton;
-    QPointer<QQuickItem> m_scanImage;
-    QPointer<BeepButton> m_bigScanButton;
-    QPointer<QQuickItem> m_bigScanImage;
     QPointer<QQuickItem> m_emptyRoom;
     QPointer<QQuickItem> m_offlineText;
-    QPointer<QQuickItem> m_busy;
-    QPointer<QQuickItem> m_busyHome;
     QPointer<QQuickItem> m_column;
-    QPointer<QQuickItem> m_currentContainer;
-
-    HMI::SSID m_selectedSsid{};
-    int m_selectedSignal = 0;
-    HMI::SSID m_attemptSsid{};
-    WifiRefusals::Digest m_attemptDigest;
-    // Grow with each request; a report that carries an older number comes too late to count.
-    int m_scan = 0;
-    int m_attempt = 0;
-    bool m_attemptEnded = true;
-    int m_lastReport = -1;
-    bool m_isNameAwaited = false;
-    bool m_isLeaseAwaited = false;
-    // Else the dialog is open for a password of some network, and reports of the attempt leave it alone.
-    bool m_isDialogOfAttempt = false;
-    // What came while a finger was down.
-    std::unique_ptr<WifiList::Records> m_heldRecords;
-    bool m_isListHeld = false;
-    bool m_isStatusHeld = false;
 };
 
 } // namespace QSP

@@ -1,8 +1,6 @@
 #include "cards/wifi/wificurrentrow.h"
 
 #include "cards/wifi/wifiicon.h"
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
 #include "panel/ssid.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
@@ -40,13 +38,14 @@ WifiCurrentRow::WifiCurrentRow(QQuickItem *container, int rowHeight, QObject *pa
     connect(container, &QQuickItem::widthChanged, this, fit);
 }
 
-void WifiCurrentRow::show(const QString &name, int fontPixelSize)
+void WifiCurrentRow::show(const QString &name, int strength, int fontPixelSize)
 {
     QFont font = m_name->font();
     font.setPixelSize(qMax(1, fontPixelSize));
     m_name->setFont(font);
     m_name->setText(displayName(name));
-    updateSignalStrength();
+    if (strength >= 1)
+        m_signal->setSource(wifiSignalIcon(strength));
     m_container->setVisible(true);
 }
 
@@ -54,13 +53,6 @@ void WifiCurrentRow::hide()
 {
     m_container->setVisible(false);
     m_name->setText(QString());
-}
-
-void WifiCurrentRow::updateSignalStrength()
-{
-    const int strength = MeyerSingleton<HMI::SystemSet>::instance().currentWifiSignalStrength();
-    if (strength >= 1)
-        m_signal->setSource(wifiSignalIcon(strength));
 }
 
 } // namespace QSP

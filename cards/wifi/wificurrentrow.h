@@ -17,12 +17,10 @@ class WifiCurrentRow : public QObject
 public:
     WifiCurrentRow(QQuickItem *container, int rowHeight, QObject *parent);
 
-    /// Shows the row with @p name and the strength that the service tells.
-    void show(const QString &name, int fontPixelSize);
+    /// Shows the row; a @p strength below 1 is no reading and leaves the icon as it was.
+    void show(const QString &name, int strength, int fontPixelSize);
     /// Hides the row and clears its name.
     void hide();
-    /// Reads the strength again; one below 1 is no reading and leaves the icon as it was.
-    void updateSignalStrength();
 
 private:
     QQuickItem *m_container;

@@ -26,6 +26,7 @@ public:
 
     /// Shows or hides all but the status line.
     void setEntryVisible(bool visible);
+    bool isEntryVisible() const { return m_entryVisible; }
     /// A text of the context CardWifi; errors are red.
     void setStatus(const char *text, bool error);
     /// The place for the busy indicator while a network is being joined.

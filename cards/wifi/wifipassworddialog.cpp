@@ -94,6 +94,11 @@ void WifiPasswordDialog::setBodyVisible(bool visible)
     m_body->setEntryVisible(visible);
 }
 
+bool WifiPasswordDialog::isBodyVisible() const
+{
+    return m_body && m_body->isEntryVisible();
+}
+
 void WifiPasswordDialog::setStatus(const char *text, bool error)
 {
     if (m_body)

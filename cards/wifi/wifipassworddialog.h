@@ -29,6 +29,7 @@ public:
     QString password() const;
     void endEditing();
     void setBodyVisible(bool visible);
+    bool isBodyVisible() const;
     void setStatus(const char *text, bool error = false);
     QQuickItem *busyPlace() const;
 

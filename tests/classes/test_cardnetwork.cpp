@@ -1,8 +1,5 @@
-#include "cards/network/addressrules.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/networkmetrics.h"
-#include "cards/network/networkrows.h"
-#include "cards/network/vpnmonitor.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
 #include "controls/combobox.h"
@@ -180,12 +177,12 @@ void TestCardNetwork::changeFromNoAdapter()
     m_card->changeNIC(lan0, QSP::g_noAdapter);
     m_card->changeNIC(QSP::g_noAdapter, QSP::g_noAdapter);
     QCOMPARE(m_card->layout()->childItems().size(), rows);
-    QVERIFY(m_card->rows().of(lan0).ip->isVisible());
+    QVERIFY(m_card->rowsOf(lan0).ip->isVisible());
 }
 
 void TestCardNetwork::switchesDecideWhatMayBeEdited()
 {
-    const QSP::AdapterRows rows = m_card->rows().of(lan0);
+    const QSP::AdapterRows rows = m_card->rowsOf(lan0);
     QVERIFY(m_card->isEnable_FromSwitch(lan0));
     QVERIFY(m_card->isStatic_FromSwitch(lan0));
     QVERIFY(m_card->allow_ModifyIPInfo(lan0));
@@ -215,7 +212,7 @@ void TestCardNetwork::rulesBeforeTheRowsAreBuilt()
 
 void TestCardNetwork::fieldsOneByOne()
 {
-    const QSP::AdapterRows rows = m_card->rows().of(lan0);
+    const QSP::AdapterRows rows = m_card->rowsOf(lan0);
     HmiSimulator::setLiveAddress(lan0, 0x0A000002, 0xFF000000, 0x0A000001);
     m_card->updateDisplay_IP(lan0);
     QCOMPARE(rows.ip->ip(), QString("10.0.0.2"));
@@ -236,7 +233,7 @@ void TestCardNetwork::fieldsOneByOne()
 
 void TestCardNetwork::disabledAdapterKeepsItsDisplay()
 {
-    const QSP::AdapterRows rows = m_card->rows().of(lan0);
+    const QSP::AdapterRows rows = m_card->rowsOf(lan0);
     HmiSimulator::setLiveAddress(lan0, 0x0A000002, 0xFF000000, 0x0A000001);
     // Disabled as the service says, or as the switch says.
     HmiSimulator::setNicEnabled(lan0, false);
@@ -252,7 +249,7 @@ void TestCardNetwork::disabledAdapterKeepsItsDisplay()
 
 void TestCardNetwork::switchRefreshes()
 {
-    const QSP::AdapterRows rows = m_card->rows().of(lan0);
+    const QSP::AdapterRows rows = m_card->rowsOf(lan0);
     HmiSimulator::setDhcpOn(lan0, true);
     m_card->updateSwitchDisplay(lan0);
     QVERIFY(!rows.fixed->on());
@@ -266,7 +263,7 @@ void TestCardNetwork::switchRefreshes()
     m_card->setCurrentNIC(vpn);
     HmiSimulator::setNicEnabled(vpn, true);
     m_card->updateSwitchDisplay_EnableDisable(vpn);
-    QVERIFY(m_card->rows().of(vpn).enable->on());
+    QVERIFY(m_card->rowsOf(vpn).enable->on());
     QCOMPARE(Journal::calls(),
              QStringList({"enableNIC(LAN0, false, persist)", "enableNIC(VPN, true, persist)"}));
 }
@@ -345,15 +342,15 @@ void TestCardNetwork::rowsOfUnknownValues()
 {
     m_card->setCurrentNIC(static_cast<NIC>(128));
     const int rows = m_card->layout()->childItems().size();
-    QVERIFY(m_card->rows().of(vpn).enable->isVisible());
+    QVERIFY(m_card->rowsOf(vpn).enable->isVisible());
     m_card->setCurrentNIC(static_cast<NIC>(8));
-    QVERIFY(!m_card->rows().of(vpn).enable->isVisible());
-    QVERIFY(m_card->rows().of(mobile).enable->isVisible());
+    QVERIFY(!m_card->rowsOf(vpn).enable->isVisible());
+    QVERIFY(m_card->rowsOf(mobile).enable->isVisible());
     m_card->setCurrentNIC(static_cast<NIC>(128));
     m_card->setCurrentNIC(static_cast<NIC>(8));
     m_card->setCurrentNIC(lan0);
     QCOMPARE(m_card->layout()->childItems().size(), rows + 3);
-    QVERIFY(!m_card->rows().of(mobile).enable->isVisible());
+    QVERIFY(!m_card->rowsOf(mobile).enable->isVisible());
 }
 
 void TestCardNetwork::wifiTellsBeforeItSwitches()
@@ -366,7 +363,7 @@ void TestCardNetwork::wifiTellsBeforeItSwitches()
     };
     connect(m_card, &CardNetwork::wifiEnableChanged, this, [note] { note("tile"); });
     connect(m_card, &CardNetwork::netDisabledChanged, this, [note] { note("switch"); });
-    QSP::BeepSwitch *disable = m_card->rows().of(wifi).enable;
+    QSP::BeepSwitch *disable = m_card->rowsOf(wifi).enable;
     disable->setOn(true);
     disable->setOn(false);
     QCOMPARE(seen, QStringList({"tile after 0", "switch after 1", "tile after 1", "switch after 2"}));

@@ -127,13 +127,13 @@ void TestCardWifiList::joinedElsewhere()
     const WifiScene scene;
     scene.scan();
     HmiSimulator::joinNetwork("Maintenance");
-    emit WifiScene::network()->wifiStatusChanged(true, QStringLiteral("Maintenance"));
+    WifiScene::network()->updateWifiStatus();
     QCOMPARE(WifiScene::current(), QStringLiteral("Maintenance"));
     QVERIFY(WifiScene::listed().contains(QStringLiteral("Works Hall")));
     QVERIFY(!WifiScene::listed().contains(QStringLiteral("Maintenance")));
 
     HmiSimulator::leaveNetwork();
-    emit WifiScene::network()->wifiStatusChanged(false, QString());
+    WifiScene::network()->updateWifiStatus();
     QVERIFY(WifiScene::current().isNull());
     QCOMPARE(WifiScene::listed().size(), 9);
     // The other rows keep their places: the list does not move up.
@@ -145,8 +145,8 @@ void TestCardWifiList::joinedElsewhere()
 
     // Each opening of the screen looks anew.
     HmiSimulator::joinNetwork("Warehouse");
-    WifiScene::wifi();
-    emit WifiScene::root()->opened();
+    WifiScene::root()->setVisible(false);
+    WifiScene::root()->setVisible(true);
     QCOMPARE(WifiScene::current(), QStringLiteral("Warehouse"));
 }
 

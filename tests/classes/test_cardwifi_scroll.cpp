@@ -126,7 +126,7 @@ void TestCardWifiScroll::listWaitsForTheFinger()
     // The tap is for the network that the operator saw, however late he lifts the finger.
     QTest::mousePress(scene.window(), Qt::LeftButton, Qt::NoModifier, place);
     QVERIFY(WifiScene::report("scanWifi"));
-    emit WifiScene::network()->wifiStatusChanged(true, QStringLiteral("Maintenance"));
+    WifiScene::network()->updateWifiStatus();
     Operator::settle(300);
     QCOMPARE(WifiScene::listed(), WifiScene::neighbours());
     QTest::mouseRelease(scene.window(), Qt::LeftButton, Qt::NoModifier, place);

@@ -3,7 +3,6 @@
 #include "cards/network/carddns.h"
 #include "cards/network/cardnetwork.h"
 #include "cards/network/cardnic.h"
-#include "cards/network/networkrows.h"
 #include "controls/beepbutton.h"
 #include "controls/beepswitch.h"
 #include "controls/cipinput.h"
@@ -125,7 +124,7 @@ void TestTwoRoots::cardsFollowTheirNetworkCard()
         return box->property("model").toList().size();
     };
     const int before = listed(screens.older);
-    olderNetwork->rows().of(lan1).enable->setOn(true);
+    olderNetwork->rowsOf(lan1).enable->setOn(true);
     QCOMPARE(listed(screens.older), before - 1);
     QVERIFY(!TwoScreens::dnsInput(screens.older)->isEnabled());
     QVERIFY(TwoScreens::dnsInput(screens.newer)->isEnabled());
@@ -142,7 +141,7 @@ void TestTwoRoots::openingRereads()
     HmiSimulator::setNicEnabled(lan0, false);
     setDns(lan0, 0x04040401);
     screens.older->open();
-    QVERIFY(network->rows().of(lan0).enable->on());
+    QVERIFY(network->rowsOf(lan0).enable->on());
     QCOMPARE(TwoScreens::firstDns(screens.older), QStringLiteral("4.4.4.1"));
     QCOMPARE(buzzerOfOlder.count(), 1);
     QCOMPARE(buzzerOfNewer.count(), 0);
@@ -299,7 +298,7 @@ void TestTwoRoots::editGoesOnWhileAnotherScreenIsBuilt()
     auto *shown = AppRootItem::instance();
     shown->setCurrentPage(Page::Network);
     auto *network = TwoScreens::cardOf<QSP::CardNetwork>(shown, Cards::Network);
-    QSP::CIpInput *input = network->rows().of(lan0).ip;
+    QSP::CIpInput *input = network->rowsOf(lan0).ip;
     const auto boxes = Operator::allByClass(input, "QQuickTextInput");
     Operator::settle();
     Operator::tap(boxes.value(0));

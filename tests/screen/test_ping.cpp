@@ -100,7 +100,7 @@ void TestPing::silenceIsAFailure()
 {
     NetworkPage page;
     QSignalSpy results(page.defaultAdapter(), SIGNAL(pingTestResult(bool)));
-    auto *limit = page.defaultAdapter()->findChild<QTimer *>("pingLimit");
+    auto *limit = page.screen().root()->findChild<QTimer *>("pingLimit");
     QVERIFY(limit);
     QCOMPARE(limit->interval(), 15000);
     QVERIFY(!limit->isActive());
@@ -142,7 +142,7 @@ void TestPing::resultOfAFormerDefaultIsDropped()
     QVERIFY(!isBusy(page));
     QVERIFY(!page.isShown("Test Result"));
     QCOMPARE(results.count(), 0);
-    QVERIFY(!page.defaultAdapter()->findChild<QTimer *>("pingLimit")->isActive());
+    QVERIFY(!page.screen().root()->findChild<QTimer *>("pingLimit")->isActive());
 }
 
 void TestPing::outcomesLookDifferent()

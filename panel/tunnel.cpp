@@ -1,0 +1,46 @@
+#include "panel/tunnel.h"
+
+#include "panel/adapter.h"
+
+namespace QSP {
+
+Tunnel::Tunnel(Adapter &adapter, QObject *parent) : QObject(parent)
+{
+    connect(&adapter, &Adapter::enabling, this, [this](bool enabled) {
+        if (!enabled)
+            endAddress();
+    });
+    connect(&adapter, &Adapter::enabledChanged, this, &Tunnel::forget);
+}
+
+Tunnel::Server Tunnel::server() const
+{
+    return m_server.get([] { return systemSet().getVPNServer(); });
+}
+
+int Tunnel::state() const
+{
+    return m_state.get([this] { return systemSet().getVPNServerState(server()); });
+}
+
+void Tunnel::endAddress()
+{
+    systemSet().resetVPNIp(server());
+    forget();
+}
+
+void Tunnel::choose(Server server)
+{
+    systemSet().setVPNServer(server);
+    systemSet().resetVPNIp(server);
+    forget();
+    emit serverChanged();
+}
+
+void Tunnel::forget()
+{
+    m_server.forget();
+    m_state.forget();
+}
+
+} // namespace QSP
