@@ -294,7 +294,7 @@ void CardWifi::openPwDialog(const HMI::SSID &ssid)
         connect(m_dialog, &WifiJoinDialog::confirmed, this, &CardWifi::onClickConFirm);
     }
     if (m_state == Connecting) {
-        updateCurrentWifi();
+        link().read();
         m_dialog->showAttempt(isEmptySsid(link().ssid()) ? getSsidFromScan(link().attempt().ssid())
                                                          : link().name());
     } else {

@@ -34,7 +34,7 @@ class WifiList : public QObject
 public:
     using Records = std::vector<HMI::SystemSet::SsidInfo>;
 
-    /// @p container gets the rows and its height from the list. @p refusals is the owner's.
+    /// @p container gets the rows and its height from the list. @p refusals are the panel's.
     WifiList(QQuickItem *container, int rowHeight, const WifiRefusals &refusals, QObject *parent);
     ~WifiList() override;
 

@@ -26,7 +26,7 @@ HMI::SystemSet::WifiListCallback WifiScan::receiver()
 {
     m_receiver = std::make_unique<QObject>();
     m_limit.start();
-    return onGuiThread(m_receiver.get(), [this](QObject *, Records records) { answer(records); });
+    return onGuiThread(m_receiver.get(), [this](QObject *, const Records &records) { answer(records); });
 }
 
 void WifiScan::answer(const Records &records)
