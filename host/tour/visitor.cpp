@@ -1,6 +1,6 @@
 #include "host/tour/visitor.h"
 
-#include "host/glass.h"
+#include "host/glass/glass.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
