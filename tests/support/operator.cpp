@@ -33,6 +33,8 @@ QString obstacleTo(const QQuickItem *item)
         return QStringLiteral("there is no such item");
     if (!Sight::isOnGlass(item))
         return QStringLiteral("not on the glass: ") + describe(item);
+    if (const QQuickItem *cover = Sight::coverOf(item))
+        return describe(item) + QStringLiteral(" is covered by ") + describe(cover);
     return {};
 }
 
