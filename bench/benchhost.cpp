@@ -91,7 +91,9 @@ qint64 BenchHost::untilPainted(const std::function<void()> &action)
     const int result = loop.exec();
     const qint64 elapsed = timer.nsecsElapsed();
     QObject::disconnect(connection);
-    return result == 0 ? elapsed : -1;
+    if (result != 0)
+        qFatal("Nothing was painted");
+    return elapsed;
 }
 
 qint64 BenchHost::tapText(QQuickItem *below, const QString &text)

@@ -40,7 +40,7 @@ public:
     QQuickWindow *window() const { return m_window.get(); }
 
     /// Runs @p action and the event loop until the next frame after it was
-    /// painted; the nanoseconds that took. -1 when no frame came in 5 s.
+    /// painted; the nanoseconds that took. Ends the bench when no frame comes in 5 s.
     qint64 untilPainted(const std::function<void()> &action);
     /// A click in the middle of the visible text that reads @p text, in the given part of the screen: the
     /// nanoseconds from the click until what it does was painted, as of untilPainted(). Looking for the text is
