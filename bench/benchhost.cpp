@@ -1,5 +1,6 @@
 #include "bench/benchhost.h"
 
+#include "host/glass/sight.h"
 #include "plugin/pluginregistry.h"
 
 #include <QtCore/QEventLoop>
@@ -90,41 +91,29 @@ qint64 BenchHost::untilPainted(const std::function<void()> &action)
     const int result = loop.exec();
     const qint64 elapsed = timer.nsecsElapsed();
     QObject::disconnect(connection);
-    return result == 0 ? elapsed : -1;
+    if (result != 0)
+        qFatal("Nothing was painted");
+    return elapsed;
 }
 
-void BenchHost::tapText(QQuickItem *below, const QString &text)
+qint64 BenchHost::tapText(QQuickItem *below, const QString &text)
 {
-    const QVector<QQuickItem *> labels = visibleItems(below, "QQuickText");
-    for (QQuickItem *label : labels) {
-        if (label->property("text").toString() != text)
-            continue;
-        const QPointF point = label->mapToScene(QPointF(label->width() / 2, label->height() / 2));
+    const QQuickItem *label = Sight::byText(below, text);
+    if (!label)
+        qFatal("Nothing reads \"%s\"", qPrintable(text));
+    const QPointF point = Sight::centerOf(label);
+    // At once, not by the event queue: what the click does is what is measured.
+    return untilPainted([&] {
         QMouseEvent press(QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(m_window.get(), &press);
         QMouseEvent release(QEvent::MouseButtonRelease, point, Qt::LeftButton, Qt::NoButton, {});
         QCoreApplication::sendEvent(m_window.get(), &release);
-        return;
-    }
-    qFatal("Nothing reads \"%s\"", qPrintable(text));
+    });
 }
 
 QQuickItem *BenchHost::menu() const
 {
     return m_root->property("menuBar").value<QQuickItem *>();
-}
-
-QVector<QQuickItem *> BenchHost::visibleItems(QQuickItem *item, const char *className)
-{
-    QVector<QQuickItem *> found;
-    if (!item->isVisible())
-        return found;
-    if (item->inherits(className))
-        found << item;
-    const QList<QQuickItem *> children = item->childItems();
-    for (QQuickItem *child : children)
-        found << visibleItems(child, className);
-    return found;
 }
 
 qint64 BenchHost::privateMemory()

@@ -40,14 +40,14 @@ public:
     QQuickWindow *window() const { return m_window.get(); }
 
     /// Runs @p action and the event loop until the next frame after it was
-    /// painted; the nanoseconds that took. -1 when no frame came in 5 s.
+    /// painted; the nanoseconds that took. Ends the bench when no frame comes in 5 s.
     qint64 untilPainted(const std::function<void()> &action);
-    /// A click in the middle of the visible button that carries @p text, in the given part of the screen.
-    void tapText(QQuickItem *below, const QString &text);
+    /// A click in the middle of the visible text that reads @p text, in the given part of the screen: the
+    /// nanoseconds from the click until what it does was painted, as of untilPainted(). Looking for the text is
+    /// not in them.
+    qint64 tapText(QQuickItem *below, const QString &text);
     QQuickItem *menu() const;
 
-    /// The visible items below @p item of the given class.
-    static QVector<QQuickItem *> visibleItems(QQuickItem *item, const char *className);
     /// Memory that this process alone has dirtied, in KiB.
     static qint64 privateMemory();
     static double median(std::vector<double> values);

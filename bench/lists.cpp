@@ -1,6 +1,7 @@
 // The Wi-Fi page with 10 to 1,000 networks: from the report of the scan to the painted list.
 
 #include "bench/benchhost.h"
+#include "host/glass/sight.h"
 #include "simulator/simulator.h"
 
 #include <QtGui/QGuiApplication>
@@ -26,11 +27,11 @@ int main(int argc, char **argv)
     HmiSimulator::leaveNetwork();
     HmiSimulator::setManual(true);
 
-    host.untilPainted([&] { host.tapText(host.menu(), QStringLiteral("Network")); });
-    QQuickItem *network = BenchHost::visibleItems(host.root(), "QSP::CardNetwork").value(0);
-    host.untilPainted([&] { host.tapText(network, QStringLiteral("Wi-Fi")); });
+    host.tapText(host.menu(), QStringLiteral("Network"));
+    QQuickItem *network = Sight::byClass(host.root(), "QSP::CardNetwork");
+    host.tapText(network, QStringLiteral("Wi-Fi"));
     host.untilPainted([&] { QMetaObject::invokeMethod(network, "switchToWifiCard"); });
-    QQuickItem *wifi = BenchHost::visibleItems(host.root(), "QSP::CardWifi").value(0);
+    QQuickItem *wifi = Sight::byClass(host.root(), "QSP::CardWifi");
     HmiSimulator::dropPending();
 
     QJsonObject milliseconds;

@@ -46,7 +46,7 @@ int main(int argc, char **argv)
     host.open();
 
     const Idle general = watch(host);
-    host.untilPainted([&] { host.tapText(host.menu(), QStringLiteral("Version")); });
+    host.tapText(host.menu(), QStringLiteral("Version"));
     const Idle version = watch(host);
     host.screen()->close();
     const Idle closed = watch(host);

@@ -132,18 +132,18 @@ Rectangle {
             radius: 6
             color: _touch.pressed ? "#4A5765" : "#38434F"
 
-            Text {
-                anchors.centerIn: _button
-                text: "Settings"
-                color: "#F2F5F8"
-                font.pixelSize: Math.round(_page.barHeight * 0.34)
-            }
-
             MouseArea {
                 id: _touch
 
                 anchors.fill: _button
                 onClicked: _page.settingsRequested()
+
+                Text {
+                    anchors.centerIn: _touch
+                    text: "Settings"
+                    color: "#F2F5F8"
+                    font.pixelSize: Math.round(_page.barHeight * 0.34)
+                }
             }
         }
     }

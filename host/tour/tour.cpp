@@ -1,6 +1,6 @@
 #include "host/tour/tour.h"
 
-#include "host/glass.h"
+#include "host/glass/glass.h"
 #include "host/tour/itinerary.h"
 #include "host/tour/messagewatch.h"
 

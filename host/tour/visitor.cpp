@@ -1,6 +1,7 @@
 #include "host/tour/visitor.h"
 
-#include "host/glass.h"
+#include "host/glass/glass.h"
+#include "host/glass/sight.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
@@ -13,29 +14,6 @@ namespace {
 
 constexpr int longestWait = 5000;
 
-bool shows(const QQuickItem *item, const QString &text)
-{
-    return (item->inherits("QQuickText") || item->inherits("QQuickTextInput")) &&
-           item->property("text").toString() == text;
-}
-
-QQuickItem *ancestor(QQuickItem *item, const char *className)
-{
-    while (item && !item->inherits(className))
-        item = item->parentItem();
-    return item;
-}
-
-QPoint centerOf(const QQuickItem *item)
-{
-    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-}
-
-QRectF placeOf(const QQuickItem *item)
-{
-    return item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
-}
-
 } // namespace
 
 QString Visitor::said(const char *context, const char *english)
@@ -43,29 +21,11 @@ QString Visitor::said(const char *context, const char *english)
     return QCoreApplication::translate(context, english);
 }
 
-QVector<QQuickItem *> Visitor::find(QQuickItem *below, const Wanted &wanted)
-{
-    QVector<QQuickItem *> found;
-    if (!below->isVisible())
-        return found;
-    if (wanted(below))
-        found << below;
-    const QList<QQuickItem *> children = below->childItems();
-    for (QQuickItem *child : children)
-        found << find(child, wanted);
-    return found;
-}
-
-QVector<QQuickItem *> Visitor::texts(const QString &text) const
-{
-    return find(m_window->contentItem(), [&](const QQuickItem *item) { return shows(item, text); });
-}
-
 QQuickItem *Visitor::buttonOf(const QString &text) const
 {
-    const QVector<QQuickItem *> items = texts(text);
+    const auto items = Sight::visibleByText(glass(), text);
     for (QQuickItem *item : items) {
-        if (QQuickItem *button = ancestor(item, "QQuickAbstractButton"))
+        if (QQuickItem *button = Sight::ancestorOf(item, "QQuickAbstractButton"))
             return button;
     }
     return nullptr;
@@ -73,7 +33,7 @@ QQuickItem *Visitor::buttonOf(const QString &text) const
 
 bool Visitor::sees(const QString &text) const
 {
-    return !texts(text).isEmpty();
+    return Sight::byText(glass(), text) != nullptr;
 }
 
 bool Visitor::seesButton(const QString &text) const
@@ -119,32 +79,25 @@ void Visitor::waitForProperty(const char *className, const char *property)
 void Visitor::tapText(const QString &text)
 {
     QQuickItem *button = buttonOf(text);
-    tap(button ? button : texts(text).value(0), text);
+    tap(button ? button : Sight::byText(glass(), text), text);
 }
 
 void Visitor::tapClass(const char *className, int index, const char *within)
 {
-    QQuickItem *below = m_window->contentItem();
-    if (within)
-        below = find(below, [&](const QQuickItem *item) { return item->inherits(within); }).value(0);
-    QVector<QQuickItem *> items;
-    if (below)
-        items = find(below, [&](const QQuickItem *item) { return item->inherits(className); });
+    QQuickItem *below = within ? Sight::byClass(glass(), within) : glass();
+    const auto items = Sight::visibleByClass(below, className);
     tap(items.value(index), QStringLiteral("%1 %2").arg(QLatin1String(className)).arg(index + 1));
 }
 
 void Visitor::tapName(const QString &objectName)
 {
-    const auto items = find(m_window->contentItem(),
-                            [&](const QQuickItem *item) { return item->objectName() == objectName; });
-    tap(items.value(0), objectName);
+    tap(Sight::byName(glass(), objectName), objectName);
 }
 
 QQuickItem *Visitor::itemOf(const char *className, const char *property) const
 {
-    const auto owners =
-        find(m_window->contentItem(), [&](const QQuickItem *item) { return item->inherits(className); });
-    return owners.isEmpty() ? nullptr : owners.first()->property(property).value<QQuickItem *>();
+    const QQuickItem *owner = Sight::byClass(glass(), className);
+    return owner ? owner->property(property).value<QQuickItem *>() : nullptr;
 }
 
 void Visitor::tapProperty(const char *className, const char *property)
@@ -195,21 +148,24 @@ void Visitor::tap(QQuickItem *item, const QString &name)
     if (!found)
         return complain(QStringLiteral("\"%1\" went before it was tapped").arg(name));
     bringIntoView(item);
-    const QPoint point = centerOf(item);
-    if (!QRect(QPoint(), m_window->size()).contains(point))
+    if (!Sight::isOnGlass(item))
         return complain(QStringLiteral("\"%1\" is not on the glass").arg(name));
-    tapAt(point);
+    if (const QQuickItem *cover = Sight::coverOf(item)) {
+        const QLatin1String coverName(cover->metaObject()->className());
+        return complain(QStringLiteral("\"%1\" is covered by a %2").arg(name, coverName));
+    }
+    tapAt(Sight::centerOf(item));
 }
 
 void Visitor::bringIntoView(QQuickItem *item)
 {
-    QQuickItem *pool = ancestor(item->parentItem(), "QQuickFlickable");
+    const QQuickItem *pool = Sight::ancestorOf(item->parentItem(), "QQuickFlickable");
     if (!pool)
         return;
-    const QRectF view = placeOf(pool);
+    const QRectF view = Sight::placeOf(pool);
     // Several short drags: a finger has no more room than the view.
     for (int i = 0; i < 20; ++i) {
-        const QRectF place = placeOf(item);
+        const QRectF place = Sight::placeOf(item);
         const qreal missing = place.top() < view.top() ? place.top() - view.top()
                                                        : qMax<qreal>(0, place.bottom() - view.bottom());
         if (qAbs(missing) < 1)

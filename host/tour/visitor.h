@@ -2,7 +2,6 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QStringList>
-#include <QtCore/QVector>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
 
@@ -59,10 +58,7 @@ public:
     void complain(const QString &problem) { m_problems << problem; }
 
 private:
-    using Wanted = std::function<bool(const QQuickItem *)>;
-
-    static QVector<QQuickItem *> find(QQuickItem *below, const Wanted &wanted);
-    QVector<QQuickItem *> texts(const QString &text) const;
+    QQuickItem *glass() const { return m_window->contentItem(); }
     QQuickItem *itemOf(const char *className, const char *property) const;
     QQuickItem *buttonOf(const QString &text) const;
     void tap(QQuickItem *item, const QString &name);

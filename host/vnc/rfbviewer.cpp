@@ -1,6 +1,6 @@
 #include "host/vnc/rfbviewer.h"
 
-#include "host/glass.h"
+#include "host/glass/glass.h"
 #include "host/vnc/keysym.h"
 
 #include <QtCore/QtEndian>

@@ -1,6 +1,7 @@
 #include "tests/support/operator.h"
 #include "tests/support/paneltest.h"
 
+#include <QtQuick/private/qquickmousearea_p.h>
 #include <QtQuick/private/qquickrectangle_p.h>
 
 /// Those who look at the glass see what was done before, on however busy a machine.
@@ -15,6 +16,10 @@ private slots:
     void pictureShowsWhatWasJustDone();
     void settledMeansPainted();
     void nothingToPaintPaintsNothing();
+    void touchReachesTheItem_data();
+    void touchReachesTheItem();
+    void whatIsOutOfReachFailsTheTest_data();
+    void whatIsOutOfReachFailsTheTest();
 
 private:
     std::unique_ptr<QQuickWindow> m_window;
@@ -31,7 +36,19 @@ public:
     void updatePolish() override { setX(parentItem()->width() / 2); }
 };
 
+using Act = void (*)(QQuickItem *);
+
+void addActs()
+{
+    QTest::addColumn<Act>("act");
+    QTest::newRow("tap") << Act([](QQuickItem *item) { Operator::tap(item); });
+    QTest::newRow("touch") << Act(Operator::touch);
+    QTest::newRow("press") << Act(Operator::press);
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(Act)
 
 void TestOperator::init()
 {
@@ -81,6 +98,51 @@ void TestOperator::nothingToPaintPaintsNothing()
     m_face->setColor(Qt::red);
     Operator::settle(0);
     QCOMPARE(frames.size(), 1);
+}
+
+void TestOperator::touchReachesTheItem_data()
+{
+    addActs();
+}
+
+void TestOperator::touchReachesTheItem()
+{
+    QFETCH(const Act, act);
+    QQuickMouseArea button(m_face);
+    button.setSize({100, 100});
+    const QSignalSpy pressed(&button, &QQuickMouseArea::pressedChanged);
+    act(&button);
+    QVERIFY(!pressed.isEmpty());
+}
+
+void TestOperator::whatIsOutOfReachFailsTheTest_data()
+{
+    addActs();
+}
+
+void TestOperator::whatIsOutOfReachFailsTheTest()
+{
+    QFETCH(const Act, act);
+    QQuickMouseArea button(m_face);
+    button.setSize({100, 100});
+    QQuickMouseArea curtain(m_window->contentItem());
+    curtain.setSize({60, 60});
+    const QSignalSpy pressed(&button, &QQuickMouseArea::pressedChanged);
+    const QSignalSpy taken(&curtain, &QQuickMouseArea::pressedChanged);
+
+    QEXPECT_FAIL("", "it is covered", Abort);
+    act(&button);
+    curtain.setVisible(false);
+    button.setX(60);
+    QEXPECT_FAIL("", "it is beside the glass", Abort);
+    act(&button);
+    button.setX(0);
+    button.setVisible(false);
+    QEXPECT_FAIL("", "it is hidden", Abort);
+    act(&button);
+    QEXPECT_FAIL("", "it is not there", Abort);
+    act(nullptr);
+    QVERIFY(pressed.isEmpty() && taken.isEmpty());
 }
 
 PANEL_TEST_MAIN(TestOperator)

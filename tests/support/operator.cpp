@@ -1,8 +1,10 @@
 #include "tests/support/operator.h"
 
+#include "host/glass/glass.h"
+#include "host/glass/sight.h"
+
 #include <QtCore/QPointer>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QScreen>
 #include <QtGui/QTouchDevice>
 #include <QtQuick/private/qquickwindow_p.h>
 #include <QtTest/QtTest>
@@ -10,11 +12,6 @@
 namespace Operator {
 
 namespace {
-
-bool isText(const QQuickItem *item)
-{
-    return item->inherits("QQuickText") || item->inherits("QQuickTextInput");
-}
 
 QString describe(const QQuickItem *item)
 {
@@ -29,17 +26,18 @@ QTouchDevice *touchScreen()
     return device;
 }
 
-// A visible item may still be scrolled or clipped out of sight.
-bool isOnGlass(const QQuickItem *item)
+// What keeps a finger from an item; empty when nothing does.
+QString obstacleTo(const QQuickItem *item)
 {
-    if (!item->isVisible() || !item->window())
-        return false;
-    const QRectF glass(QPointF(), QSizeF(item->window()->size()));
-    return glass.contains(QPointF(centerOf(item)));
+    if (!item)
+        return QStringLiteral("there is no such item");
+    if (!Sight::isOnGlass(item))
+        return QStringLiteral("not on the glass: ") + describe(item);
+    if (const QQuickItem *cover = Sight::coverOf(item))
+        return describe(item) + QStringLiteral(" is covered by ") + describe(cover);
+    return {};
 }
 
-// Nobody waits that long for a frame but on a machine that stands still.
-constexpr int longestFrame = 10000;
 // Settling may change what else is painted, but not for ever; what never ends is an animation.
 constexpr int mostFramesToSettle = 10;
 
@@ -55,13 +53,13 @@ bool hasToPaint(QQuickWindow *window)
 
 QPoint centerOf(const QQuickItem *item)
 {
-    return item->mapToScene(QPointF(item->width() / 2.0, item->height() / 2.0)).toPoint();
+    return Sight::centerOf(item);
 }
 
 void tap(QQuickItem *item)
 {
-    QVERIFY2(item, "there is no such item to tap");
-    QVERIFY2(isOnGlass(item), qPrintable(QStringLiteral("not on the glass: ") + describe(item)));
+    const QString obstacle = obstacleTo(item);
+    QVERIFY2(item && obstacle.isEmpty(), qPrintable(obstacle));
     tap(item->window(), centerOf(item));
 }
 
@@ -73,8 +71,8 @@ void tap(QQuickWindow *window, const QPoint &point)
 
 void touch(QQuickItem *item)
 {
-    QVERIFY2(item, "there is no such item to touch");
-    QVERIFY2(isOnGlass(item), qPrintable(QStringLiteral("not on the glass: ") + describe(item)));
+    const QString obstacle = obstacleTo(item);
+    QVERIFY2(item && obstacle.isEmpty(), qPrintable(obstacle));
     QQuickWindow *window = item->window();
     const QPoint point = centerOf(item);
     QTest::touchEvent(window, touchScreen()).press(0, point, window);
@@ -84,7 +82,8 @@ void touch(QQuickItem *item)
 
 void press(QQuickItem *item)
 {
-    QVERIFY2(item && isOnGlass(item), "there is no such item to press");
+    const QString obstacle = obstacleTo(item);
+    QVERIFY2(item && obstacle.isEmpty(), qPrintable(obstacle));
     QTest::mousePress(item->window(), Qt::LeftButton, Qt::NoModifier, centerOf(item));
 }
 
@@ -130,50 +129,33 @@ void key(QQuickWindow *window, int key)
 
 QVector<QQuickItem *> items(QQuickItem *root, const std::function<bool(QQuickItem *)> &wanted)
 {
-    QVector<QQuickItem *> found;
-    if (!root)
-        return found;
-    if (wanted(root))
-        found << root;
-    const QList<QQuickItem *> children = root->childItems();
-    for (QQuickItem *child : children)
-        found << items(child, wanted);
-    return found;
+    return Sight::all(root, wanted);
 }
 
 QVector<QQuickItem *> allByClass(QQuickItem *root, const char *className)
 {
-    return items(root,
-                 [className](QQuickItem *item) { return item->isVisible() && item->inherits(className); });
+    return Sight::visibleByClass(root, className);
 }
 
 QQuickItem *byClass(QQuickItem *root, const char *className)
 {
-    return allByClass(root, className).value(0);
+    return Sight::byClass(root, className);
 }
 
 QQuickItem *byText(QQuickItem *root, const QString &text)
 {
-    return items(root,
-                 [&text](QQuickItem *item) {
-                     return item->isVisible() && isText(item) && item->property("text").toString() == text;
-                 })
-        .value(0);
+    return Sight::byText(root, text);
 }
 
 QQuickItem *byName(QQuickItem *root, const QString &objectName)
 {
-    return items(root,
-                 [&objectName](QQuickItem *item) {
-                     return item->isVisible() && item->objectName() == objectName;
-                 })
-        .value(0);
+    return Sight::byName(root, objectName);
 }
 
 QStringList visibleTexts(QQuickItem *root)
 {
     QStringList texts;
-    const auto found = items(root, [](QQuickItem *item) { return item->isVisible() && isText(item); });
+    const auto found = Sight::visible(root, Sight::isText);
     for (const QQuickItem *item : found) {
         const QString text = item->property("text").toString();
         if (!text.isEmpty())
@@ -184,9 +166,7 @@ QStringList visibleTexts(QQuickItem *root)
 
 QQuickItem *ancestorOf(QQuickItem *item, const char *className)
 {
-    while (item && !item->inherits(className))
-        item = item->parentItem();
-    return item;
+    return Sight::ancestorOf(item, className);
 }
 
 void show(QQuickWindow *window)
@@ -199,15 +179,13 @@ void show(QQuickWindow *window)
 
 void awaitFrame(QQuickWindow *window)
 {
-    QSignalSpy painted(window, &QQuickWindow::frameSwapped);
-    window->update();
-    QVERIFY2(painted.wait(longestFrame), "the window is not painted");
+    QVERIFY2(Glass::awaitFrame(window), "the window is not painted");
 }
 
 QImage picture(QQuickWindow *window)
 {
     awaitFrame(window);
-    return window->screen()->grabWindow(window->winId()).toImage();
+    return Glass::picture(window);
 }
 
 void settle(int milliseconds)

@@ -21,7 +21,9 @@ void tap(QQuickItem *item);
 void tap(QQuickWindow *window, const QPoint &point);
 /// The same with a finger.
 void touch(QQuickItem *item);
+/// A press alone, which fails as a tap does.
 void press(QQuickItem *item);
+/// The end of a press. The item may have gone out of sight meanwhile.
 void release(QQuickItem *item);
 void drag(QQuickWindow *window, const QPoint &from, const QPoint &to, int steps = 10);
 /// Types printable text as key presses and releases into the window's focus item.

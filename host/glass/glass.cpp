@@ -1,4 +1,4 @@
-#include "host/glass.h"
+#include "host/glass/glass.h"
 
 #include <qpa/qwindowsysteminterface.h>
 #include <QtCore/QEventLoop>
