@@ -9,7 +9,6 @@ namespace QSP {
 namespace {
 
 constexpr qreal disabledOpacity = 0.4;
-constexpr qreal pressedOpacity = 0.6;
 
 } // namespace
 
@@ -42,9 +41,7 @@ void WifiControls::fade(const Button &button)
 {
     if (!button.button)
         return;
-    const qreal opacity = !button.button->isEnabled()  ? disabledOpacity
-                          : button.button->isPressed() ? pressedOpacity
-                                                       : 1.0;
+    const qreal opacity = button.button->isEnabled() ? button.button->pressFade() : disabledOpacity;
     button.button->setOpacity(opacity);
     if (button.image)
         button.image->setOpacity(opacity);

@@ -7,7 +7,9 @@
 A folder is a floor. From the ground up, each includes only itself and those below; panel/ and controls/ stand
 side by side and do not know each other:
 
-    platform/include < shell/base/ < panel/, controls/ < shell/ < cards/ < plugin/
+    platform/include < shell/base/ < panel/, controls/ < shell/ < the folders of cards/ < cards/ < plugin/
+
+The folders of cards/ do not know each other, but for what panel/ tells them.
 
 The simulator and the keyboard stand-in know the contracts alone. The host sees the screen only as
 isystemset.h and pluginregistry.h. Tests and benches may include everything.
@@ -18,14 +20,17 @@ import re
 import sys
 import tempfile
 
+CARDS = {"cards/general", "cards/network", "cards/wifi", "cards/about"}
+BELOW_CARDS = {"contracts", "shell/base", "panel", "controls", "shell"}
 BELOW = {
     "contracts": set(),
     "shell/base": {"contracts"},
     "panel": {"contracts", "shell/base"},
     "controls": {"contracts", "shell/base"},
     "shell": {"contracts", "shell/base", "panel", "controls"},
-    "cards": {"contracts", "shell/base", "panel", "controls", "shell"},
-    "plugin": {"contracts", "shell/base", "panel", "controls", "shell", "cards", "interface"},
+    **{folder: BELOW_CARDS for folder in CARDS},
+    "cards": BELOW_CARDS | CARDS,
+    "plugin": BELOW_CARDS | CARDS | {"cards", "interface"},
     "interface": set(),
     "simulator": {"contracts"},
     "keyboard": {"contracts"},
@@ -39,7 +44,7 @@ def unit_of(path):
     parts = path.parts
     if parts[0] == "platform":
         return {"include": "contracts"}.get(parts[1], parts[1])
-    if parts[0] == "shell" and len(parts) > 2:
+    if parts[0] in ("shell", "cards") and len(parts) > 2:
         return "/".join(parts[:2])
     if path.as_posix() in ("plugin/isystemset.h", "plugin/pluginregistry.h"):
         return "interface"
@@ -119,6 +124,9 @@ def selftest():
         ("host/main.h", '#include "plugin/exports.h"\n', "host/main.h (host) includes plugin/exports.h"),
         ("cards/card.h", '#include "other.h"\n', "circle: cards/card.h -> cards/other.h -> cards/card.h"),
         ("shell/surprise/new.h", "", "shell/surprise/new.h: on no floor"),
+        ("cards/network/card.h", '#include "cards/wifi/card.h"\n', "card.h (cards/network) includes cards/wifi/card.h"),
+        ("cards/network/card.h", '#include "cards/card.h"\n', "card.h (cards/network) includes cards/card.h"),
+        ("cards/new/card.h", "", "cards/new/card.h: on no floor"),
         ("panel/nic.h", '#include "controls/button.h"\n', "panel/nic.h (panel) includes controls/button.h"),
         ("controls/button.h", '#include "panel/nic.h"\n', "controls/button.h (controls) includes panel/nic.h"),
     ]
@@ -130,6 +138,7 @@ def selftest():
         "panel/nic.h": '#include "hmi/systemset.h"\n',
         "controls/button.h": '#include "shell/base/globalinfo.h"\n',
         "cards/card.h": '#include "controls/button.h"\n#include "shell/approotitem.h"\n',
+        "cards/wifi/card.h": '#include "panel/nic.h"\n',
         "cards/other.h": '#include "cards/card.h"\n',
         "plugin/isystemset.h": "",
         "plugin/exports.h": '#include "cards/card.h"\n#include "plugin/isystemset.h"\n',
