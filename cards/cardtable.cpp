@@ -16,8 +16,8 @@
 #include "controls/combobox.h"
 #include "controls/dialog.h"
 #include "controls/stepslider.h"
-#include "shell/base/qmltype.h"
 #include "panel/panel.h"
+#include "shell/base/qmltype.h"
 #include "shell/cardinfo.h"
 #include "shell/rootof.h"
 

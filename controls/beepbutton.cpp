@@ -1,7 +1,6 @@
 #include "controls/beepbutton.h"
 
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
+#include "shell/base/service.h"
 #include "shell/base/vkbmanager.h"
 
 #include <future>
@@ -26,7 +25,7 @@ void BeepButton::fadeWhilePressed(QQuickItem *look)
 
 bool BeepButton::isBuzzerOn()
 {
-    _isBuzzerOn = MeyerSingleton<HMI::SystemSet>::instance().isBuzzerOn();
+    _isBuzzerOn = systemSet().isBuzzerOn();
     return _isBuzzerOn;
 }
 
@@ -36,13 +35,13 @@ void BeepButton::setBuzzerOn(bool on)
         return;
     _isBuzzerOn = on;
     // The dropped future waits for the worker: the order of writes stays the order of taps.
-    static_cast<void>(std::async([on] { MeyerSingleton<HMI::SystemSet>::instance().setBuzzerOn(on); }));
+    static_cast<void>(std::async([on] { systemSet().setBuzzerOn(on); }));
 }
 
 void BeepButton::beepIfOn()
 {
     if (isBuzzerOn())
-        MeyerSingleton<HMI::SystemSet>::instance().beep(true);
+        systemSet().beep(true);
 }
 
 void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
+#include "shell/base/service.h"
 
 #include <QtCore/QMetaType>
 #include <QtCore/QString>
@@ -32,25 +31,20 @@ constexpr const char *adapterLabel(NIC nic)
 {
     switch (nic) {
     case HMI::SystemSet::LAN0:
-        return "LAN0";
+        return QT_TRANSLATE_NOOP("CardNetwork", "LAN0");
     case HMI::SystemSet::LAN1:
-        return "LAN1";
+        return QT_TRANSLATE_NOOP("CardNetwork", "LAN1");
     case HMI::SystemSet::WIFI:
-        return "Wi-Fi";
+        return QT_TRANSLATE_NOOP("CardNetwork", "Wi-Fi");
     case HMI::SystemSet::MOBILE_4G:
-        return "4G";
+        return QT_TRANSLATE_NOOP("CardNetwork", "4G");
     case HMI::SystemSet::VPN:
-        return "VPN";
+        return QT_TRANSLATE_NOOP("CardNetwork", "VPN");
     }
     return "";
 }
 
 /// Dotted text of an address.
 QString dotted(HMI::IP address);
-
-inline HMI::SystemSet &systemSet()
-{
-    return MeyerSingleton<HMI::SystemSet>::instance();
-}
 
 } // namespace QSP

@@ -2,13 +2,12 @@
 
 #include "controls/beepbutton.h"
 #include "controls/touchmask.h"
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documentend.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/qmltype.h"
 #include "shell/base/screenroot.h"
+#include "shell/base/service.h"
 #include "shell/base/vkbmanager.h"
 #include "shell/cardstack.h"
 #include "shell/menu.h"
@@ -258,7 +257,7 @@ void AppRootItem::takeEntry(MenuIndex entry)
     case MenuIndex::Reboot:
         highlightMenuButton(m_currentPage, false);
         highlightMenuButton(entry, true);
-        MeyerSingleton<HMI::SystemSet>::instance().reboot();
+        systemSet().reboot();
         break;
     case MenuIndex::Exit:
         highlightMenuButton(entry, true);

@@ -2,9 +2,8 @@
 
 #include "cards/about/qrpicture.h"
 #include "controls/titlerow.h"
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
 #include "shell/base/documenttext.h"
+#include "shell/base/service.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -45,8 +44,7 @@ void CardVersion::checkIconStatus(int status)
 
 void CardVersion::loadSerialNumber()
 {
-    const QString serial =
-        QString::fromStdString(MeyerSingleton<HMI::SystemSet>::instance().getSerialNumber());
+    const QString serial = QString::fromStdString(systemSet().getSerialNumber());
     const QString shown = serial == QLatin1String(noSerialNumber) ? QString() : serial;
     if (shown != m_serialNumber) {
         m_serialNumber = shown;

@@ -3,28 +3,18 @@
 #include "controls/beepbutton.h"
 #include "controls/titlerow.h"
 #include "controls/touchmask.h"
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documenttext.h"
+#include "shell/base/service.h"
 
 #include <QtCore/QCoreApplication>
 
 namespace QSP {
 
-namespace {
-
 using HMI::SystemSet;
 
-SystemSet &service()
-{
-    return MeyerSingleton<SystemSet>::instance();
-}
-
-} // namespace
-
 CardBrightness::CardBrightness(QQuickItem *parent)
-    : BaseCard(parent), m_titleRowHeight(titleRowHeight()), m_brightnessValue(service().bright())
+    : BaseCard(parent), m_titleRowHeight(titleRowHeight()), m_brightnessValue(systemSet().bright())
 {}
 
 CardBrightness::~CardBrightness()
@@ -49,14 +39,14 @@ void CardBrightness::setBrightnessValue(int value)
         return;
     m_brightnessValue = level;
     emit brightnessValueChanged();
-    service().setBright(static_cast<SystemSet::Bright>(level), false);
+    systemSet().setBright(static_cast<SystemSet::Bright>(level), false);
 }
 
 void CardBrightness::saveBrightness()
 {
     // A level that was told from beyond the ends is never written back, let alone stored.
     setBrightnessValue(m_brightnessValue);
-    service().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
+    systemSet().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
 }
 
 void CardBrightness::setHeld(bool held)

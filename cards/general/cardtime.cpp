@@ -3,11 +3,10 @@
 #include "cards/general/secondtimer.h"
 #include "controls/timeeditpopup.h"
 #include "controls/titlerow.h"
-#include "hmi/systemset.h"
-#include "meyersingleton.h"
 #include "shell/approotitem.h"
 #include "shell/base/documenttext.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/service.h"
 #include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
@@ -79,7 +78,7 @@ void CardTime::addDialog()
 
 void CardTime::setSystemTime(const QDateTime &dateTime)
 {
-    auto &service = MeyerSingleton<HMI::SystemSet>::instance();
+    auto &service = systemSet();
     if (!service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch())))
         return;
     service.syncHwclock();

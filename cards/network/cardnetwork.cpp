@@ -39,7 +39,7 @@ void CardNetwork::componentComplete()
     BaseCard::componentComplete();
     m_nicButtonFlow = aliasOf<QQuickItem>(this, "nicButtonFlow");
     m_layout = aliasOf<QQuickItem>(this, "layout");
-    setNetworkText(aliasOf<QQuickText>(this, "titleText"), "Network");
+    setNetworkText(aliasOf<QQuickText>(this, "titleText"), QT_TRANSLATE_NOOP("CardNetwork", "Network"));
     m_monitors = std::make_unique<StatusMonitors>(this, panel());
     m_rows = std::make_unique<NetworkRows>(panel(), RowFactory(m_layout, m_sizes), *m_monitors);
     addNicButtons();

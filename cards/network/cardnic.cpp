@@ -14,10 +14,18 @@
 #include <QtCore/QScopedValueRollback>
 
 #include <algorithm>
+#include <array>
 
 namespace QSP {
 
 namespace {
+
+// The labels of adapters that the catalogue has for this card too; "4G" it has not, and it is the same everywhere.
+[[maybe_unused]] constexpr std::array<const char *, 3> adapterLabels = {
+    QT_TRANSLATE_NOOP("CardNIC", "LAN0"),
+    QT_TRANSLATE_NOOP("CardNIC", "LAN1"),
+    QT_TRANSLATE_NOOP("CardNIC", "Wi-Fi"),
+};
 
 QString translated(const char *source)
 {
@@ -41,10 +49,12 @@ DefaultAdapter &CardNIC::adapter() const
 void CardNIC::componentComplete()
 {
     NetworkSideCard::componentComplete();
-    setDocumentText(this, "titleText", [] { return translated("Default Adapter"); });
-    setDocumentText(this, "networkText", [] { return translated("Ethernet"); });
-    setDocumentText(this, "pingTestText", [] { return translated("Ping Test"); });
-    setDocumentText(this, "testButtonText", [] { return translated("Test"); });
+    setDocumentText(this, "titleText",
+                    [] { return translated(QT_TRANSLATE_NOOP("CardNIC", "Default Adapter")); });
+    setDocumentText(this, "networkText", [] { return translated(QT_TRANSLATE_NOOP("CardNIC", "Ethernet")); });
+    setDocumentText(this, "pingTestText",
+                    [] { return translated(QT_TRANSLATE_NOOP("CardNIC", "Ping Test")); });
+    setDocumentText(this, "testButtonText", [] { return translated(QT_TRANSLATE_NOOP("CardNIC", "Test")); });
 
     m_comboBox = aliasOf<ComboBox>(this, "combobox");
     m_testButton = aliasOf<BeepButton>(this, "testBeepButton");

@@ -26,13 +26,14 @@ const char *stateSource(int state)
 {
     switch (state) {
     case 0:
+        // Without an entry in the catalogues, as makers of them have it.
         return "Not connected";
     case 1:
-        return "Connecting...";
+        return QT_TRANSLATE_NOOP("CardNetwork", "Connecting...");
     case 2:
-        return "Connection successful";
+        return QT_TRANSLATE_NOOP("CardNetwork", "Connection successful");
     default:
-        return "Unknown";
+        return QT_TRANSLATE_NOOP("CardNetwork", "Unknown");
     }
 }
 

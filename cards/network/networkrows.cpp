@@ -32,11 +32,11 @@ const char *labelOf(Address address)
 {
     switch (address) {
     case Address::Ip:
-        return "IP Address";
+        return QT_TRANSLATE_NOOP("CardNetwork", "IP Address");
     case Address::SubnetMask:
-        return "Subnet Mask";
+        return QT_TRANSLATE_NOOP("CardNetwork", "Subnet Mask");
     case Address::Gateway:
-        return "Default Gateway";
+        return QT_TRANSLATE_NOOP("CardNetwork", "Default Gateway");
     }
     return "";
 }
@@ -88,7 +88,7 @@ QQuickItem *NetworkRows::append(NIC nic, QQuickItem *row)
 
 void NetworkRows::buildAddressed(Adapter &adapter)
 {
-    addEnableSwitch(adapter, "Disable Network");
+    addEnableSwitch(adapter, QT_TRANSLATE_NOOP("CardNetwork", "Disable Network"));
     if (adapter.nic() == HMI::SystemSet::WIFI)
         addWifiTile(adapter);
     addStaticSwitch(adapter);
@@ -113,7 +113,8 @@ void NetworkRows::addEnableSwitch(Adapter &adapter, const char *label)
 
 void NetworkRows::addStaticSwitch(Adapter &adapter)
 {
-    BeepSwitch *fixed = m_make.toggle(append(adapter.nic(), m_make.labelledRow("Static IP")));
+    BeepSwitch *fixed = m_make.toggle(
+        append(adapter.nic(), m_make.labelledRow(QT_TRANSLATE_NOOP("CardNetwork", "Static IP"))));
     m_rows[adapter.nic()].fixed = fixed;
     fixed->setOn(adapter.isStatic());
     fixed->onChangeEnabled(adapter.isEnabled());
@@ -148,7 +149,8 @@ void NetworkRows::addAddress(Address address, Adapter &adapter)
 
 void NetworkRows::addMac(const Adapter &adapter)
 {
-    CMacInput *field = m_make.mac(append(adapter.nic(), m_make.labelledRow("MAC", RowFactory::addressRow)));
+    CMacInput *field = m_make.mac(append(
+        adapter.nic(), m_make.labelledRow(QT_TRANSLATE_NOOP("CardNetwork", "MAC"), RowFactory::addressRow)));
     if (!field)
         return;
     field->setMac(adapter.mac());
@@ -168,24 +170,32 @@ void NetworkRows::addWifiTile(const Adapter &adapter)
 void NetworkRows::buildMobile(Adapter &adapter)
 {
     const NIC nic = adapter.nic();
-    addEnableSwitch(adapter, "4G");
+    addEnableSwitch(adapter, QT_TRANSLATE_NOOP("CardNetwork", "4G"));
     MobileMonitor &mobile = m_monitors.mobile();
-    mobile.setSignalImage(m_make.image(append(nic, m_make.labelledRow("Signal", RowFactory::statusRow))));
+    mobile.setSignalImage(m_make.image(
+        append(nic, m_make.labelledRow(QT_TRANSLATE_NOOP("CardNetwork", "Signal"), RowFactory::statusRow))));
     mobile.update();
     StatusText &state = mobile.stateText();
-    state.setItem(m_make.text(append(nic, m_make.labelledRow("Connection Status", RowFactory::statusRow))));
-    state.show(m_panel.modem().state() == mobileConnected ? "Connected" : "Disconnected");
+    state.setItem(
+        m_make.text(append(nic, m_make.labelledRow(QT_TRANSLATE_NOOP("CardNetwork", "Connection Status"),
+                                                   RowFactory::statusRow))));
+    state.show(m_panel.modem().state() == mobileConnected ? QT_TRANSLATE_NOOP("CardNetwork", "Connected")
+                                                          : QT_TRANSLATE_NOOP("CardNetwork", "Disconnected"));
 }
 
 void NetworkRows::buildVpn(Adapter &adapter)
 {
     const NIC nic = adapter.nic();
-    addEnableSwitch(adapter, "VPN");
+    addEnableSwitch(adapter, QT_TRANSLATE_NOOP("CardNetwork", "VPN"));
     VpnMonitor &vpn = m_monitors.vpn();
-    vpn.setServerBox(m_make.comboBox(append(nic, m_make.labelledRow("Server", RowFactory::statusRow))));
+    vpn.setServerBox(m_make.comboBox(
+        append(nic, m_make.labelledRow(QT_TRANSLATE_NOOP("CardNetwork", "Server"), RowFactory::statusRow))));
     StatusText &state = vpn.stateText();
-    state.setItem(m_make.text(append(nic, m_make.labelledRow("Connection Status", RowFactory::statusRow))));
-    state.show(m_panel.tunnel().state() == 0 ? "Disconnected" : "Connected");
+    state.setItem(
+        m_make.text(append(nic, m_make.labelledRow(QT_TRANSLATE_NOOP("CardNetwork", "Connection Status"),
+                                                   RowFactory::statusRow))));
+    state.show(m_panel.tunnel().state() == 0 ? QT_TRANSLATE_NOOP("CardNetwork", "Disconnected")
+                                             : QT_TRANSLATE_NOOP("CardNetwork", "Connected"));
 }
 
 } // namespace QSP

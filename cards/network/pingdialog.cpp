@@ -103,7 +103,8 @@ void PingDialog::translateTitle()
 
 void PingDialog::show(bool success)
 {
-    const char *source = success ? "Test successful!" : "Test failed!";
+    const char *source = success ? QT_TRANSLATE_NOOP("CardNIC", "Test successful!")
+                                 : QT_TRANSLATE_NOOP("CardNIC", "Test failed!");
     setMultilingualText(m_text, [source] { return QCoreApplication::translate("CardNIC", source); });
     m_mark->setSuccess(success);
     m_dialog->open();

@@ -16,25 +16,27 @@ namespace {
 
 constexpr int interval = 3000;
 // By HMI::SystemSet::VPNServer.
-constexpr std::array<const char *, 2> g_servers = {"Asia", "Europe"};
+constexpr std::array<const char *, 2> g_servers = {QT_TRANSLATE_NOOP("CardNetwork", "Asia"),
+                                                   QT_TRANSLATE_NOOP("CardNetwork", "Europe")};
 
 std::pair<const char *, QRgb> statusOf(int state)
 {
     switch (state) {
     case 0:
+        // Without an entry in the catalogues, as makers of them have it.
         return {"Not connected", StatusText::normal};
     case 1:
-        return {"Connecting...", StatusText::normal};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Connecting..."), StatusText::normal};
     case 2:
-        return {"HMI not authorized", StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "HMI not authorized"), StatusText::error};
     case 3:
-        return {"SSL Error", StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "SSL Error"), StatusText::error};
     case 4:
-        return {"Certificate Error", StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Certificate Error"), StatusText::error};
     case 5:
-        return {"VPN connected", StatusText::good};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "VPN connected"), StatusText::good};
     default:
-        return {"Unknown Status", StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Unknown Status"), StatusText::error};
     }
 }
 

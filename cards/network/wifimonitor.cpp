@@ -24,7 +24,7 @@ WifiMonitor::WifiMonitor(QObject *timerOwner, Panel &panel) : m_panel(panel), m_
 void WifiMonitor::setTile(WifiTile *tile)
 {
     m_status.setItem(tile->statusText());
-    m_status.show("Offline");
+    m_status.show(QT_TRANSLATE_NOOP("CardNetwork", "Offline"));
 }
 
 void WifiMonitor::watch()
@@ -64,7 +64,7 @@ void WifiMonitor::update()
     Adapter &adapter = m_panel.adapter(nic);
     // An attempt to join says nothing of an adapter that was switched off meanwhile.
     if (!adapter.isUp()) {
-        m_status.show("Offline");
+        m_status.show(QT_TRANSLATE_NOOP("CardNetwork", "Offline"));
         adapter.dropLease();
         m_timer.stop();
         return;
@@ -76,7 +76,8 @@ void WifiMonitor::update()
     watch();
     link.refresh();
     const bool connected = link.isConnected();
-    m_status.show(connected ? "Online" : "Offline");
+    m_status.show(connected ? QT_TRANSLATE_NOOP("CardNetwork", "Online")
+                            : QT_TRANSLATE_NOOP("CardNetwork", "Offline"));
     if (connected)
         m_panel.adapter(m_panel.selected()).showInForce();
     else

@@ -69,7 +69,7 @@ WifiTile::WifiTile(QQuickItem *parent)
     anchors = QQuickItemPrivate::get(m_hint)->anchors();
     anchors->setTop(QQuickItemPrivate::get(this)->verticalCenter());
     anchors->setTopMargin(2.0);
-    setNetworkText(m_hint, "Wi-Fi Settings");
+    setNetworkText(m_hint, QT_TRANSLATE_NOOP("CardNetwork", "Wi-Fi Settings"));
     QQuickItemPrivate::get(m_marker)->anchors()->setRight(QQuickItemPrivate::get(this)->right());
 }
 

@@ -1,6 +1,5 @@
 #include "shell/base/globalinfo.h"
-
-#include "hmi/systemset.h"
+#include "shell/base/service.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -12,11 +11,6 @@
 namespace QSP {
 
 namespace {
-
-HMI::SystemSet &service()
-{
-    return MeyerSingleton<HMI::SystemSet>::instance();
-}
 
 // A language without a catalogue of its own gets the Chinese one.
 QString catalogueOf(const QLocale &locale)
@@ -32,7 +26,7 @@ QString catalogueOf(const QLocale &locale)
 
 GlobalInfo::GlobalInfo() : m_startedFromVistor(QCoreApplication::applicationName() == QLatin1String("vistor"))
 {
-    service().setLanguage(HMI::SystemSet::ENGLISH);
+    systemSet().setLanguage(HMI::SystemSet::ENGLISH);
     loadTranslationForLocale(m_locale);
     // First of all connections: every other receiver already sees the new translation.
     connect(this, &GlobalInfo::localeChanged, this, [this] { loadTranslationForLocale(m_locale); });
@@ -43,8 +37,8 @@ void GlobalInfo::setLocale(const QLocale &locale)
     if (locale == m_locale)
         return;
     m_locale = locale;
-    service().setLanguage(locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE
-                                                                : HMI::SystemSet::ENGLISH);
+    systemSet().setLanguage(locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE
+                                                                  : HMI::SystemSet::ENGLISH);
     emit localeChanged();
 }
 
@@ -55,7 +49,7 @@ void GlobalInfo::switchLanguage(const QLocale &locale)
 
 void GlobalInfo::checkExternalLanguageChange()
 {
-    const QLocale chosen = service().getLanguage() == HMI::SystemSet::CHINESE
+    const QLocale chosen = systemSet().getLanguage() == HMI::SystemSet::CHINESE
                                ? QLocale(QLocale::Chinese, QLocale::China)
                                : QLocale(QLocale::English, QLocale::UnitedStates);
     if (chosen.language() == m_locale.language())

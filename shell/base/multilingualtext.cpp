@@ -44,6 +44,9 @@ void setMultilingualText(QQuickText *text, std::function<QString()> textOf)
     if (!text)
         return;
     text->setText(textOf());
+    // It has no links to be pressed. For what takes presses a page that scrolls holds them back, and what is
+    // handed on late goes past the screen to the host's own handlers where nobody takes it.
+    text->setAcceptedMouseButtons(Qt::NoButton);
     if (TextSource *source = TextSource::of(text))
         source->replace(std::move(textOf));
     else

@@ -264,7 +264,7 @@ void TestCardWifiWaiting::leaseThatNeverComes()
 {
     const WifiScene scene;
     scene.scan();
-    leaseOnJoining();
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, true);
     WifiScene::scriptReports({2});
     Operator::tap(scene.row(QStringLiteral("Works Hall Guests")));
     QVERIFY(WifiScene::report("connectWifi"));

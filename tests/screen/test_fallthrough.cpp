@@ -223,8 +223,8 @@ void TestFallThrough::nothingReachesThePage_data()
         {"below the menu", "General", {100, 430}},    {"beside the cards", "General", {220, 300}},
         {"between two cards", "General", {600, 197}}, {"on a card", "General", {600, 190}},
         {"below the cards", "General", bareSpot},     {"menu entry", "General", {100, 110}},
-        {"brightness slider", "General", {600, 150}}, {"minus", "General", {260, 150}},
-        {"card that scrolls", "Network", {400, 300}},
+        {"brightness slider", "General", {600, 560}}, {"minus", "General", {260, 150}},
+        {"card that scrolls", "Network", {400, 300}}, {"label of a row", "Network", {600, 330}},
     };
     for (const char *listener : {"areas", "handlers"}) {
         for (const char *device : {"mouse", "fingers"}) {
