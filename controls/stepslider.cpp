@@ -27,6 +27,7 @@ void StepSlider::touchEvent(QTouchEvent *event)
 // Past the slider's own handler, which moves the handle at once and keeps the page from scrolling.
 void StepSlider::mousePressEvent(QMouseEvent *event)
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     QQuickControl::mousePressEvent(event); // clazy:exclude=skipped-base-method
     setKeepMouseGrab(false);
     m_pressedAt = event->localPos().x();

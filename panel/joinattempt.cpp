@@ -150,12 +150,19 @@ void JoinAttempt::enter(State state)
         m_limit.stop();
     else if (!m_limit.isActive())
         m_limit.start();
-    if (state == State::WrongPassword)
+    switch (state) {
+    case State::WrongPassword:
         m_refusals.add(m_digest);
-    else if (state == State::AwaitingName)
+        break;
+    case State::AwaitingName:
         m_refusals.remove(m_digest);
-    else if (state == State::AwaitingLease)
+        break;
+    case State::AwaitingLease:
         askForLease();
+        break;
+    default:
+        break;
+    }
     emit stateChanged(state);
 }
 

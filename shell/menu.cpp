@@ -149,7 +149,9 @@ void Menu::highlightMenuButton(Entry page, bool on)
 {
     const PageRow *shown = pageRow(page);
     const PageRow *row = shown ? pageRow(shown->marked) : nullptr;
-    const auto found = row ? m_buttons.find(row->page) : m_buttons.end();
+    if (!row)
+        return;
+    const auto found = m_buttons.find(row->page);
     if (found == m_buttons.end())
         return;
     BeepButton *button = found->second;

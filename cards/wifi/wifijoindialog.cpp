@@ -3,6 +3,7 @@
 #include "panel/ssid.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtQuick/QQuickItem>
 
 namespace QSP {
 

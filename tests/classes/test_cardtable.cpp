@@ -8,7 +8,6 @@
 #include <QtGui/QGuiApplication>
 
 using QSP::AppRootItem;
-using QSP::CardRow;
 using Cards = AppRootItem::Cards;
 using Page = AppRootItem::MenuIndex;
 
@@ -25,7 +24,12 @@ struct Said {
     QVector<AppRootItem *> wired;
     bool isWanted = true;
 };
-Said g_said;
+
+Said &said()
+{
+    static Said theSaid;
+    return theSaid;
+}
 
 } // namespace
 
@@ -81,17 +85,17 @@ void TestCardTable::tapMenu(const char *text)
 void TestCardTable::initTestCase()
 {
     const auto registerType = [] {
-        ++g_said.registered;
+        ++said().registered;
         QSP::registerQmlType<TenthCard>();
     };
     const auto wire = [](AppRootItem *root, QQuickItem *card) {
         QVERIFY(qobject_cast<TenthCard *>(card));
-        g_said.wired << root;
+        said().wired << root;
     };
-    const auto isWanted = [](AppRootItem *) { return g_said.isWanted; };
+    const auto isWanted = [](AppRootItem *) { return said().isWanted; };
     const auto pageShown = [](QQuickItem *card) {
         QVERIFY(qobject_cast<TenthCard *>(card));
-        ++g_said.shown;
+        ++said().shown;
     };
     const char *whole = document("Tenth.qml", R"(import QtQuick 2.15
 import QQuickSystemSet 1.0
@@ -115,7 +119,7 @@ void TestCardTable::init()
 {
     beginWatch();
     HmiSimulator::reset();
-    g_said = {};
+    said() = {};
 }
 
 void TestCardTable::opensWithItsPage_data()
@@ -137,17 +141,17 @@ void TestCardTable::opensWithItsPage()
     const QQuickItem *above = root()->getCardItem(Cards::Version);
     QVERIFY(card->y() >= above->y() + above->height());
     QVERIFY(Operator::visibleTexts(scene.root()).contains(QStringLiteral("The tenth")));
-    QCOMPARE(g_said.wired, QVector<AppRootItem *>{root()});
-    QCOMPARE(g_said.shown, 1);
+    QCOMPARE(said().wired, QVector<AppRootItem *>{root()});
+    QCOMPARE(said().shown, 1);
 
     tapMenu("General");
     QVERIFY(!card->isVisible());
-    QCOMPARE(g_said.shown, 1);
+    QCOMPARE(said().shown, 1);
     tapMenu("Version");
     QVERIFY(card->isVisible());
     QCOMPARE(root()->getCardItem(tenth), card);
-    QCOMPARE(g_said.wired.size(), 1);
-    QCOMPARE(g_said.shown, 2);
+    QCOMPARE(said().wired.size(), 1);
+    QCOMPARE(said().shown, 2);
 }
 
 void TestCardTable::nothingIsDoneForPagesNobodyVisits()
@@ -159,28 +163,28 @@ void TestCardTable::nothingIsDoneForPagesNobodyVisits()
     scene.open();
     QVERIFY(!root()->getCardItem(tenth));
     QVERIFY(!root()->getCardItem(Cards::Version));
-    QCOMPARE(g_said.registered, 0);
-    QCOMPARE(g_said.shown, 0);
+    QCOMPARE(said().registered, 0);
+    QCOMPARE(said().shown, 0);
 }
 
 void TestCardTable::comesAndGoesAsItIsWanted()
 {
     CardScene scene;
-    g_said.isWanted = false;
+    said().isWanted = false;
     tapMenu("Version");
     QVERIFY(!root()->getCardItem(tenth));
-    QCOMPARE(g_said.shown, 0);
-    g_said.isWanted = true;
+    QCOMPARE(said().shown, 0);
+    said().isWanted = true;
     root()->updateCards();
     const QQuickItem *card = root()->getCardItem(tenth);
     QVERIFY(card && card->isVisible());
-    g_said.isWanted = false;
+    said().isWanted = false;
     root()->updateCards();
     QVERIFY(!card->isVisible());
     QVERIFY(root()->getCardItem(Cards::Version)->isVisible());
 
     // It is for the page that is shown alone.
-    g_said.isWanted = true;
+    said().isWanted = true;
     tapMenu("General");
     root()->updateCards();
     QVERIFY(!card->isVisible());
@@ -195,7 +199,7 @@ void TestCardTable::hasItsOwnOnEachScreen()
     QVERIFY(!root()->getCardItem(tenth));
     tapMenu("Version");
     QVERIFY(root()->getCardItem(tenth) != older->getCardItem(tenth));
-    QCOMPARE(g_said.wired, (QVector<AppRootItem *>{older, root()}));
+    QCOMPARE(said().wired, (QVector<AppRootItem *>{older, root()}));
 }
 
 void TestCardTable::closingHidesIt()

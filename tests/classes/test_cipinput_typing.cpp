@@ -131,7 +131,8 @@ void TestCIpInputTyping::typedOnTheScreen()
     m_scene->ip->clear();
     Operator::touch(box(0));
     Operator::settle();
-    for (const QChar key : QStringLiteral("192.168.1.10")) {
+    const QString keys = QStringLiteral("192.168.1.10");
+    for (const QChar key : keys) {
         Operator::touch(m_scene->keyboardKey(key));
         QVERIFY(ControlScene::isKeyboardShown());
     }

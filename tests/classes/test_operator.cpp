@@ -71,7 +71,7 @@ void TestOperator::cleanup()
 
 void TestOperator::pictureShowsWhatWasJustDone()
 {
-    for (const QColor color : {Qt::blue, Qt::green, Qt::red}) {
+    for (const QColor &color : {QColor(Qt::blue), QColor(Qt::green), QColor(Qt::red)}) {
         m_face->setColor(color);
         QCOMPARE(Operator::picture(m_window.get()).pixelColor(50, 50), color);
     }

@@ -8,7 +8,7 @@ using namespace QSP;
 
 namespace {
 
-HMI::SSID ssidOf(const QByteArray &bytes)
+HMI::SSID bytesOf(const QByteArray &bytes)
 {
     HMI::SSID ssid{};
     std::copy_n(bytes.begin(), qMin(bytes.size(), int(ssid.size())), ssid.begin());
@@ -73,13 +73,13 @@ void TestSsid::decoding()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, listed);
     QFETCH(QString, current);
-    QCOMPARE(getSsidFromScan(ssidOf(bytes)), listed);
-    QCOMPARE(getSsidFromCurWifi(ssidOf(bytes)), current);
+    QCOMPARE(getSsidFromScan(bytesOf(bytes)), listed);
+    QCOMPARE(getSsidFromCurWifi(bytesOf(bytes)), current);
 }
 
 void TestSsid::lastByteIsForced()
 {
-    const HMI::SSID ssid = terminatedSsid(ssidOf(QByteArray(33, 'x')));
+    const HMI::SSID ssid = terminatedSsid(bytesOf(QByteArray(33, 'x')));
     QCOMPARE(ssid[32], '\0');
     QCOMPARE(ssid[31], 'x');
 }
@@ -87,16 +87,16 @@ void TestSsid::lastByteIsForced()
 void TestSsid::emptiness()
 {
     QVERIFY(isEmptySsid(HMI::SSID{}));
-    QVERIFY(!isEmptySsid(ssidOf("a")));
-    QVERIFY(!isEmptySsid(ssidOf(QByteArray("\0\0\0x", 4))));
-    QVERIFY(isEmptySsid(ssidOf(QByteArray("\0\0\0\0x", 5))));
+    QVERIFY(!isEmptySsid(bytesOf("a")));
+    QVERIFY(!isEmptySsid(bytesOf(QByteArray("\0\0\0x", 4))));
+    QVERIFY(isEmptySsid(bytesOf(QByteArray("\0\0\0\0x", 5))));
 }
 
 void TestSsid::sameNetwork()
 {
-    QVERIFY(isSameNetwork(ssidOf("hall"), ssidOf(QByteArrayLiteral("hall\0x"))));
-    QVERIFY(!isSameNetwork(ssidOf("hall"), ssidOf("halls")));
-    QVERIFY(isSameNetwork(ssidOf(QByteArray(32, 'x')), ssidOf(QByteArray(33, 'x'))));
+    QVERIFY(isSameNetwork(bytesOf("hall"), bytesOf(QByteArrayLiteral("hall\0x"))));
+    QVERIFY(!isSameNetwork(bytesOf("hall"), bytesOf("halls")));
+    QVERIFY(isSameNetwork(bytesOf(QByteArray(32, 'x')), bytesOf(QByteArray(33, 'x'))));
 }
 
 void TestSsid::displayedOnOneLine()

@@ -14,7 +14,7 @@ namespace {
 
 /// The clock's editor with a half-typed year, on a screen inside an item of the host's.
 struct HalfTyped : CardScene {
-    HalfTyped() : CardScene(), around(new QQuickItem(window()->contentItem()))
+    HalfTyped() : around(new QQuickItem(window()->contentItem()))
     {
         around->setSize(root()->size());
         root()->setParent(around);

@@ -68,7 +68,8 @@ void TestAddressTyping::oneTapAndTheKeys()
     HmiSimulator::clearJournal();
     Operator::touch(first);
     Operator::settle();
-    for (const QChar key : QStringLiteral("10.0.2015"))
+    const QString keys = QStringLiteral("10.0.2015");
+    for (const QChar key : keys)
         strike(page, key);
     QCOMPARE(Journal::calls(), QStringList("beep(true)"));
     strike(page, "enter");
@@ -86,7 +87,8 @@ void TestAddressTyping::takenBack()
     HmiSimulator::clearJournal();
     Operator::touch(first);
     Operator::settle();
-    for (const QChar key : QStringLiteral("255.255.0.0"))
+    const QString keys = QStringLiteral("255.255.0.0");
+    for (const QChar key : keys)
         strike(page, key);
     strike(page, "hide");
     QStringList shown;

@@ -60,7 +60,8 @@ void TestClock::clockRunsOnFromWhatWasSet()
     openEditor();
     Operator::tap(field(QStringLiteral("Year")));
     Operator::tap(keyboardKey(QStringLiteral("clear")));
-    for (const QChar digit : QStringLiteral("2032"))
+    const QString year = QStringLiteral("2032");
+    for (const QChar digit : year)
         Operator::tap(keyboardKey(digit));
     m_fixture->tapText(QStringLiteral("OK"));
     QVERIFY(!field(QStringLiteral("Year")));

@@ -282,7 +282,7 @@ void TestFallThrough::pointerIsNotShapedByThePage()
 {
     putUnderneath("areas");
     // The area that lies on the page.
-    m_page->childItems().first()->setCursor(Qt::IBeamCursor);
+    m_page->childItems().constFirst()->setCursor(Qt::IBeamCursor);
     QTest::mouseMove(m_screen->window(), bareSpot);
     QCOMPARE(m_screen->window()->cursor().shape(), Qt::IBeamCursor);
     m_screen->open();

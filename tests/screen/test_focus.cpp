@@ -159,7 +159,8 @@ void TestFocus::nothingIsATabStop()
     // The text of a list that cannot be edited is disabled, and so no stop.
     QStringList stops;
     const auto isStop = [](const QQuickItem *item) { return item->activeFocusOnTab() && item->isEnabled(); };
-    for (const QQuickItem *item : Operator::items(page.glass(), isStop))
+    const auto found = Operator::items(page.glass(), isStop);
+    for (const QQuickItem *item : found)
         stops << item->metaObject()->className();
     QVERIFY2(stops.isEmpty(), qPrintable(stops.join(QLatin1Char(' '))));
     if (name == "clock editor")
@@ -203,7 +204,7 @@ void TestFocus::hiddenScreenReturnsTheFocus()
     hostItem.forceActiveFocus();
     if (pageHidden)
         connect(root, &QQuickItem::visibleChanged, &hostItem,
-                [&] { hostItem.setVisible(!root->isVisible()); });
+                [&hostItem, root] { hostItem.setVisible(!root->isVisible()); });
     for (int visit = 0; visit < 2; ++visit) {
         around.setVisible(true);
         page.screen().open();

@@ -256,7 +256,7 @@ void TestMenu::pageAfterRebootIsMarkedAlone()
     QFETCH(QSize, size);
     ScreenFixture fixture(plugin, size);
     fixture.open();
-    Operator::tap(entries(fixture).last());
+    Operator::tap(entries(fixture).constLast());
     QCOMPARE(marked(fixture), QStringList{QStringLiteral("Reboot")});
     fixture.tapMenu(QStringLiteral("Network"));
     QCOMPARE(fixture.title(), QStringLiteral("Network"));
@@ -269,7 +269,7 @@ void TestMenu::pageThatRebootLeftIsMarkedAgain()
 {
     ScreenFixture fixture(plugin, {1024, 600});
     fixture.open();
-    Operator::tap(entries(fixture).last());
+    Operator::tap(entries(fixture).constLast());
     QCOMPARE(marked(fixture), QStringList{QStringLiteral("Reboot")});
     // It was the current page all the time.
     fixture.tapMenu(QStringLiteral("General"));

@@ -25,15 +25,18 @@ namespace {
 
 constexpr auto lan0 = HMI::SystemSet::LAN0;
 constexpr auto lan1 = HMI::SystemSet::LAN1;
-constexpr auto wifi = HMI::SystemSet::WIFI;
 constexpr int statusInterval = 2000;
 
-const QStringList g_fields{"IP Address", "Subnet Mask", "Default Gateway"};
+QStringList fields()
+{
+    return {"IP Address", "Subnet Mask", "Default Gateway"};
+}
 
 QStringList addresses(const NetworkPage &page)
 {
     QStringList shown;
-    for (const QString &field : g_fields)
+    const QStringList labels = fields();
+    for (const QString &field : labels)
         shown << page.address(field);
     return shown;
 }
@@ -75,16 +78,18 @@ void TestNetworkAddresses::refusedAddressIsTakenBack_data()
 void TestNetworkAddresses::refusedAddressIsTakenBack()
 {
     QFETCH(QString, way);
-    const HmiSimulator::Adapter before = HmiSimulator::panel().adapters.at(lan0);
+    const HmiSimulator::Panel before = HmiSimulator::panel();
     NetworkPage page;
     const QStringList shown = addresses(page);
-    for (const QString &field : g_fields) {
+    const QStringList labels = fields();
+    for (const QString &field : labels) {
         page.edit(page.addressOf(field), 3, "77");
         Operator::key(page.window(), Qt::Key_Return);
         QVERIFY(page.address(field).endsWith(".77"));
     }
     // A service that cannot comply leaves the panel as it was.
-    HmiSimulator::change([before](HmiSimulator::Panel &panel) { panel.adapters[lan0] = before; });
+    HmiSimulator::change(
+        [&before](HmiSimulator::Panel &panel) { panel.adapters[lan0] = before.adapters.at(lan0); });
     HmiSimulator::clearJournal();
     comeBack(page, way);
     QCOMPARE(addresses(page), shown);

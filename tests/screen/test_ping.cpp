@@ -73,8 +73,7 @@ void TestPing::waitingIsSeen()
     QVERIFY(!button->isEnabled());
     QVERIFY(isBusy(page));
     // It turns.
-    QQuickItem *sign =
-        qobject_cast<QQuickItem *>(page.defaultAdapter()->property("pingBusy").value<QObject *>());
+    auto *sign = qobject_cast<QQuickItem *>(page.defaultAdapter()->property("pingBusy").value<QObject *>());
     const qreal angle = sign->rotation();
     QTRY_VERIFY(!qFuzzyCompare(sign->rotation(), angle));
     QVERIFY(HmiSimulator::fireNext("pingTest"));

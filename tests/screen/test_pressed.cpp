@@ -177,7 +177,7 @@ void TestPressed::toPage(const QString &entry)
 {
     QQuickItem *menu = alias(m_screen->root(), "menuBar");
     if (!menu->isVisible())
-        tap(Operator::allByClass(alias(m_screen->root(), "titleBar"), "QSP::BeepButton").last());
+        tap(Operator::allByClass(alias(m_screen->root(), "titleBar"), "QSP::BeepButton").constLast());
     if (!menu->isVisible())
         tap(Operator::byClass(alias(m_screen->root(), "titleBar"), "QSP::BeepButton"));
     tap(Operator::byText(menu, entry));

@@ -6,7 +6,8 @@
 namespace {
 
 /// How a finger taps that is not a machine's.
-const QStringList fingers{"still", "moving by a pixel", "held", "held, moving by a pixel"};
+constexpr std::array<const char *, 4> fingers{"still", "moving by a pixel", "held",
+                                              "held, moving by a pixel"};
 
 // A page that scrolls keeps a press to itself at first.
 bool isHandedOn(const QQuickWindow *window)
@@ -42,8 +43,8 @@ void addFingers(const QVector<QSize> &sizes)
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QString>("finger");
     for (const QSize &size : sizes) {
-        for (const QString &finger : fingers)
-            QTest::addRow("%dx%d, %s", size.width(), size.height(), qPrintable(finger)) << size << finger;
+        for (const char *finger : fingers)
+            QTest::addRow("%dx%d, %s", size.width(), size.height(), finger) << size << QString(finger);
     }
 }
 
@@ -141,8 +142,8 @@ void TestTapping::switchInASlidColumn()
     QVERIFY(!isKeyboardShown(page.screen()));
     // The edit ended before, and with what was typed.
     QCOMPARE(Journal::callsButBeeps().size(), 2);
-    QVERIFY(Journal::callsButBeeps().first().startsWith("setGateway(LAN0, 10."));
-    QCOMPARE(Journal::callsButBeeps().last(), QStringLiteral("setDHCP(LAN0, true, persist)"));
+    QVERIFY(Journal::callsButBeeps().constFirst().startsWith("setGateway(LAN0, 10."));
+    QCOMPARE(Journal::callsButBeeps().constLast(), QStringLiteral("setDHCP(LAN0, true, persist)"));
 }
 
 void TestTapping::listInASlidColumn()

@@ -48,7 +48,7 @@ private:
 } // namespace
 
 // In place of Qt's own, which it calls.
-bool QMetaObject::invokeMethodImpl(QObject *object, Slot *slot, Qt::ConnectionType type, void *result)
+bool QMetaObject::invokeMethodImpl(QObject *object, Slot *slot, Qt::ConnectionType type, void *ret)
 {
     using Invoke = bool (*)(QObject *, Slot *, Qt::ConnectionType, void *);
     static const auto invoke = reinterpret_cast<Invoke>(dlsym(
@@ -56,5 +56,5 @@ bool QMetaObject::invokeMethodImpl(QObject *object, Slot *slot, Qt::ConnectionTy
         "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv"));
     if (!invoke)
         std::abort();
-    return invoke(object, new OrderedSlot(slot), type, result);
+    return invoke(object, new OrderedSlot(slot), type, ret);
 }
