@@ -10,10 +10,7 @@
 
 namespace QSP {
 
-CardBuzzer::CardBuzzer(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(titleRowHeight())
-{
-    followScreen();
-}
+CardBuzzer::CardBuzzer(QQuickItem *parent) : BaseCard(parent), m_titleRowHeight(titleRowHeight()) {}
 
 void CardBuzzer::componentComplete()
 {
@@ -21,21 +18,9 @@ void CardBuzzer::componentComplete()
     const auto buzzer = [] { return QCoreApplication::translate("CardBuzzer", "Buzzer"); };
     setDocumentText(this, "titleText", buzzer);
     setDocumentText(this, "buzzerLabel", buzzer);
-    // Not before now does it stand on its own screen.
-    followScreen();
-}
-
-void CardBuzzer::followScreen()
-{
-    disconnect(m_openedConnection);
-    const AppRootItem *root = rootOf(this);
-    if (!root)
-        return;
-    m_openedConnection = connect(root, &AppRootItem::opened, this, [this] {
-        // Asking also makes the answer what the next write is compared with.
-        BeepButton::isBuzzerOn();
-        emit buzzerOnChanged();
-    });
+    // Whoever shows the state asks for it then, once.
+    if (const AppRootItem *root = rootOf(this))
+        connect(root, &AppRootItem::opened, this, &CardBuzzer::buzzerOnChanged);
 }
 
 bool CardBuzzer::buzzerOn() const

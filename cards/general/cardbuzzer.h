@@ -31,10 +31,8 @@ protected:
 
 private:
     void setBuzzerOn(bool on);
-    void followScreen();
 
     int m_titleRowHeight;
-    QMetaObject::Connection m_openedConnection;
 };
 
 } // namespace QSP
