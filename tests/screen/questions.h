@@ -47,11 +47,12 @@ private:
     {
         std::set<std::string> asked;
         for (const HmiSimulator::Entry &entry : HmiSimulator::journal()) {
-            if (entry.kind == HmiSimulator::Kind::Report || entry.operation == "beep" ||
-                entry.operation == "isBuzzerOn")
+            if (entry.kind == HmiSimulator::Kind::Report || entry.operation == "beep")
                 continue;
             const std::string text = entry.text();
-            m_all << QString::fromStdString(text);
+            // A tap asks whether it is to beep.
+            if (entry.operation != "isBuzzerOn")
+                m_all << QString::fromStdString(text);
             if (entry.kind == HmiSimulator::Kind::Action)
                 asked.clear();
             else if (!asked.insert(text).second)
