@@ -226,18 +226,17 @@ void TestCardWifiReports::reportsWaitForTheFinger()
 
 void TestCardWifiReports::listWaitsForATouch()
 {
-    static QTouchDevice *device = QTest::createTouchDevice();
     const WifiScene scene;
     scene.scan();
     const QStringList before = WifiScene::listed();
     const QPoint place = Operator::centerOf(scene.row(QStringLiteral("Works Hall Guests")));
     WifiScene::wifi()->onClickScanWifi();
     HmiSimulator::setNetworks({{"Trap", "", 90}, {"Trap too", "", 90}});
-    QTest::touchEvent(scene.window(), device).press(0, place);
+    QTest::touchEvent(scene.window(), Operator::touchScreen()).press(0, place);
     QVERIFY(WifiScene::report("scanWifi"));
     Operator::settle(300);
     QCOMPARE(WifiScene::listed(), before);
-    QTest::touchEvent(scene.window(), device).release(0, place);
+    QTest::touchEvent(scene.window(), Operator::touchScreen()).release(0, place);
     Operator::settle();
     QCOMPARE(Journal::calls("connectWifi"),
              QStringList(QStringLiteral(R"(connectWifi("Works Hall Guests", ""))")));

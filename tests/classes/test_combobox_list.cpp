@@ -55,16 +55,15 @@ private:
     // With a finger that rests before it lifts, so that the list stays where it was moved to.
     void swipe(const QPoint &from, const QPoint &to)
     {
-        static QTouchDevice *device = QTest::createTouchDevice();
         QQuickWindow *window = m_scene->window();
-        QTest::touchEvent(window, device).press(0, from, window);
+        QTest::touchEvent(window, Operator::touchScreen()).press(0, from, window);
         for (int i = 1; i <= 10; ++i) {
-            QTest::touchEvent(window, device).move(0, from + (to - from) * i / 10, window);
+            QTest::touchEvent(window, Operator::touchScreen()).move(0, from + (to - from) * i / 10, window);
             QTest::qWait(5);
         }
         QTest::qWait(100);
-        QTest::touchEvent(window, device).move(0, to, window);
-        QTest::touchEvent(window, device).release(0, to, window);
+        QTest::touchEvent(window, Operator::touchScreen()).move(0, to, window);
+        QTest::touchEvent(window, Operator::touchScreen()).release(0, to, window);
         Operator::settle();
     }
 

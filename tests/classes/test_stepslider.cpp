@@ -52,19 +52,14 @@ private:
         return qobject_cast<StepSlider *>(Operator::byClass(card(), "QSP::StepSlider"));
     }
     QQuickItem *pool() const { return root()->property("cardPool").value<QQuickItem *>(); }
-    QTest::QTouchEventSequence touch() const { return QTest::touchEvent(window(), m_glass); }
+    QTest::QTouchEventSequence touch() const { return QTest::touchEvent(window(), Operator::touchScreen()); }
     /// Where the middle of the handle is at that level.
     QPoint at(int level) const;
-    void pressAt(const QPoint &point, bool byTouch) const;
-    /// The toolkit tells of a finger that goes on with the next frame.
-    void slideTo(const QPoint &point, bool byTouch = true) const;
-    void liftAt(const QPoint &point, bool byTouch) const;
     static void addWays();
     static QStringList levels() { return Journal::calls("setBright"); }
     static QStringList levels(int from, int to);
 
     std::unique_ptr<CardScene> m_scene;
-    QTouchDevice *m_glass = QTest::createTouchDevice();
 };
 
 void TestStepSlider::init()
@@ -115,35 +110,6 @@ QPoint TestStepSlider::at(int level) const
     return slider()->mapToScene({x, slider()->height() / 2.0}).toPoint();
 }
 
-void TestStepSlider::pressAt(const QPoint &point, bool byTouch) const
-{
-    if (byTouch)
-        touch().press(0, point, window());
-    else
-        QTest::mousePress(window(), Qt::LeftButton, Qt::NoModifier, point);
-}
-
-void TestStepSlider::slideTo(const QPoint &point, bool byTouch) const
-{
-    if (byTouch) {
-        touch().move(0, point, window());
-        Operator::awaitFrame(window());
-        return;
-    }
-    QMouseEvent move(QEvent::MouseMove, point, window()->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QCoreApplication::sendEvent(window(), &move);
-}
-
-void TestStepSlider::liftAt(const QPoint &point, bool byTouch) const
-{
-    if (byTouch)
-        touch().release(0, point, window());
-    else
-        QTest::mouseRelease(window(), Qt::LeftButton, Qt::NoModifier, point);
-    QCoreApplication::processEvents();
-}
-
 // Each level between as a finger passes it, and the last one saved.
 QStringList TestStepSlider::levels(int from, int to)
 {
@@ -181,7 +147,7 @@ void TestStepSlider::dragOnAPageThatScrolls()
     QCOMPARE(levels(), QStringList());
     const int step = from.x() < to.x() ? 1 : -1;
     for (int level = 20; level != target; level += step) {
-        slideTo(at(level + step));
+        Operator::slideTo(window(), at(level + step), true);
         QVERIFY(slider()->isPressed());
     }
     const QStringList expected = levels(20, target);
@@ -214,7 +180,7 @@ void TestStepSlider::scrollThatBeginsOnIt()
     touch().press(0, from, window());
     QTRY_VERIFY(slider()->isPressed());
     for (int i = 1; i <= 20; ++i)
-        slideTo(from - QPoint(0, 5 * i));
+        Operator::slideTo(window(), from - QPoint(0, 5 * i), true);
     QVERIFY(!slider()->isPressed());
     touch().release(0, from - QPoint(0, 100), window());
     QVERIFY(pool()->property("contentY").toReal() > 0.0);
@@ -233,11 +199,11 @@ void TestStepSlider::holdOffTheMiddle()
         // Far enough off to be another level, were it a press on the groove.
         QVERIFY(at(21).x() - at(20).x() < 2 * qAbs(off));
         const QPoint point = at(20) + QPoint(off, 0);
-        pressAt(point, byTouch);
+        Operator::pressAt(window(), point, byTouch);
         QTRY_VERIFY(slider()->isPressed());
         QCOMPARE(slider()->handle()->x(), x);
         QCOMPARE(levels(), QStringList());
-        liftAt(point, byTouch);
+        Operator::liftAt(window(), point, byTouch);
         QVERIFY(!slider()->isPressed());
         QCOMPARE(slider()->handle()->x(), x);
         QCOMPARE(levels(), QStringList{"setBright(20, save)"});
@@ -248,10 +214,10 @@ void TestStepSlider::dragKeepsTheHold()
 {
     build();
     const QPoint off(10, 0);
-    pressAt(at(20) + off, true);
+    Operator::pressAt(window(), at(20) + off, true);
     for (int level = 21; level <= 25; ++level)
-        slideTo(at(level) + off);
-    liftAt(at(25) + off, true);
+        Operator::slideTo(window(), at(level) + off, true);
+    Operator::liftAt(window(), at(25) + off, true);
     QCOMPARE(levels(), levels(20, 25));
 }
 
@@ -273,10 +239,10 @@ void TestStepSlider::pressOnTheGroove()
     QFETCH(bool, scrolls);
     build(scrolls);
     const QPoint point = at(9);
-    pressAt(point, byTouch);
+    Operator::pressAt(window(), point, byTouch);
     QTRY_VERIFY(slider()->isPressed());
     QCOMPARE(levels(), QStringList());
-    liftAt(point, byTouch);
+    Operator::liftAt(window(), point, byTouch);
     QCOMPARE(levels(), (QStringList{"setBright(9, no save)", "setBright(9, save)"}));
     QCOMPARE(slider()->value(), 9.0);
 }
@@ -287,17 +253,17 @@ void TestStepSlider::dragSoonAfterATap()
     QFETCH(bool, byTouch);
     QFETCH(bool, scrolls);
     build(scrolls);
-    pressAt(at(9), byTouch);
+    Operator::pressAt(window(), at(9), byTouch);
     // The test library would let enough time go by that a mouse makes no double click.
     const int pressedAt = QTest::lastMouseTimestamp;
-    liftAt(at(9), byTouch);
+    Operator::liftAt(window(), at(9), byTouch);
     QTest::lastMouseTimestamp = pressedAt + 1;
     HmiSimulator::clearJournal();
-    pressAt(at(9), byTouch);
+    Operator::pressAt(window(), at(9), byTouch);
     QTRY_VERIFY(slider()->isPressed());
     for (int level = 10; level <= 13; ++level)
-        slideTo(at(level), byTouch);
-    liftAt(at(13), byTouch);
+        Operator::slideTo(window(), at(level), byTouch);
+    Operator::liftAt(window(), at(13), byTouch);
     QCOMPARE(levels(), levels(9, 13));
     QVERIFY(!slider()->isPressed());
 }
@@ -308,11 +274,11 @@ void TestStepSlider::takesNoFocus()
     QFETCH(bool, scrolls);
     build(scrolls);
     const QQuickItem *before = window()->activeFocusItem();
-    pressAt(at(20), byTouch);
+    Operator::pressAt(window(), at(20), byTouch);
     QTRY_VERIFY(slider()->isPressed());
     QVERIFY(!slider()->hasActiveFocus());
     QCOMPARE(window()->activeFocusItem(), before);
-    liftAt(at(20), byTouch);
+    Operator::liftAt(window(), at(20), byTouch);
     QCOMPARE(window()->activeFocusItem(), before);
     QVERIFY(!slider()->activeFocusOnTab());
 }
@@ -338,15 +304,15 @@ void TestStepSlider::cancelledTouch()
 {
     build();
     touch().press(0, at(20), window());
-    slideTo(at(24));
+    Operator::slideTo(window(), at(24), true);
     QVERIFY(slider()->isPressed());
-    QTouchEvent cancel(QEvent::TouchCancel, m_glass);
+    QTouchEvent cancel(QEvent::TouchCancel, Operator::touchScreen());
     QCoreApplication::sendEvent(window(), &cancel);
     QVERIFY(!slider()->isPressed());
     QCOMPARE(levels(), (QStringList{"setBright(24, no save)", "setBright(24, save)"}));
     HmiSimulator::clearJournal();
-    pressAt(at(10), true);
-    liftAt(at(10), true);
+    Operator::pressAt(window(), at(10), true);
+    Operator::liftAt(window(), at(10), true);
     QCOMPARE(levels(), (QStringList{"setBright(10, no save)", "setBright(10, save)"}));
 }
 
@@ -370,13 +336,13 @@ void TestStepSlider::outOfUse()
     const QPoint point = at(9);
     const auto setInUse = [&](bool inUse) { hidden ? used->setVisible(inUse) : used->setEnabled(inUse); };
     setInUse(false);
-    pressAt(point, byTouch);
+    Operator::pressAt(window(), point, byTouch);
     QVERIFY(!used->isPressed());
-    liftAt(point, byTouch);
+    Operator::liftAt(window(), point, byTouch);
     QCOMPARE(levels(), QStringList());
     setInUse(true);
-    pressAt(point, byTouch);
-    liftAt(point, byTouch);
+    Operator::pressAt(window(), point, byTouch);
+    Operator::liftAt(window(), point, byTouch);
     QCOMPARE(levels(), (QStringList{"setBright(9, no save)", "setBright(9, save)"}));
 }
 

@@ -95,11 +95,8 @@ public:
     }
     void closeDialog() const
     {
-        const auto isClose = [](QQuickItem *item) {
-            return item->isVisible() && item->inherits("QQuickImage") &&
-                   item->property("source").toString().endsWith(QLatin1String("close.png"));
-        };
-        Operator::tap(Operator::items(dialogBody()->parentItem(), isClose).value(0)->parentItem());
+        Operator::tap(
+            Operator::byIcon(dialogBody()->parentItem(), QStringLiteral("close.png"))->parentItem());
         Operator::settle(20);
     }
     /// Types into the password field, which gets the focus first.

@@ -154,7 +154,7 @@ void TestBrightness::lettingGoSavesOnce()
 void TestBrightness::lastOfTwoFingersSaves()
 {
     build({1024, 600});
-    QTouchDevice *glass = QTest::createTouchDevice();
+    QTouchDevice *glass = Operator::touchScreen();
     QQuickWindow *window = m_fixture->window();
     const QPoint less = Operator::centerOf(minus());
     const QPoint more = Operator::centerOf(plus());

@@ -66,12 +66,6 @@ struct Spot {
     QPoint point;
 };
 
-QTouchDevice *touchScreen()
-{
-    static QTouchDevice *device = QTest::createTouchDevice();
-    return device;
-}
-
 /// Everything that a mouse can do at a point.
 void useMouse(QQuickWindow *window, const QPoint &point)
 {
@@ -92,14 +86,16 @@ void useMouse(QQuickWindow *window, const QPoint &point)
 void useFingers(QQuickWindow *window, const QPoint &point)
 {
     const QPoint beside = point + QPoint(3, 2);
-    QTest::touchEvent(window, touchScreen()).press(0, point, window);
-    QTest::touchEvent(window, touchScreen()).stationary(0).press(1, beside, window);
-    QTest::touchEvent(window, touchScreen()).stationary(0).move(1, beside + QPoint(4, 4), window);
-    QTest::touchEvent(window, touchScreen()).stationary(0).release(1, beside + QPoint(4, 4), window);
-    QTest::touchEvent(window, touchScreen()).release(0, point, window);
+    QTest::touchEvent(window, Operator::touchScreen()).press(0, point, window);
+    QTest::touchEvent(window, Operator::touchScreen()).stationary(0).press(1, beside, window);
+    QTest::touchEvent(window, Operator::touchScreen()).stationary(0).move(1, beside + QPoint(4, 4), window);
+    QTest::touchEvent(window, Operator::touchScreen())
+        .stationary(0)
+        .release(1, beside + QPoint(4, 4), window);
+    QTest::touchEvent(window, Operator::touchScreen()).release(0, point, window);
     for (int i = 0; i < 2; ++i) {
-        QTest::touchEvent(window, touchScreen()).press(0, point, window);
-        QTest::touchEvent(window, touchScreen()).release(0, point, window);
+        QTest::touchEvent(window, Operator::touchScreen()).press(0, point, window);
+        QTest::touchEvent(window, Operator::touchScreen()).release(0, point, window);
     }
     QCoreApplication::processEvents();
 }

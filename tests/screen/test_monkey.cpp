@@ -76,12 +76,12 @@ private:
 
     void touchAnywhere()
     {
-        static QTouchDevice *device = QTest::createTouchDevice();
         const QPoint point = anywhere();
-        QTest::touchEvent(m_fixture->window(), device).press(0, point, m_fixture->window());
+        QTest::touchEvent(m_fixture->window(), Operator::touchScreen()).press(0, point, m_fixture->window());
         if (m_random.bounded(4) == 0)
             m_fixture->screen()->close();
-        QTest::touchEvent(m_fixture->window(), device).release(0, point, m_fixture->window());
+        QTest::touchEvent(m_fixture->window(), Operator::touchScreen())
+            .release(0, point, m_fixture->window());
     }
 
     void pressKeys()

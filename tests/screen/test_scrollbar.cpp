@@ -33,12 +33,7 @@ private:
     qreal scrolled() const { return pool()->property("contentY").toReal(); }
     /// How far the thumb can go on the bar.
     qreal room() const { return bar()->height() - thumb()->height(); }
-    QTest::QTouchEventSequence touch() const { return QTest::touchEvent(window(), m_glass); }
-    void pressAt(const QPoint &point, bool byTouch) const;
-    void slideTo(const QPoint &point, bool byTouch) const;
-    void liftAt(const QPoint &point, bool byTouch) const;
-
-    QTouchDevice *m_glass = QTest::createTouchDevice();
+    QTest::QTouchEventSequence touch() const { return QTest::touchEvent(window(), Operator::touchScreen()); }
 };
 
 void TestScrollBar::addWays()
@@ -54,36 +49,6 @@ void TestScrollBar::buildNetwork(const QSize &size)
     tapMenu(Network);
     QVERIFY(longestWay() > 50.0);
     QVERIFY(bar()->isVisible());
-}
-
-void TestScrollBar::pressAt(const QPoint &point, bool byTouch) const
-{
-    if (byTouch)
-        touch().press(0, point, window());
-    else
-        QTest::mousePress(window(), Qt::LeftButton, Qt::NoModifier, point);
-}
-
-void TestScrollBar::slideTo(const QPoint &point, bool byTouch) const
-{
-    if (byTouch) {
-        touch().move(0, point, window());
-        // The toolkit tells of it with the next frame.
-        Operator::awaitFrame(window());
-        return;
-    }
-    QMouseEvent move(QEvent::MouseMove, point, window()->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QCoreApplication::sendEvent(window(), &move);
-}
-
-void TestScrollBar::liftAt(const QPoint &point, bool byTouch) const
-{
-    if (byTouch)
-        touch().release(0, point, window());
-    else
-        QTest::mouseRelease(window(), Qt::LeftButton, Qt::NoModifier, point);
-    QCoreApplication::processEvents();
 }
 
 void TestScrollBar::place()
@@ -135,25 +100,25 @@ void TestScrollBar::dragScrolls()
     QFETCH(bool, byTouch);
     buildNetwork();
     const QPoint from = Operator::centerOf(thumb()) + QPoint(0, 15);
-    pressAt(from, byTouch);
+    Operator::pressAt(window(), from, byTouch);
     QVERIFY(isPressed());
     QCOMPARE(scrolled(), 0.0);
     // The thumb goes with the finger, and the page with the thumb.
     const int way = qRound(room() / 2.0);
     for (int i = 1; i <= way; i += 4) {
-        slideTo(from + QPoint(0, i), byTouch);
+        Operator::slideTo(window(), from + QPoint(0, i), byTouch);
         QVERIFY(qAbs(thumb()->y() - i) < 0.5);
         QVERIFY(qAbs(scrolled() - i / room() * longestWay()) < 1.0);
     }
-    slideTo(from + QPoint(0, 1000), byTouch);
+    Operator::slideTo(window(), from + QPoint(0, 1000), byTouch);
     QVERIFY(isPressed());
     QVERIFY(qAbs(scrolled() - longestWay()) < 0.01);
-    slideTo(from - QPoint(0, 1000), byTouch);
+    Operator::slideTo(window(), from - QPoint(0, 1000), byTouch);
     QCOMPARE(scrolled(), 0.0);
-    slideTo(from + QPoint(0, way), byTouch);
+    Operator::slideTo(window(), from + QPoint(0, way), byTouch);
     const qreal there = scrolled();
     QVERIFY(there > 0.0);
-    liftAt(from + QPoint(0, way), byTouch);
+    Operator::liftAt(window(), from + QPoint(0, way), byTouch);
     QVERIFY(!isPressed());
     QCOMPARE(scrolled(), there);
 }
@@ -163,11 +128,11 @@ void TestScrollBar::pressBesideTheThumb()
     QFETCH(bool, byTouch);
     buildNetwork();
     const QPoint end = bar()->mapToScene({6.0, bar()->height() - 2.0}).toPoint();
-    pressAt(end, byTouch);
+    Operator::pressAt(window(), end, byTouch);
     QVERIFY(isPressed());
-    slideTo(end + QPoint(0, 1), byTouch);
+    Operator::slideTo(window(), end + QPoint(0, 1), byTouch);
     QVERIFY(qAbs(scrolled() - longestWay()) < 0.01);
-    liftAt(end, byTouch);
+    Operator::liftAt(window(), end, byTouch);
     QVERIFY(!isPressed());
     QVERIFY(qAbs(scrolled() - longestWay()) < 0.01);
 }
@@ -182,10 +147,10 @@ void TestScrollBar::takesNoFocus()
     field->forceActiveFocus();
     QVERIFY(field->hasActiveFocus());
     const QPoint point = Operator::centerOf(thumb());
-    pressAt(point, byTouch);
+    Operator::pressAt(window(), point, byTouch);
     QVERIFY(isPressed());
     QVERIFY(field->hasActiveFocus());
-    liftAt(point, byTouch);
+    Operator::liftAt(window(), point, byTouch);
     QVERIFY(field->hasActiveFocus());
 }
 
@@ -195,18 +160,18 @@ void TestScrollBar::outOfUse()
     buildNetwork();
     const QPoint from = Operator::centerOf(thumb());
     m_fixture->root()->setEnabled(false);
-    pressAt(from, byTouch);
+    Operator::pressAt(window(), from, byTouch);
     QVERIFY(!isPressed());
-    slideTo(from + QPoint(0, 40), byTouch);
-    liftAt(from + QPoint(0, 40), byTouch);
+    Operator::slideTo(window(), from + QPoint(0, 40), byTouch);
+    Operator::liftAt(window(), from + QPoint(0, 40), byTouch);
     QCOMPARE(scrolled(), 0.0);
     m_fixture->root()->setEnabled(true);
     // The screen closes under the finger.
-    pressAt(from, byTouch);
+    Operator::pressAt(window(), from, byTouch);
     QVERIFY(isPressed());
     m_fixture->close();
     QVERIFY(!isPressed());
-    liftAt(from, byTouch);
+    Operator::liftAt(window(), from, byTouch);
     m_fixture->open();
     QVERIFY(!isPressed());
 }
@@ -234,18 +199,18 @@ void TestScrollBar::cancelledTouch()
 {
     buildNetwork();
     const QPoint from = Operator::centerOf(thumb());
-    pressAt(from, true);
-    slideTo(from + QPoint(0, 20), true);
+    Operator::pressAt(window(), from, true);
+    Operator::slideTo(window(), from + QPoint(0, 20), true);
     QVERIFY(isPressed());
-    QTouchEvent cancel(QEvent::TouchCancel, m_glass);
+    QTouchEvent cancel(QEvent::TouchCancel, Operator::touchScreen());
     QCoreApplication::sendEvent(window(), &cancel);
     QVERIFY(!isPressed());
     const QPoint next = Operator::centerOf(thumb());
-    pressAt(next, true);
+    Operator::pressAt(window(), next, true);
     QVERIFY(isPressed());
-    slideTo(next + QPoint(0, 1000), true);
+    Operator::slideTo(window(), next + QPoint(0, 1000), true);
     QVERIFY(qAbs(scrolled() - longestWay()) < 0.01);
-    liftAt(next + QPoint(0, 1000), true);
+    Operator::liftAt(window(), next + QPoint(0, 1000), true);
     QVERIFY(!isPressed());
 }
 

@@ -51,11 +51,10 @@ bool TestTouchTaps::isDrawnAt(const QQuickItem *item, const QPoint &point) const
 void TestTouchTaps::tapAt(const QPoint &point)
 {
     QFETCH(bool, byTouch);
-    static QTouchDevice *device = QTest::createTouchDevice();
     QQuickWindow *window = m_fixture->window();
     if (byTouch) {
-        QTest::touchEvent(window, device).press(0, point, window);
-        QTest::touchEvent(window, device).release(0, point, window);
+        QTest::touchEvent(window, Operator::touchScreen()).press(0, point, window);
+        QTest::touchEvent(window, Operator::touchScreen()).release(0, point, window);
         QCoreApplication::processEvents();
     } else {
         Operator::tap(window, point);

@@ -50,11 +50,8 @@ public:
     void tapScan() const { Operator::tap(part("scanButton")); }
     void closeDialog() const
     {
-        const auto isClose = [](QQuickItem *item) {
-            return item->isVisible() && item->inherits("QQuickImage") &&
-                   item->property("source").toString().endsWith(QLatin1String("close.png"));
-        };
-        Operator::tap(Operator::items(dialogBody()->parentItem(), isClose).value(0)->parentItem());
+        Operator::tap(
+            Operator::byIcon(dialogBody()->parentItem(), QStringLiteral("close.png"))->parentItem());
         Operator::settle(20);
     }
     void tapNetwork(const char *name) const { Operator::tap(row(QString::fromUtf8(name))); }

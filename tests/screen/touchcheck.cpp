@@ -72,12 +72,6 @@ QString say(const QQuickItem *item)
         .arg(place.height());
 }
 
-QTouchDevice *touchScreen()
-{
-    static QTouchDevice *device = QTest::createTouchDevice();
-    return device;
-}
-
 } // namespace
 
 TouchCheck::TouchCheck(const ScreenFixture &fixture)
@@ -287,7 +281,7 @@ void TouchCheck::press(QQuickItem *item, const QPoint &point, bool byTouch, QStr
         return isField ? item->hasActiveFocus() : item->property("pressed").toBool();
     };
     if (byTouch)
-        QTest::touchEvent(window, touchScreen()).press(0, point, window);
+        QTest::touchEvent(window, Operator::touchScreen()).press(0, point, window);
     else
         QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, point);
     if (!isPressed())
@@ -297,8 +291,8 @@ void TouchCheck::press(QQuickItem *item, const QPoint &point, bool byTouch, QStr
                        .arg(point.y());
     // Taken back, or the page would be another one.
     if (byTouch) {
-        QTest::touchEvent(window, touchScreen()).move(0, away, window);
-        QTest::touchEvent(window, touchScreen()).release(0, away, window);
+        QTest::touchEvent(window, Operator::touchScreen()).move(0, away, window);
+        QTest::touchEvent(window, Operator::touchScreen()).release(0, away, window);
     } else {
         QMouseEvent move(QEvent::MouseMove, away, window->mapToGlobal(away), Qt::NoButton, Qt::LeftButton,
                          Qt::NoModifier);

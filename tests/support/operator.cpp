@@ -20,12 +20,6 @@ QString describe(const QQuickItem *item)
     return text;
 }
 
-QTouchDevice *touchScreen()
-{
-    static QTouchDevice *device = QTest::createTouchDevice();
-    return device;
-}
-
 // What keeps a finger from an item; empty when nothing does.
 QString obstacleTo(const QQuickItem *item)
 {
@@ -69,6 +63,12 @@ void tap(QQuickWindow *window, const QPoint &point)
     QCoreApplication::processEvents();
 }
 
+QTouchDevice *touchScreen()
+{
+    static QTouchDevice *device = QTest::createTouchDevice();
+    return device;
+}
+
 void touch(QQuickItem *item)
 {
     const QString obstacle = obstacleTo(item);
@@ -77,6 +77,36 @@ void touch(QQuickItem *item)
     const QPoint point = centerOf(item);
     QTest::touchEvent(window, touchScreen()).press(0, point, window);
     QTest::touchEvent(window, touchScreen()).release(0, point, window);
+    QCoreApplication::processEvents();
+}
+
+void pressAt(QQuickWindow *window, const QPoint &point, bool byTouch)
+{
+    if (byTouch)
+        QTest::touchEvent(window, touchScreen()).press(0, point, window);
+    else
+        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, point);
+}
+
+void slideTo(QQuickWindow *window, const QPoint &point, bool byTouch)
+{
+    if (byTouch) {
+        QTest::touchEvent(window, touchScreen()).move(0, point, window);
+        // The toolkit tells of it with the next frame.
+        awaitFrame(window);
+        return;
+    }
+    QMouseEvent move(QEvent::MouseMove, point, window->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &move);
+}
+
+void liftAt(QQuickWindow *window, const QPoint &point, bool byTouch)
+{
+    if (byTouch)
+        QTest::touchEvent(window, touchScreen()).release(0, point, window);
+    else
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, point);
     QCoreApplication::processEvents();
 }
 
@@ -150,6 +180,15 @@ QQuickItem *byText(QQuickItem *root, const QString &text)
 QQuickItem *byName(QQuickItem *root, const QString &objectName)
 {
     return Sight::byName(root, objectName);
+}
+
+QQuickItem *byIcon(QQuickItem *root, const QString &file)
+{
+    const auto shows = [&file](const QQuickItem *item) {
+        return item->inherits("QQuickImage") &&
+               item->property("source").toString().endsWith(QLatin1Char('/') + file);
+    };
+    return Sight::visible(root, shows).value(0);
 }
 
 QStringList visibleTexts(QQuickItem *root)

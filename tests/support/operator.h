@@ -4,6 +4,7 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
 #include <QtGui/QImage>
+#include <QtGui/QTouchDevice>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
 
@@ -19,8 +20,14 @@ QPoint centerOf(const QQuickItem *item);
 /// Fails the test when the item is not visible or another item covers the point.
 void tap(QQuickItem *item);
 void tap(QQuickWindow *window, const QPoint &point);
+/// The glass that fingers press: one for a test program, as on a panel.
+QTouchDevice *touchScreen();
 /// The same with a finger.
 void touch(QQuickItem *item);
+/// The parts of a drag with a finger, or with the mouse's left button, that is told by where it goes.
+void pressAt(QQuickWindow *window, const QPoint &point, bool byTouch);
+void slideTo(QQuickWindow *window, const QPoint &point, bool byTouch);
+void liftAt(QQuickWindow *window, const QPoint &point, bool byTouch);
 /// A press alone, which fails as a tap does.
 void press(QQuickItem *item);
 /// The end of a press. The item may have gone out of sight meanwhile.
@@ -39,6 +46,8 @@ QVector<QQuickItem *> allByClass(QQuickItem *root, const char *className);
 QQuickItem *byText(QQuickItem *root, const QString &text);
 /// The first visible item of that object name, such as a key of the on-screen keyboard, or null.
 QQuickItem *byName(QQuickItem *root, const QString &objectName);
+/// The first visible image of that file name, or null.
+QQuickItem *byIcon(QQuickItem *root, const QString &file);
 /// All texts that can be seen below @p root.
 QStringList visibleTexts(QQuickItem *root);
 /// The nearest ancestor (or the item itself) whose class inherits @p className, for example a button of a text.
