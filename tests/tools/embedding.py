@@ -36,7 +36,8 @@ def main():
         subprocess.run([cmake, "--build", work / "build"], check=True, stdout=subprocess.DEVNULL)
 
         library = next(prefix.rglob("libpanelsettings.so"))
-        environment = dict(os.environ, LD_LIBRARY_PATH=str(library.parent), XDG_RUNTIME_DIR=directory)
+        places = f"{library.parent}:{library.parent / 'panelsettings/simulator'}"
+        environment = dict(os.environ, LD_LIBRARY_PATH=places, XDG_RUNTIME_DIR=directory)
         with subprocess.Popen(
             [work / "build/host"], env=environment, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True
         ) as host:
