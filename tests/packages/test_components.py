@@ -28,13 +28,16 @@ COMPONENTS = {
     "simulator": [f"{STANDINS}/{SERVICE}", r"share/panelsettings/scenarios/[\w-]+\.json"],
     "keyboard": [f"{STANDINS}/{KEYBOARD}"],
     "host": ["bin/panel-host"],
-    "conformance": ["bin/panelsettings-conformance"] if os.environ["PANEL_HAS_CONFORMANCE"] == "1" else [],
+    "conformance": ["bin/panelsettings-conformance", rf"{LIBRARIES}/panelsettings/conformance-[\w-]+\.so"],
     "doc": [
         f"{DOCUMENTS}/README.md",
         f"{DOCUMENTS}/CHANGELOG.md",
         rf"{DOCUMENTS}/docs/.+",
     ],
 }
+
+if os.environ["PANEL_HAS_CONFORMANCE"] != "1":
+    COMPONENTS["conformance"] = []
 
 
 class Components(unittest.TestCase):
