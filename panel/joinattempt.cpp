@@ -104,7 +104,7 @@ void JoinAttempt::begin(const HMI::SSID &ssid, const QString &password)
 {
     m_ssid = terminatedSsid(ssid);
     m_digest = m_refusals.digestOf(m_ssid, password);
-    qCDebug(logWifi) << "joining" << displayName(getSsidFromScan(m_ssid));
+    qCDebug(logWifi, "joining \"%s\"", qUtf8Printable(displayName(getSsidFromScan(m_ssid))));
     m_receiver = std::make_unique<QObject>();
     m_limit.start();
     const bool wasUnderWay = isUnderWay();
@@ -135,7 +135,7 @@ void JoinAttempt::reset()
 void JoinAttempt::take(Report report)
 {
     const State next = after(m_state, report);
-    qCDebug(logWifi) << "attempt:" << m_state << report << "->" << next;
+    qCDebug(logWifi, "attempt: %s in %s leads to %s", nameOf(report), nameOf(m_state), nameOf(next));
     if (next == m_state)
         return;
     const bool wasUnderWay = isUnderWay();

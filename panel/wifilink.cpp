@@ -37,8 +37,8 @@ void WifiLink::read()
     const bool isNew = !m_reading || values(*m_reading) != values(now);
     m_reading = now;
     if (isNew) {
-        qCDebug(logWifi) << "link:" << (now.isConnected ? "connected to" : "not connected")
-                         << displayName(getSsidFromCurWifi(now.ssid)) << now.signalStrength;
+        qCDebug(logWifi, "link: %s \"%s\", %d %%", now.isConnected ? "connected to" : "not connected,",
+                qUtf8Printable(displayName(getSsidFromCurWifi(now.ssid))), now.signalStrength);
         emit changed();
     }
     emit wasRead();

@@ -232,7 +232,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
         returnHighlight();
         return;
     }
-    qCDebug(logShell) << "page:" << page << "in place of" << m_currentPage;
+    qCDebug(logShell, "page: %s in place of %s", nameOf(page), nameOf(m_currentPage));
     const MenuIndex old = m_currentPage;
     m_currentPage = page;
     emit currentPageChanged(page, old);

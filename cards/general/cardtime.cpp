@@ -81,7 +81,7 @@ void CardTime::setSystemTime(const QDateTime &dateTime)
 {
     auto &service = systemSet();
     const bool isSet = service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch()));
-    qCDebug(logDevice) << "clock:" << dateTime << (isSet ? "set" : "refused");
+    qCDebug(logDevice, "clock: %s %s", qPrintable(dateTime.toString(Qt::ISODate)), isSet ? "set" : "refused");
     if (!isSet)
         return;
     service.syncHwclock();

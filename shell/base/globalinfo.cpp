@@ -37,7 +37,7 @@ void GlobalInfo::setLocale(const QLocale &locale)
 {
     if (locale == m_locale)
         return;
-    qCDebug(logShell) << "language:" << locale.name() << "chosen";
+    qCDebug(logShell, "language: %s chosen", qPrintable(locale.name()));
     m_locale = locale;
     systemSet().setLanguage(locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE
                                                                   : HMI::SystemSet::ENGLISH);
@@ -57,7 +57,7 @@ void GlobalInfo::checkExternalLanguageChange()
         return;
     const QLocale chosen = isChinese ? QLocale(QLocale::Chinese, QLocale::China)
                                      : QLocale(QLocale::English, QLocale::UnitedStates);
-    qCDebug(logShell) << "language:" << chosen.name() << "found on the panel";
+    qCDebug(logShell, "language: %s found on the panel", qPrintable(chosen.name()));
     m_locale = chosen;
     emit localeChanged();
 }

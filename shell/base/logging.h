@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QLoggingCategory>
+#include <QtCore/QMetaEnum>
 
 namespace QSP {
 
@@ -18,6 +19,12 @@ Q_DECLARE_LOGGING_CATEGORY(logWifi)
 Q_DECLARE_LOGGING_CATEGORY(logDevice)
 /// The on-screen keyboard.
 Q_DECLARE_LOGGING_CATEGORY(logKeyboard)
+
+/// The name of a value, for a line of the log; null when the enumeration has none of it.
+template <class Enum> const char *nameOf(Enum value)
+{
+    return QMetaEnum::fromType<Enum>().valueToKey(static_cast<int>(value));
+}
 
 /// Notes that the service reported on @p operation from @p thread, and whether anybody was left to hear it.
 void logReport(const char *operation, Qt::HANDLE thread, bool isHeard);

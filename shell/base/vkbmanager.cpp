@@ -111,7 +111,7 @@ qreal VkbManager::getHeight() const
 
 void VkbManager::fieldFocusChanged(QQuickItem *field, bool focused)
 {
-    qCDebug(logKeyboard) << (focused ? "edit begins in" : "edit ends in") << field;
+    qCDebug(logKeyboard, "edit %s in %s", focused ? "begins" : "ends", field->metaObject()->className());
     if (focused) {
         m_field = field;
         // Going from field to field while the keyboard is up brings no visible change to react to.

@@ -110,7 +110,7 @@ void TestLogging::followsPages()
     screen.close();
     const QString log = take();
     QVERIFY2(log.startsWith(QLatin1String("shell: shown\n")), qPrintable(log));
-    QVERIFY2(log.contains(QLatin1String("MenuIndex::Language in place of")), qPrintable(log));
+    QVERIFY2(log.contains(QLatin1String("page: Language in place of")), qPrintable(log));
     QVERIFY2(log.endsWith(QLatin1String("shell: hidden")), qPrintable(log));
 }
 
@@ -135,10 +135,9 @@ void TestLogging::followsAnAttemptToJoin()
     QVERIFY2(log.contains(QLatin1String("wifi: joining \"Maintenance\"")), qPrintable(log));
     QVERIFY2(log.contains(QLatin1String("device: connectWifi: the service reported on thread 0x")),
              qPrintable(log));
-    QVERIFY2(log.contains(QLatin1String("State::Connecting")), qPrintable(log));
-    QVERIFY2(log.contains(QLatin1String("-> QSP::JoinAttempt::State::WrongPassword")) ||
-                 log.contains(QLatin1String("-> QSP::JoinAttempt::WrongPassword")),
+    QVERIFY2(log.contains(QLatin1String("attempt: Connecting in Asked leads to Connecting")),
              qPrintable(log));
+    QVERIFY2(log.contains(QLatin1String("leads to WrongPassword")), qPrintable(log));
     QVERIFY2(!log.contains(password, Qt::CaseInsensitive), qPrintable(log));
 }
 
