@@ -109,11 +109,6 @@ void writeElement(std::ostream &out, const char *element, const char *attributes
 
 } // namespace
 
-std::string Result::title() const
-{
-    return group + '.' + name + (adapter.empty() ? "" : ' ' + adapter);
-}
-
 bool Report::has(const std::string &title) const
 {
     return std::any_of(m_results.begin(), m_results.end(),

@@ -33,7 +33,7 @@ struct Result {
     std::vector<std::string> notes; ///< what is worth knowing and neither good nor bad
 
     /// "dns.stored", or "dns.stored LAN0" where there is an adapter.
-    std::string title() const;
+    std::string title() const { return group + '.' + name + (adapter.empty() ? "" : ' ' + adapter); }
 };
 
 /// The results of a run, in the order in which they came, and the forms in which they are told.
