@@ -78,6 +78,11 @@ void Restorer::rejoin(Check &check) const
     check.waitFor([&] { return finalOf(*reports).has_value(); }, check.patience(JoinLimit));
     // The name may come after the report.
     check.waitFor([this] { return service().currentWifiSsid() == m_settings.network; }, SettleLimit);
+    // As the screen does after joining, where the platform does not do it by itself.
+    if (!service().isDhcpOn(SystemSet::WIFI) || service().getIp(SystemSet::WIFI) != HMI::IP())
+        return;
+    const DhcpReports leased = askForDhcp(SystemSet::WIFI, true);
+    check.waitFor([&] { return !leased->isEmpty(); }, check.patience(LeaseLimit));
 }
 
 void Restorer::compare(Check &check) const

@@ -47,9 +47,9 @@ void writeState()
     const HmiSimulator::Panel panel = HmiSimulator::panel();
     std::ofstream file(name, std::ios::app);
     for (const auto &[nic, adapter] : panel.adapters) {
-        file << nic << ' ' << adapter.enabled << ' ' << adapter.dhcp << ' ' << adapter.stored.ip << ' '
-             << adapter.stored.mask << ' ' << adapter.stored.gateway << ' ' << adapter.dns.first << ' '
-             << adapter.dns.second << ", ";
+        file << nic << ' ' << adapter.enabled << ' ' << adapter.dhcp << ' ' << adapter.live.ip << ' '
+             << adapter.stored.ip << ' ' << adapter.stored.mask << ' ' << adapter.stored.gateway << ' '
+             << adapter.dns.first << ' ' << adapter.dns.second << ", ";
     }
     file << panel.defaultNic << ' ' << panel.vpn.server << ' ' << panel.bright << ' ' << panel.savedBright
          << ' ' << panel.buzzer << ' ' << panel.language << ' ' << panel.wifi.connected << ' '
