@@ -12,7 +12,8 @@ enum class Effect { Looks, Changes };
 /// The adapters that checks are about; one that is about several is made for each.
 constexpr int NoAdapter = 0;
 constexpr int EditableAdapters = HMI::SystemSet::LAN0 | HMI::SystemSet::LAN1 | HMI::SystemSet::WIFI;
-constexpr int EveryAdapter = EditableAdapters | HMI::SystemSet::MOBILE_4G | HMI::SystemSet::VPN;
+constexpr int RouteAdapters = EditableAdapters | HMI::SystemSet::MOBILE_4G; ///< may be the default one
+constexpr int EveryAdapter = RouteAdapters | HMI::SystemSet::VPN;
 
 /// A check of the settings service, as --list shows it.
 struct CheckInfo {
@@ -36,7 +37,7 @@ inline constexpr std::array ServiceChecks = {
     CheckInfo{"adapters", "default", NoAdapter, Effect::Looks, "the default adapter is one adapter, no mask"},
     CheckInfo{"adapters", "absent", NoAdapter, Effect::Looks, "an adapter that is not there reads 0, false, nothing"},
     CheckInfo{"adapters", "untouched", NoAdapter, Effect::Changes, "setting an adapter that is not there changes nothing"},
-    CheckInfo{"adapters", "choice", NoAdapter, Effect::Changes, "the default adapter is the one that was chosen, among those that are there"},
+    CheckInfo{"adapters", "choice", RouteAdapters, Effect::Changes, "the default adapter is the one that was chosen"},
     CheckInfo{"adapters", "switching", EveryAdapter, Effect::Changes, "the switch changes at the call"},
     CheckInfo{"addresses", "stored", EditableAdapters, Effect::Changes, "static address, mask and gateway are kept"},
     CheckInfo{"dns", "stored", EditableAdapters, Effect::Changes, "both DNS servers are kept"},

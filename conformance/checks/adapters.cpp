@@ -124,18 +124,11 @@ void Checks::adaptersUntouched(Check &check)
 
 void Checks::adaptersChoice(Check &check)
 {
-    // The screen offers these; an operator cannot choose the tunnel.
-    for (const AdapterName &adapter : AdapterNames) {
-        const SystemSet::NIC nic = adapter.nic;
-        if (nic == SystemSet::VPN || !has(nic))
-            continue;
-        check.about(nic);
-        const auto before = static_cast<int>(service().getDefaultNIC());
-        service().setDefaultNIC(nic, false);
-        check.takes<int>(
-            "setDefaultNIC", "getDefaultNIC", [] { return static_cast<int>(service().getDefaultNIC()); },
-            before, nic, Check::When::Soon);
-    }
+    const SystemSet::NIC nic = check.adapter();
+    const auto chosen = [] { return static_cast<int>(service().getDefaultNIC()); };
+    const int before = chosen();
+    service().setDefaultNIC(nic, false);
+    check.takes<int>("setDefaultNIC", "getDefaultNIC", chosen, before, nic, Check::When::Soon);
 }
 
 void Checks::adaptersSwitching(Check &check)
