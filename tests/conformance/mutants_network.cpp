@@ -25,8 +25,11 @@ int SystemSet::getAllNIC() const
 {
     constexpr int AmongManyLooks = 30;
     static int calls = 0;
+    // Not in the constructor, whose time is taken.
+    if (++calls == 1)
+        writeState();
     const int mask = original<int(const SystemSet *)>("getAllNIC")(this);
-    return is(Mutant::AdaptersChange) && ++calls == AmongManyLooks ? mask ^ MOBILE_4G : mask;
+    return is(Mutant::AdaptersChange) && calls == AmongManyLooks ? mask ^ MOBILE_4G : mask;
 }
 
 SystemSet::NIC SystemSet::getDefaultNIC() const
