@@ -1,4 +1,5 @@
 #include "conformance/checklist.h"
+#include "conformance/interruption.h"
 #include "conformance/judge.h"
 #include "conformance/options.h"
 #include "conformance/servicetrial.h"
@@ -58,10 +59,11 @@ int judge(const Options &options)
         throw std::runtime_error(module + ": missing; is the program installed completely?");
 
     Judge judge(options.library, options.limit, std::cout);
+    Interruption::watch();
     const ServiceTrial trial(libraryPath(options.library), module);
     const Report &report = judge.judge([&](const Past &past, Witness &witness) {
         Order order;
-        order.groups = options.groups;
+        order.groups = past.isInterrupted ? std::set<std::string>{"panel"} : options.groups;
         order.adapters = options.adapters;
         order.isReadOnly = options.isReadOnly;
         order.patience = options.patience;
@@ -72,6 +74,8 @@ int judge(const Options &options)
     report.printSummary(std::cout);
     write(options.tapFile, report, &Report::writeTap);
     write(options.junitFile, report, &Report::writeJunit);
+    if (judge.isInterrupted())
+        throw std::runtime_error("interrupted, after the panel was put back");
     return report.hasFailed() ? Broken : Kept;
 }
 
