@@ -6,6 +6,7 @@ import socketserver
 import subprocess
 import threading
 
+import atmodem
 import places
 import ports
 from daemon import DaemonError
@@ -20,8 +21,14 @@ addresses PORT             the port's addresses, from the kernel
 routes                     the default routes, from the kernel: port, gateway, metric; the best one first
 resolver                   the name servers that NetworkManager worked out
 profiles                   the files of the stored profiles
-pid nm|bus|dhcp-PORT       the process
-help                       this list"""
+pid SERVICE                the process: nm, bus, dhcp-lan0, dhcp-lan1, mm
+help                       this list
+With --modem:
+mm kill|start|stop|restart|freeze|thaw
+modem registration idle|home|searching|denied|roaming
+modem signal NUMBER        from 0 to 31; 99 when there is none
+modem card ready|missing|locked
+                           is seen after mm restart; 1234 unlocks it"""
 
 DAEMON_ACTS = ("kill", "start", "stop", "restart", "freeze", "thaw")
 
@@ -36,6 +43,8 @@ class Control:
             "dhcp": self._dhcp,
             "nm": lambda act: self._act("nm", act),
             "bus": lambda act: self._act("bus", act),
+            "mm": lambda act: self._act("mm", act),
+            "modem": self._modem,
             "addresses": lambda name: ports.addresses(port(name)),
             "routes": ports.default_routes,
             "resolver": resolver,
@@ -64,6 +73,15 @@ class Control:
             server.silence()
         else:
             server.answer()
+
+    def _modem(self, what, value):
+        modem = self._daemon("mm").modem
+        if one_of(what, "registration", "signal", "card") == "registration":
+            modem.set_registration(one_of(value, *atmodem.REGISTRATIONS))
+        elif what == "signal":
+            modem.set_signal(int(one_of(value, *atmodem.SIGNALS)))
+        else:
+            modem.set_card(one_of(value, *atmodem.CARDS))
 
     def _act(self, name, act):
         getattr(self._daemon(name), one_of(act, *DAEMON_ACTS))()

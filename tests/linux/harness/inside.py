@@ -16,7 +16,9 @@ import ports
 from bus import Bus
 from daemon import DaemonError
 from dhcpserver import DhcpServer
+from modemmanager import ModemManager
 from networkmanager import NetworkManager
+from policykit import PolicyKit
 from skip import FAILED
 from unpacked import Unpacked
 
@@ -79,11 +81,22 @@ def bring_up(options):
     for daemon in (bus, *servers):
         daemon.launch()
     bus.await_ready()
+    daemons = [bus, manager, *servers]
+    if options.modem:
+        daemons += bring_up_modem(unpacked)
     manager.start()
     if options.profiles:
         await_leases(manager)
     offer_commands(unpacked)
-    control.serve(control.Control([bus, manager, *servers]))
+    control.serve(control.Control(daemons))
+
+
+def bring_up_modem(unpacked):
+    policy = PolicyKit(unpacked)
+    policy.start()
+    manager = ModemManager(unpacked)
+    manager.start()
+    return [policy, manager]
 
 
 def await_leases(manager):
@@ -100,6 +113,7 @@ def offer_commands(unpacked):
     libraries = unpacked.environment()["LD_LIBRARY_PATH"]
     scripts = {
         "nmcli": f"LD_LIBRARY_PATH='{libraries}' exec '{unpacked.program('nmcli')}'",
+        "mmcli": f"LD_LIBRARY_PATH='{libraries}' exec '{unpacked.program('mmcli')}'",
         "far": f"exec {' '.join(ports.FAR)}",
     }
     for name, text in scripts.items():

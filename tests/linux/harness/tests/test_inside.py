@@ -2,24 +2,12 @@
 
 import pathlib
 import subprocess
-import sys
-import time
 import unittest
 
+import insider
+from insider import lines_of, process_state, tell
+
 NETWORKS = {"lan0": "192.168.50", "lan1": "192.168.60"}
-
-
-def lines_of(*command, **options):
-    """What the command says; None when it fails."""
-    done = subprocess.run(command, capture_output=True, encoding="utf-8", check=False, **options)
-    return done.stdout.splitlines() if done.returncode == 0 else None
-
-
-def tell(*words):
-    done = subprocess.run(["harnessctl", *words], capture_output=True, encoding="utf-8", check=False)
-    if done.returncode != 0:
-        raise AssertionError(done.stderr)
-    return done.stdout.splitlines()
 
 
 def manager_states():
@@ -35,25 +23,9 @@ def has_carrier(port):
     return "LOWER_UP" in lines_of("ip", "-oneline", "link", "show", "dev", port)[0]
 
 
-def process_state(name):
-    """The letter by which the kernel tells what a process does; None when there is none."""
-    try:
-        stat = pathlib.Path("/proc", tell("pid", name)[0], "stat").read_text(encoding="utf-8")
-    except OSError:
-        return None
-    return stat.rpartition(")")[2].split()[0]
-
-
-class Inside(unittest.TestCase):
+class Inside(insider.Insider):
     def setUp(self):
         self.expect_leases()
-
-    def eventually(self, question, wanted):
-        """Asks until the answer is the wanted one; only what hangs takes a minute."""
-        end = time.monotonic() + 60
-        while (answer := question()) != wanted and time.monotonic() < end:
-            time.sleep(0.02)
-        self.assertEqual(answer, wanted)
 
     def expect_leases(self):
         for port, network in NETWORKS.items():
@@ -156,4 +128,4 @@ class Inside(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], *sys.argv[1:]], verbosity=2)
+    unittest.main(verbosity=2)
