@@ -89,7 +89,8 @@ class Daemon:
     def freeze(self):
         os.kill(self.pid, signal.SIGSTOP)
         # Signals take their time; who asked may count on silence from now on.
-        os.waitid(os.P_PID, self.pid, os.WSTOPPED | os.WEXITED | os.WNOWAIT)
+        if os.waitid(os.P_PID, self.pid, os.WSTOPPED | os.WEXITED | os.WNOWAIT).si_code != os.CLD_STOPPED:
+            raise DaemonError(f"{self.name} ended instead of being frozen")
 
     def thaw(self):
         os.kill(self.pid, signal.SIGCONT)

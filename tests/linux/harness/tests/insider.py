@@ -1,6 +1,5 @@
 """What tests that run inside share."""
 
-import pathlib
 import subprocess
 import time
 import unittest
@@ -17,15 +16,6 @@ def tell(*words):
     if done.returncode != 0:
         raise AssertionError(done.stderr)
     return done.stdout.splitlines()
-
-
-def process_state(name):
-    """The letter by which the kernel tells what a process does; None when there is none."""
-    try:
-        stat = pathlib.Path("/proc", tell("pid", name)[0], "stat").read_text(encoding="utf-8")
-    except OSError:
-        return None
-    return stat.rpartition(")")[2].split()[0]
 
 
 class Insider(unittest.TestCase):

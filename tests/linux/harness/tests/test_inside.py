@@ -1,11 +1,12 @@
 """Run by nm-harness: what it promises to those inside, seen from the kernel's side wherever the kernel knows."""
 
+import os
 import pathlib
 import subprocess
 import unittest
 
 import insider
-from insider import lines_of, process_state, tell
+from insider import lines_of, tell
 
 NETWORKS = {"lan0": "192.168.50", "lan1": "192.168.60"}
 
@@ -21,6 +22,12 @@ def manager_states():
 
 def has_carrier(port):
     return "LOWER_UP" in lines_of("ip", "-oneline", "link", "show", "dev", port)[0]
+
+
+def is_request_waiting():
+    """Whether there is something on the far side that came to the DHCP server's socket and that it has not read."""
+    sockets = [line.split() for line in lines_of("far", "cat", "/proc/net/udp")[1:]]
+    return any(fields[1].endswith(":0043") and int(fields[4].partition(":")[2], 16) > 0 for fields in sockets)
 
 
 class Inside(insider.Insider):
@@ -59,20 +66,18 @@ class Inside(insider.Insider):
 
     def test_silent_server(self):
         tell("dhcp", "lan0", "silent")
-        self.assertEqual(process_state("dhcp-lan0"), "T")
         self.assertIsNotNone(lines_of("nmcli", "device", "disconnect", "lan0"))
         self.eventually(lambda: tell("addresses", "lan0"), [])
         self.assertIsNotNone(lines_of("nmcli", "--wait", "0", "connection", "up", "lan0"))
-        getting = "connecting (getting IP configuration)"
-        self.eventually(manager_states, {"lan0": getting, "lan1": "connected"})
+        self.eventually(is_request_waiting, True)
         self.assertEqual(tell("addresses", "lan0"), [])
+        self.eventually(manager_states, {"lan0": "connecting (getting IP configuration)", "lan1": "connected"})
         tell("dhcp", "lan0", "answering")
         self.expect_leases()
 
     def test_frozen_and_thawed(self):
         process = tell("pid", "nm")
         tell("nm", "freeze")
-        self.assertEqual(process_state("nm"), "T")
         self.assertIsNone(manager_states())
         tell("nm", "thaw")
         self.expect_leases()
@@ -81,7 +86,8 @@ class Inside(insider.Insider):
     def test_killed_and_started(self):
         process, addresses = tell("pid", "nm"), tell("addresses", "lan0")
         tell("nm", "kill")
-        self.assertFalse(pathlib.Path("/proc", process[0]).exists())
+        with self.assertRaises(ProcessLookupError):
+            os.kill(int(process[0]), 0)
         self.assertIsNone(manager_states())
         self.assertEqual(tell("addresses", "lan0"), addresses)
         tell("nm", "start")
