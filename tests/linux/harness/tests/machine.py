@@ -21,6 +21,15 @@ class Process:
             return float(uptime.read().split()[0]) - self.started / os.sysconf("SC_CLK_TCK")
 
 
+class Look:
+    """What is seen at one moment."""
+
+    def __init__(self):
+        self.network = network()
+        self.files = files()
+        self.services = services()
+
+
 def processes():
     """The processes in the machine's own network and process namespaces, as far as this user may look."""
     own = {kind: os.readlink(f"/proc/self/ns/{kind}") for kind in ("net", "pid")}

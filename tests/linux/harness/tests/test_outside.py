@@ -33,6 +33,40 @@ def tools(directory, **scripts):
     return directory + os.pathsep + os.environ["PATH"]
 
 
+class Untouched:
+    """The machine is the same before, meanwhile and after, whoever runs it."""
+
+    user = []
+
+    @classmethod
+    def setUpClass(cls):
+        # Before anything has run, so that nothing which is left by the first run passes for the machine's own.
+        cls.before = machine.Look()
+        cls.lasting = machine.lasting()
+        harnessprocess.skip_unless_possible(cls.user)
+
+    def test_machine_is_untouched(self):
+        with Run(WAITING, self.user) as run:
+            self.assertEqual(run.process.stdout.readline(), "up\n")
+            # It does all that would be seen, were it done to the machine.
+            inside = run.processes()
+            for name in ("NetworkManager", "dbus-daemon", "dnsmasq"):
+                self.assertIn(name, inside)
+            self.expect_no_change()
+            self.assertEqual(run.end(), (0, "", ""))
+            self.assertEqual(run.processes(), [])
+        self.expect_no_change()
+        self.assertLessEqual(self.lasting, machine.processes())
+
+    def expect_no_change(self):
+        for subject, seen in vars(machine.Look()).items():
+            self.assertEqual(seen, getattr(self.before, subject))
+
+
+class UntouchedByThisUser(Untouched, unittest.TestCase):
+    pass
+
+
 class Outside:
     """What holds for every user."""
 
@@ -41,25 +75,6 @@ class Outside:
     @classmethod
     def setUpClass(cls):
         harnessprocess.skip_unless_possible(cls.user)
-
-    def test_machine_is_untouched(self):
-        network, files = machine.network(), machine.files()
-        services, lasting = machine.services(), machine.lasting()
-        with Run(WAITING, self.user) as run:
-            self.assertEqual(run.process.stdout.readline(), "up\n")
-            # It does all that would be seen, were it done to the machine.
-            inside = run.processes()
-            for name in ("NetworkManager", "dbus-daemon", "dnsmasq"):
-                self.assertIn(name, inside)
-            self.assertEqual(machine.services(), services)
-            self.assertEqual(machine.network(), network)
-            self.assertEqual(machine.files(), files)
-            self.assertEqual(run.end(), (0, "", ""))
-            self.assertEqual(run.processes(), [])
-        self.assertEqual(machine.network(), network)
-        self.assertEqual(machine.files(), files)
-        self.assertEqual(machine.services(), services)
-        self.assertLessEqual(lasting, machine.processes())
 
     def test_no_file_is_left(self):
         with tempfile.TemporaryDirectory() as directory:
@@ -113,9 +128,13 @@ class AsThisUser(Outside, unittest.TestCase):
 
 
 if os.getuid() == 0:
+    ORDINARY = ["setpriv", "--reuid", "65534", "--regid", "65534", "--clear-groups"]
+
+    class UntouchedByOrdinaryUser(Untouched, unittest.TestCase):
+        user = ORDINARY
 
     class AsOrdinaryUser(Outside, unittest.TestCase):
-        user = ["setpriv", "--reuid", "65534", "--regid", "65534", "--clear-groups"]
+        user = ORDINARY
 
         def test_root_can_have_it_done(self):
             for options, number in ((["--ordinary"], "65534"), ([], "0")):
