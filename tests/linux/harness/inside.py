@@ -19,6 +19,7 @@ from dhcpserver import DhcpServer
 from modemmanager import ModemManager
 from networkmanager import NetworkManager
 from policykit import PolicyKit
+from scripted_manager import ScriptedManager
 from skip import FAILED
 from unpacked import Unpacked
 
@@ -76,7 +77,10 @@ def bring_up(options):
     unpacked = Unpacked(pathlib.Path(options.packages))
     ports.plug_in()
     bus = Bus()
-    manager = NetworkManager(unpacked, options.profiles, options.log_level)
+    if options.scripted:
+        manager = ScriptedManager(unpacked)
+    else:
+        manager = NetworkManager(unpacked, options.profiles, options.log_level)
     servers = [DhcpServer(port, unpacked) for port in ports.PORTS.values()]
     for daemon in (bus, *servers):
         daemon.launch()
@@ -85,7 +89,7 @@ def bring_up(options):
     if options.modem:
         daemons += bring_up_modem(unpacked)
     manager.start()
-    if options.profiles:
+    if options.profiles and not options.scripted:
         await_leases(manager)
     offer_commands(unpacked)
     control.serve(control.Control(daemons))
@@ -116,6 +120,9 @@ def offer_commands(unpacked):
         "mmcli": f"LD_LIBRARY_PATH='{libraries}' exec '{unpacked.program('mmcli')}'",
         "far": f"exec {' '.join(ports.FAR)}",
     }
+    python = unpacked.python_environment()
+    variables = " ".join(f"{name}='{python[name]}'" for name in ("LD_LIBRARY_PATH", "PYTHONPATH", "GI_TYPELIB_PATH"))
+    scripts["python3-dbus"] = f"{variables} exec '{sys.executable}'"
     for name, text in scripts.items():
         script = places.BIN / name
         script.write_text(f'#!/bin/sh\n{text} "$@"\n', encoding="utf-8")
