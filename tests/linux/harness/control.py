@@ -1,4 +1,7 @@
-"""What can be done to the sandbox by those in it, over a socket: a line with words goes in, lines come out, the first is "ok"."""
+"""What can be done to the sandbox by those in it, over a socket.
+
+A line with words goes in, lines come out, the first of which is "ok" or tells why not.
+"""
 
 import inspect
 import shlex

@@ -8,6 +8,10 @@ import time
 import places
 
 
+# In seconds; only what hangs takes so long.
+PATIENCE = 20
+
+
 class DaemonError(Exception):
     """A service does not do what it was told."""
 
@@ -60,12 +64,12 @@ class Daemon:
             )
 
     def await_ready(self):
-        end = time.monotonic() + 20
+        end = time.monotonic() + PATIENCE
         while not self.is_ready():
             if not self.is_running():
                 raise DaemonError(f"{self.name} ended with code {self._process.returncode}: {self.last_words()}")
             if time.monotonic() > end:
-                raise DaemonError(f"{self.name} is not ready after 20 seconds: {self.last_words()}")
+                raise DaemonError(f"{self.name} is not ready after {PATIENCE} seconds: {self.last_words()}")
             time.sleep(0.005)
 
     def start(self):
@@ -73,9 +77,14 @@ class Daemon:
         self.await_ready()
 
     def stop(self):
-        """Ends it as a system does that restarts it."""
-        os.kill(self.pid, signal.SIGTERM)
-        self._process.wait()
+        """Ends it as a system does that restarts it, which wakes what is frozen so that it can."""
+        process = self.pid
+        for number in (signal.SIGTERM, signal.SIGCONT):
+            os.kill(process, number)
+        try:
+            self._process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            raise DaemonError(f"{self.name} does not end: {self.last_words()}") from None
 
     def kill(self):
         """Ends it as a crash does."""

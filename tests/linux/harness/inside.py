@@ -1,4 +1,4 @@
-"""The first process of the sandbox: brings up the services, runs the command, and takes everything with it when it ends."""
+"""The first process of the sandbox: brings up the services, runs the command, and takes all with it when it ends."""
 
 import argparse
 import json
@@ -112,7 +112,7 @@ def await_leases(manager):
 
 
 def offer_commands(unpacked):
-    """Puts commands on the path: for the sandbox, for NetworkManager by hand, and to act on the far side of the cables."""
+    """Puts commands on the path: for the sandbox, the services by hand, and the far side of the cables."""
     (places.BIN / "harnessctl").symlink_to(HERE / "harnessctl.py")
     libraries = unpacked.environment()["LD_LIBRARY_PATH"]
     scripts = {

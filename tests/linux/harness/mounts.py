@@ -21,7 +21,8 @@ def mount(kind, target, source="none", flags=0, data=""):
 
 def arrange(kept):
     """Hides what is the machine's own; the kept paths stay to be seen, wherever they lie."""
-    # Where a container has masked parts of the old one the kernel refuses a new one; the old one does, with other numbers.
+    # Where a container has masked parts of the old one the kernel refuses a new one; the old one does, with the
+    # numbers that processes have outside.
     with contextlib.suppress(OSError):
         mount("proc", "/proc", "proc")
     # What NetworkManager writes lies below them, at paths that are compiled in and need not exist on the machine.
@@ -35,7 +36,8 @@ def arrange(kept):
 def show_devices():
     """Shows the network devices of the sandbox in /sys, which must be read-only.
 
-    NetworkManager then takes itself to be in a container and waits for no udev, which would have to tell it about each port.
+    NetworkManager then takes itself to be in a container and waits for no udev, which would otherwise have to tell it
+    about each port.
     """
     try:
         mount("sysfs", "/sys", "sysfs", MS_RDONLY)

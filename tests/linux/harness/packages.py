@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """The services that the tests run, unpacked from their Debian packages and never installed.
 
-An installed NetworkManager could take over the network of the machine that it is installed on. Unpacking runs no script of a
-package and needs no rights. What is installed already is not fetched; the sandbox then runs that.
+An installed NetworkManager could take over the network of the machine that it is installed on. Unpacking runs no script
+of a package and needs no rights. What is installed already is not fetched; the sandbox then runs that.
 """
 
 import contextlib
@@ -18,8 +18,8 @@ from skip import Unavailable, skip
 
 PROJECT = pathlib.Path(__file__).resolve().parents[3]
 WANTED = ("network-manager", "dnsmasq-base", "modemmanager", "python3-dbusmock")
-# The services depend on them, but what runs in the sandbox makes no use of them: there are no devices, no Bluetooth, no text
-# interface and no session.
+# The services depend on them, but what runs in the sandbox makes no use of them: there are no devices, no Bluetooth, no
+# text interface and no session.
 UNUSED = ("udev", "libbluetooth3", "libnewt0.52", "dbus-x11")
 STAMP = "fetched"
 
@@ -94,9 +94,9 @@ def download(work, options):
     """Fetches what is wanted and not installed, with all that it depends on."""
     for part in work.glob("*.deb"):
         part.unlink()
-    simulated = run_apt(["-s", "-o", "Debug::NoLocking=1", *options, "install", "--no-install-recommends", *WANTED], work)
+    simulation = ["-s", "-o", "Debug::NoLocking=1", *options, "install", "--no-install-recommends", *WANTED]
     packages = []
-    for line in simulated.splitlines():
+    for line in run_apt(simulation, work).splitlines():
         if line.startswith("Inst "):
             name, version = line.split()[1], line.partition("(")[2].split()[0]
             if name not in UNUSED:

@@ -1,4 +1,7 @@
-"""Run as a process of its own: stands in for polkit, which ModemManager asks whether somebody may do something. All may."""
+"""Run as a process of its own: stands in for polkit, which ModemManager asks whether somebody may do something.
+
+All may.
+"""
 
 import dbus.mainloop.glib
 import dbus.service

@@ -1,4 +1,4 @@
-"""Namespaces of one's own, seen from outside: whether they may be had, and that what is in them ends with their owner."""
+"""Namespaces of one's own, seen from outside: whether they may be had, and that what is in them ends in time."""
 
 import os
 import select
@@ -8,8 +8,8 @@ import subprocess
 
 from skip import Unavailable
 
-# One user, whoever it is, is root in there. The first process inside is number one of its own process numbers: when it ends,
-# the kernel ends all others.
+# One user, whoever it is, is root in there. The first process inside is number one of its own process numbers: when it
+# ends, the kernel ends all others.
 ENTER = "unshare --map-root-user --mount --net --uts --pid --fork --kill-child --propagation private --".split()
 # Nobody's own number: it is there on every machine, and owns nothing.
 BECOME_ORDINARY = "setpriv --reuid 65534 --regid 65534 --clear-groups".split()
@@ -37,7 +37,8 @@ def probe(user, program):
     tried = subprocess.run([*user, *ENTER, "true"], stderr=subprocess.PIPE, encoding="utf-8", check=False)
     if tried.returncode != 0:
         said = " ".join(tried.stderr.split())
-        raise Unavailable(f"namespaces are forbidden to {'an ordinary user' if user else f'user {os.getuid()}'} here: {said}{closed_switches()}")
+        whom = "an ordinary user" if user else f"user {os.getuid()}"
+        raise Unavailable(f"namespaces are forbidden to {whom} here: {said}{closed_switches()}")
 
 
 def closed_switches():
@@ -54,7 +55,10 @@ def read(path):
 
 
 def run(user, command):
-    """Runs the command as the user in namespaces of its own; returns its exit code. A signal that ends this process ends all in there."""
+    """Runs the command as the user in namespaces of its own; returns its exit code.
+
+    A signal that ends this process ends all in there.
+    """
     received = []
     # Also when nobody gets the chance to say anything, as with SIGKILL.
     with subprocess.Popen([*user, "setpriv", "--pdeathsig", "KILL", *ENTER, *command]) as process:

@@ -15,7 +15,7 @@ class Board:
         self.pace = 10
 
     def add(self, path, interfaces, methods=()):
-        """Publishes an object with the properties of its interfaces; a method is (interface, name, in, out, function)."""
+        """Publishes an object with its properties by interface; a method is (interface, name, in, out, function)."""
         first, *others = interfaces
         self._root.AddObject(path, first, dbus.Dictionary(interfaces[first], signature="sv"), [])
         made = dbusmock.get_object(path)

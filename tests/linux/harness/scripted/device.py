@@ -154,9 +154,11 @@ def reasoned(state, reason):
 
 
 def lease():
+    address = {"address": "192.168.70.100", "prefix": dbus.UInt32(24)}
+    server = {"address": "192.168.70.1"}
     return {
-        "AddressData": dictionaries([dbus.Dictionary({"address": "192.168.70.100", "prefix": dbus.UInt32(24)}, signature="sv")]),
+        "AddressData": dictionaries([dbus.Dictionary(address, signature="sv")]),
         "Gateway": "192.168.70.1",
-        "NameserverData": dictionaries([dbus.Dictionary({"address": "192.168.70.1"}, signature="sv")]),
+        "NameserverData": dictionaries([dbus.Dictionary(server, signature="sv")]),
         "RouteData": dictionaries(),
     }

@@ -1,4 +1,4 @@
-"""What an activation comes to: the states of a device, each with its reason, as real devices were seen to go through them."""
+"""What an activation comes to: the states of a device, each with its reason, as real ones went through them."""
 
 UNMANAGED = 10
 DISCONNECTED = 30

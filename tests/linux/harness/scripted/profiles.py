@@ -9,6 +9,7 @@ from board import paths, refusal
 SETTINGS = "org.freedesktop.NetworkManager.Settings"
 PATH = "/org/freedesktop/NetworkManager/Settings"
 CONNECTION = f"{SETTINGS}.Connection"
+NO_SECRETS = "org.freedesktop.NetworkManager.AgentManager.NoSecrets"
 
 STORED = 0
 UNSAVED = 0x1
@@ -116,7 +117,7 @@ class Profiles:
     def _secrets(self, path, section):
         secrets = {name: value for name, value in self._settings[path].get(section, {}).items() if name in SECRETS}
         if not secrets:
-            raise refusal("org.freedesktop.NetworkManager.AgentManager.NoSecrets", "No agents were available for this request.")
+            raise refusal(NO_SECRETS, "No agents were available for this request.")
         return sections({section: secrets})
 
 

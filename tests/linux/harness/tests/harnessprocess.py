@@ -12,7 +12,7 @@ SKIPPED = 77
 
 
 class Run:
-    """One run of nm-harness. All that it starts carries a mark in its environment, by which it is found from outside."""
+    """One run of nm-harness. All that it starts has a mark in its environment, by which it is found from outside."""
 
     def __init__(self, command, user=(), options=(), **changes):
         self._mark = f"PANEL_HARNESS_MARK={uuid.uuid4()}"

@@ -64,8 +64,8 @@ def network():
     """Links, addresses, routes, rules and name servers, as lines by subject, without what counts by itself."""
     seen = {}
     for subject in ("link", "address", "route show table all", "-6 route show table all", "rule", "-6 rule"):
-        told = subprocess.run(["ip", "-oneline", *subject.split()], stdout=subprocess.PIPE, encoding="utf-8", check=True)
-        seen[subject] = sorted(steady(line) for line in told.stdout.splitlines())
+        told = subprocess.check_output(["ip", "-oneline", *subject.split()], encoding="utf-8")
+        seen[subject] = sorted(steady(line) for line in told.splitlines())
     resolver = pathlib.Path("/etc/resolv.conf")
     seen["resolver"] = resolver.read_text(encoding="utf-8").splitlines() if resolver.exists() else None
     seen["host name"] = os.uname().nodename

@@ -17,7 +17,10 @@ def manager_states():
         lines = lines_of("nmcli", "--terse", "--fields", "DEVICE,STATE", "device", timeout=1)
     except subprocess.TimeoutExpired:
         return None
-    return None if lines is None else {name: state for name, state in (line.split(":", 1) for line in lines) if name in NETWORKS}
+    if lines is None:
+        return None
+    states = dict(line.split(":", 1) for line in lines)
+    return {name: states.get(name) for name in NETWORKS}
 
 
 def has_carrier(port):
@@ -99,6 +102,11 @@ class Inside(insider.Insider):
         tell("nm", "freeze")
         tell("nm", "kill")
         tell("nm", "start")
+        self.expect_leases()
+
+    def test_restarted_while_frozen(self):
+        tell("nm", "freeze")
+        tell("nm", "restart")
         self.expect_leases()
 
     def test_restarted(self):
