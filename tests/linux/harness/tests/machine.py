@@ -1,75 +1,60 @@
 """The machine around the sandbox, as somebody sees it who looks whether anything has been touched."""
 
-import dataclasses
 import os
 import pathlib
 import subprocess
 
+NETWORK = ("link", "address", "route show table all", "-6 route show table all", "rule", "-6 rule")
+# Each is mounted, made or written to inside.
+PLACES = (
+    "/proc",
+    "/sys",
+    "/run",
+    "/run/dbus/system_bus_socket",
+    "/run/harness",
+    "/run/netns",
+    "/run/netns/far",
+    "/run/NetworkManager",
+    "/var/lib",
+    "/var/lib/NetworkManager",
+    "/etc/NetworkManager",
+)
 SERVICES = ("NetworkManager", "dnsmasq", "ModemManager")
-
-
-@dataclasses.dataclass(frozen=True)
-class Process:
-    number: int
-    name: str
-    parent: int
-    # In ticks since the machine was started; with the number it names a process for good.
-    started: int
-
-    def age(self):
-        with open("/proc/uptime", encoding="ascii") as uptime:
-            return float(uptime.read().split()[0]) - self.started / os.sysconf("SC_CLK_TCK")
 
 
 class Look:
     """What is seen at one moment."""
 
     def __init__(self):
-        self.network = network()
-        self.files = files()
-        self.services = services()
+        self.devices = {line.split()[1].partition("@")[0].rstrip(":") for line in told_by_ip("link")}
+        self.lines = {f"{subject}: {line}" for subject in NETWORK for line in told_by_ip(subject)}
+        self.lines |= {f"file: {line}" for line in files()} | {f"host name: {os.uname().nodename}"}
+        self.lines |= {f"service: {service}" for service in services()}
 
-
-def processes():
-    """The processes in the machine's own network and process namespaces, as far as this user may look."""
-    own = {kind: os.readlink(f"/proc/self/ns/{kind}") for kind in ("net", "pid")}
-    found = set()
-    for directory in pathlib.Path("/proc").glob("[0-9]*"):
-        try:
-            if all(os.readlink(directory / "ns" / kind) == name for kind, name in own.items()):
-                found.add(process(directory))
-        except OSError:
-            # It has ended meanwhile, or belongs to somebody else.
-            continue
-    return found
-
-
-def process(directory):
-    name, _, rest = (directory / "stat").read_text(encoding="utf-8").partition("(")[2].rpartition(")")
-    fields = rest.split()
-    return Process(int(directory.name), name, int(fields[1]), int(fields[19]))
+    def changes_since(self, before):
+        """What is no longer there, and what has come; not devices that others make meanwhile, as containers do."""
+        lost = sorted(f"lost {line}" for line in before.lines - self.lines)
+        new_devices = self.devices - before.devices - {"lan0", "lan1"}
+        return lost + sorted(f"came {line}" for line in self.lines - before.lines if not new_devices & names_in(line))
 
 
 def services():
-    """The machine's own processes of the kinds that run in the sandbox."""
-    return {found for found in processes() if found.name in SERVICES}
+    """The machine's own processes of the kinds that run in the sandbox, as far as this user may look."""
+    own = {kind: os.readlink(f"/proc/self/ns/{kind}") for kind in ("net", "pid")}
+    for directory in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            name = (directory / "comm").read_text(encoding="utf-8").strip()
+            if name in SERVICES and all(os.readlink(directory / "ns" / kind) == place for kind, place in own.items()):
+                yield f"{directory.name} {name}"
+        except OSError:
+            # It has ended meanwhile, or belongs to somebody else.
+            continue
 
 
-def lasting():
-    """The machine's own processes that have run for a while and that nobody waits for."""
-    return {found for found in processes() if found.parent == 1 and found.age() > 60}
-
-
-def network():
-    """Links, addresses, routes, rules and name servers, as lines by subject, without what counts by itself."""
-    seen = {}
-    for subject in ("link", "address", "route show table all", "-6 route show table all", "rule", "-6 rule"):
-        told = subprocess.check_output(["ip", "-oneline", *subject.split()], encoding="utf-8")
-        seen[subject] = sorted(steady(line) for line in told.splitlines())
-    resolver = pathlib.Path("/etc/resolv.conf")
-    seen["resolver"] = resolver.read_text(encoding="utf-8").splitlines() if resolver.exists() else None
-    seen["host name"] = os.uname().nodename
-    return seen
+def told_by_ip(subject):
+    """The lines of ip(8), without what counts by itself."""
+    told = subprocess.check_output(["ip", "-oneline", *subject.split()], encoding="utf-8")
+    return [steady(line) for line in told.splitlines()]
 
 
 def steady(line):
@@ -81,13 +66,18 @@ def steady(line):
     return " ".join(words)
 
 
+def names_in(line):
+    return {word.partition("@")[0].rstrip(":") for word in line.split()}
+
+
 def files():
-    """What is mounted, and what lies where services leave things."""
+    """What lies and is mounted where the sandbox puts things. Elsewhere on the machine others come and go."""
+    for place in PLACES:
+        path = pathlib.Path(place)
+        yield f"{place} is number {path.stat().st_ino}" if path.exists() else f"{place} is not there"
     with open("/proc/self/mountinfo", encoding="utf-8") as mounts:
-        mounted = sorted(line.split(" ", 2)[2] for line in mounts)
-    places = ("/run", "/run/netns", "/run/dbus", "/var/lib", "/etc/NetworkManager")
-    return {"mounts": mounted, **{place: listed(pathlib.Path(place)) for place in places}}
-
-
-def listed(directory):
-    return sorted(path.name for path in directory.iterdir()) if directory.is_dir() else None
+        for line in mounts:
+            if line.split()[4] in PLACES:
+                yield f"mounted: {line.split(' ', 2)[2].strip()}"
+    resolver = pathlib.Path("/etc/resolv.conf")
+    yield f"resolver: {resolver.read_text(encoding='utf-8') if resolver.exists() else None!r}"

@@ -6,6 +6,7 @@ import subprocess
 import unittest
 
 import insider
+import machine
 from insider import lines_of, tell
 
 NETWORKS = {"lan0": "192.168.50", "lan1": "192.168.60"}
@@ -123,6 +124,24 @@ class Inside(insider.Insider):
         self.assertIsNone(manager_states())
         tell("nm", "restart")
         self.expect_leases()
+
+    def test_a_look_at_the_machine_finds_what_has_changed(self):
+        """The sandbox stands in for the machine that test_outside.py looks at."""
+        before = machine.Look()
+        for change, undo, expected in (
+            ("ip address add 192.0.2.1/32 dev lo", "ip address del 192.0.2.1/32 dev lo", "came address: "),
+            ("ip route add 192.0.2.0/24 dev lan0", "ip route del 192.0.2.0/24 dev lan0", "came route show table all: "),
+            ("mount -t tmpfs none /var/lib", "umount /var/lib", "came file: mounted: "),
+            ("ip link add other type veth peer name another", "ip link del other", ""),
+            ("harnessctl nm kill", "harnessctl nm start", "lost service: "),
+        ):
+            self.assertIsNotNone(lines_of(*change.split()))
+            found = machine.Look().changes_since(before)
+            self.assertIsNotNone(lines_of(*undo.split()))
+            if expected:
+                self.assertTrue(any(line.startswith(expected) for line in found), (change, found))
+            else:
+                self.assertEqual(found, [], change)
 
     def test_what_cannot_be_done_is_refused(self):
         for words, reason in (
