@@ -9,7 +9,7 @@ import places
 
 
 # In seconds; only what hangs takes so long.
-PATIENCE = 20
+PATIENCE = 60
 
 
 class DaemonError(Exception):

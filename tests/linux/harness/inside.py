@@ -14,7 +14,7 @@ import mounts
 import places
 import ports
 from bus import Bus
-from daemon import DaemonError
+from daemon import PATIENCE, DaemonError
 from dhcpserver import DhcpServer
 from modemmanager import ModemManager
 from networkmanager import NetworkManager
@@ -104,10 +104,10 @@ def bring_up_modem(unpacked):
 
 
 def await_leases(manager):
-    end = time.monotonic() + 20
+    end = time.monotonic() + PATIENCE
     while not all(ports.addresses(port) for port in ports.PORTS.values()):
         if time.monotonic() > end:
-            raise DaemonError(f"no lease after 20 seconds: {manager.last_words()}")
+            raise DaemonError(f"no lease after {PATIENCE} seconds: {manager.last_words()}")
         time.sleep(0.005)
 
 

@@ -6,7 +6,7 @@
 namespace {
 
 // Longer than the sandbox itself waits for a service.
-constexpr int Patience = 60000;
+constexpr int Patience = 90000;
 
 QString socketPath()
 {
