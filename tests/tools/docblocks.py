@@ -106,6 +106,7 @@ class Programs:
             "cmake": self.cmake_command,
             "packaging/debian/make-packages": self.packer,
             "panel-host": self.parses_itself,
+            "panelsettings-conformance": self.conformance,
         }
 
     def problem(self, words):
@@ -152,6 +153,11 @@ class Programs:
         known = options_in((self.root / words[0]).read_text(encoding="utf-8"))
         unknown = [word for word in words[1:] if word not in known]
         return f"{words[0]} has no {unknown[0]}" if unknown else None
+
+    def conformance(self, words):
+        _, usage = self.output(self.build / "conformance/panelsettings-conformance", "--help")
+        unknown = [word for word in words[1:] if word.startswith("-") and word not in options_in(usage)]
+        return f"panelsettings-conformance has no {unknown[0]}" if unknown else None
 
     def packer(self, words):
         presets = (self.root / "CMakePresets.json").read_text(encoding="utf-8")
@@ -260,6 +266,7 @@ PLANTED = {
     "unknown target": "```sh\ncmake --build build/release --target nosuch\n```\n",
     "unknown example": "```sh\nbuild/nosuch\n```\n",
     "unknown program of the build": "```sh\nbuild/release/tests/nosuch\n```\n",
+    "unknown option of the conformance suite": "```sh\npanelsettings-conformance --all x.so\n```\n",
     "unknown package": "```sh\napt install ./nosuch_1.0.deb\n```\n",
     "unknown preset of the packer": "```sh\npackaging/debian/make-packages nosuch\n```\n",
     "unknown option of the benches": "```sh\nbench/run --fast\n```\n",

@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
 """Builds and runs what is in docs/examples as its reader would: out of tree, against an installation.
 
-    examples.py CMAKE PREFIX EXAMPLES PLUGINS SUITE JOURNAL
+    examples.py CMAKE PREFIX EXAMPLES PLUGINS JOURNAL
 
 PREFIX is the installation, PLUGINS the directory with the plug-in that operates a host (see hostwatch.cpp),
-SUITE the program that judges a settings service, JOURNAL the example that links the simulator. The hosts run
-with the service and the keyboard that stand beside them in EXAMPLES. Whatever a program says on its error
-output is a failure.
+JOURNAL the example that links the simulator. The hosts run with the service and the keyboard that stand beside
+them in EXAMPLES. Whatever a program says on its error output is a failure.
 """
 
 import os
@@ -108,9 +107,17 @@ class Examples:
         if "libhmisystemset.so" not in done.stderr and "libqvkbpluginloader.so" not in done.stderr:
             raise Failure(f"{program.name} does not name the library that is missing: {done.stderr}")
 
-    def check_service_and_hosts(self, suite):
+    def judge(self, library, told, expected):
+        program = self.prefix / "bin/panelsettings-conformance"
+        said = run(program, library, env=self.environment(), expected=expected).stdout
+        if (self.sources / "service" / told).read_text(encoding="utf-8") not in said:
+            raise Failure(f"{library}: not what {told} tells of: {said}")
+
+    def check_service_and_hosts(self):
         service, keyboard = self.build("service"), self.build("keyboard")
-        run(suite, env=self.environment(service))
+        self.judge(service / "libhmisystemset.so", "kept.txt", expected=0)
+        # A library, but not of this kind.
+        self.judge(keyboard / "libqvkbpluginloader.so", "broken.txt", expected=1)
         hosts = self.build("host", SETTINGS_SERVICE=service / "libhmisystemset.so")
         for name in VISITS:
             self.visit(hosts / name, [service, keyboard, self.plugin_directory])
@@ -135,11 +142,11 @@ class Examples:
 
 def main():
     cmake, *paths = sys.argv[1:]
-    prefix, sources, plugins, suite, journal = map(pathlib.Path, paths)
+    prefix, sources, plugins, journal = map(pathlib.Path, paths)
     with tempfile.TemporaryDirectory(prefix="panel examples ") as work:
         examples = Examples(cmake, prefix, sources, plugins, pathlib.Path(work))
         try:
-            examples.check_service_and_hosts(suite)
+            examples.check_service_and_hosts()
             examples.check_scenarios()
             examples.check_journal(journal)
         except Failure as failure:

@@ -1,0 +1,102 @@
+#include "conformance/checklist.h"
+#include "conformance/judge.h"
+#include "conformance/options.h"
+#include "conformance/servicetrial.h"
+
+#include <cerrno>
+#include <cstring>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+
+using namespace Conformance;
+
+namespace {
+
+enum ExitCode { Kept = 0, Broken = 1, WrongUsage = 2, NotDone = 3 };
+
+void printList(std::ostream &out)
+{
+    for (const CheckInfo &check : ServiceChecks) {
+        std::string title = std::string(check.group) + '.' + check.name;
+        title.resize(24, ' ');
+        out << title << (check.effect == Effect::Changes ? "changes  " : "looks    ") << check.expectation
+            << '\n';
+    }
+}
+
+/// The module with the checks, which lies at the same place relative to the program everywhere.
+std::string modulePath()
+{
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
+    return (program.parent_path() / PANEL_CONFORMANCE_CHECKS).lexically_normal().string();
+}
+
+/// A path for dlopen(), which takes a name without a slash for a library of the system.
+std::string libraryPath(const std::string &name)
+{
+    return std::filesystem::absolute(name).string();
+}
+
+void write(const std::string &file, const Report &report, void (Report::*form)(std::ostream &) const)
+{
+    if (file.empty())
+        return;
+    std::ofstream out(file);
+    (report.*form)(out);
+    out.close();
+    if (!out)
+        throw std::runtime_error(file + ": cannot be written: " + std::strerror(errno));
+}
+
+int judge(const Options &options)
+{
+    const std::string module = modulePath();
+    if (!std::filesystem::exists(module))
+        throw std::runtime_error(module + ": missing; is the program installed completely?");
+
+    Judge judge(options.library, options.limit, std::cout);
+    const ServiceTrial trial(libraryPath(options.library), module);
+    const Report &report = judge.judge([&](const Past &past, Witness &witness) {
+        Order order;
+        order.groups = options.groups;
+        order.adapters = options.adapters;
+        order.isReadOnly = options.isReadOnly;
+        order.patience = options.patience;
+        order.isDone = [&past](const std::string &title) { return past.report.has(title); };
+        order.settings = past.settings;
+        trial.run(order, witness);
+    });
+    report.printSummary(std::cout);
+    write(options.tapFile, report, &Report::writeTap);
+    write(options.junitFile, report, &Report::writeJunit);
+    return report.hasFailed() ? Broken : Kept;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::string error;
+    const std::optional<Options> options = Options::read({argv + 1, argv + argc}, &error);
+    if (!options) {
+        std::cerr << "panelsettings-conformance: " << error << "\n\n" << Options::help();
+        return WrongUsage;
+    }
+    if (options->isHelpWanted) {
+        std::cout << Options::help();
+        return Kept;
+    }
+    if (options->isListWanted) {
+        printList(std::cout);
+        return Kept;
+    }
+    try {
+        return judge(*options);
+    } catch (const std::exception &failure) {
+        std::cerr << "panelsettings-conformance: " << failure.what() << '\n';
+        return NotDone;
+    }
+}

@@ -1,0 +1,144 @@
+#include "conformance/options.h"
+
+#include "conformance/adapternames.h"
+#include "conformance/checklist.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace Conformance {
+
+namespace {
+
+constexpr int LongestSeconds = 3600;
+
+bool isGroup(const std::string &name)
+{
+    return std::any_of(ServiceChecks.begin(), ServiceChecks.end(),
+                       [&name](const CheckInfo &check) { return name == check.group; });
+}
+
+/// The parts of a list with commas; of an empty text one that is empty.
+std::vector<std::string> partsOf(const std::string &list)
+{
+    std::vector<std::string> parts(1);
+    for (const char character : list) {
+        if (character == ',')
+            parts.emplace_back();
+        else
+            parts.back() += character;
+    }
+    return parts;
+}
+
+bool readGroups(const std::string &list, std::set<std::string> *groups)
+{
+    for (const std::string &name : partsOf(list)) {
+        if (!isGroup(name))
+            return false;
+        groups->insert(name);
+    }
+    return true;
+}
+
+bool readAdapters(const std::string &list, int *mask)
+{
+    *mask = 0;
+    for (std::string name : partsOf(list)) {
+        std::transform(name.begin(), name.end(), name.begin(), [](char character) {
+            return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
+                                                        : character;
+        });
+        const auto adapter = std::find_if(AdapterNames.begin(), AdapterNames.end(),
+                                          [&name](const AdapterName &known) { return name == known.name; });
+        if (adapter == AdapterNames.end())
+            return false;
+        *mask |= adapter->nic;
+    }
+    return true;
+}
+
+bool readSeconds(const std::string &text, std::chrono::seconds *seconds)
+{
+    int number = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    *seconds = std::chrono::seconds(number);
+    return error == std::errc() && stop == end && number >= 1 && number <= LongestSeconds;
+}
+
+} // namespace
+
+std::optional<Options> Options::read(const std::vector<std::string> &arguments, std::string *error)
+{
+    Options options;
+    options.adapters = EveryAdapter;
+    const auto fail = [error](const std::string &what) {
+        *error = what;
+        return std::nullopt;
+    };
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        const std::string &name = *argument;
+        if (name == "--help" || name == "-h") {
+            options.isHelpWanted = true;
+        } else if (name == "--list") {
+            options.isListWanted = true;
+        } else if (name == "--read-only") {
+            options.isReadOnly = true;
+        } else if (name.size() < 2 || name.compare(0, 2, "--") != 0) {
+            if (!options.library.empty() || name.empty())
+                return fail(name + ": one library is judged at a time");
+            options.library = name;
+        } else {
+            const std::string value = argument + 1 == arguments.end() ? std::string() : *++argument;
+            if (name == "--group" && !readGroups(value, &options.groups))
+                return fail(name + ": not a group: " + value + "; --list shows them");
+            if (name == "--adapters" && !readAdapters(value, &options.adapters))
+                return fail(name + ": takes lan0, lan1, wifi, 4g and vpn, with commas: " + value);
+            if (name == "--patience" && !readSeconds(value, &options.patience))
+                return fail(name + ": takes seconds, 1 to 3600: " + value);
+            if (name == "--limit" && !readSeconds(value, &options.limit))
+                return fail(name + ": takes seconds, 1 to 3600: " + value);
+            if ((name == "--tap" || name == "--junit") && value.empty())
+                return fail(name + ": needs a file");
+            if (name == "--tap")
+                options.tapFile = value;
+            else if (name == "--junit")
+                options.junitFile = value;
+            else if (name != "--group" && name != "--adapters" && name != "--patience" && name != "--limit")
+                return fail(name + ": unknown option");
+        }
+    }
+    if (options.library.empty() && !options.isListWanted && !options.isHelpWanted)
+        return fail("which library?");
+    return options;
+}
+
+std::string Options::help()
+{
+    return R"(Usage: panelsettings-conformance [OPTIONS] LIBRARY
+       panelsettings-conformance --list
+
+Puts a service library of a panel (libhmisystemset.so, by its path) through the
+contract of the settings screen, in a process of its own.
+
+  --list               show the groups and checks, and judge nothing
+  --group NAME[,...]   only these groups; members, life and panel are always made
+  --adapters NAME[,...]
+                       only these adapters of the panel: lan0, lan1, wifi, 4g, vpn
+  --read-only          only what changes nothing
+  --patience SECONDS   wait no longer for a report (60)
+  --limit SECONDS      a library that keeps a check from going on for so long hangs (30)
+  --tap FILE           write the results as TAP, too
+  --junit FILE         write the results as JUnit XML, too
+  --help               show this
+
+It changes settings of the panel and puts them back; resetting Wi-Fi forgets the
+stored passwords, and adapters are switched off and on. It never restarts the panel.
+
+Ends with 0 when the contract is kept, 1 when a check failed, 2 when the command
+line is wrong, 3 when the program could not do its work.
+)";
+}
+
+} // namespace Conformance
