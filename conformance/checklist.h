@@ -77,6 +77,9 @@ inline constexpr std::array ServiceChecks = {
     CheckInfo{"wifi", "replaced", HMI::SystemSet::WIFI, Effect::Changes, "a new attempt replaces the one under way"},
     CheckInfo{"wifi", "reset", HMI::SystemSet::WIFI, Effect::Changes, "a reset forgets networks and passwords, then delivers a scan"},
 
+    // Of all requests made by then.
+    CheckInfo{"requests", "once", NoAdapter, Effect::Looks, "leases, pings and scans are reported once"},
+
     CheckInfo{"panel", "restored", NoAdapter, Effect::Changes, "the panel is again as it was"},
     CheckInfo{"life", "silence", NoAdapter, Effect::Looks, "no report comes after the service has ended"},
     CheckInfo{"life", "end", NoAdapter, Effect::Looks, "the service ends, in time and without a crash"},

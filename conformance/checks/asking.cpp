@@ -47,7 +47,7 @@ ListReports askForReset()
 
 JoinReports askToJoin(const HMI::SSID &ssid, const std::string &password)
 {
-    auto reports = std::make_shared<Mailbox<SystemSet::StateWifi>>("connectWifi");
+    auto reports = std::make_shared<Mailbox<SystemSet::StateWifi>>("connectWifi", Reports::Several);
     service().connectWifi(ssid, password, listener(reports));
     reports->returned();
     return reports;

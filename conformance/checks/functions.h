@@ -47,6 +47,7 @@ void speedAdapter(Check &check);
 void requestsAtOnce(Check &check);
 void requestsCallingBack(Check &check);
 void requestsUnheard(Check &check);
+void requestsOnce(Check &check);
 
 void wifiLink(Check &check);
 void wifiScan(Check &check);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "conformance/checks/endwatch.h"
+#include "conformance/checks/repeats.h"
 
 #include <deque>
 #include <memory>
@@ -9,13 +10,18 @@
 
 namespace Conformance {
 
+/// Whether a request reports once, or as it goes on.
+enum class Reports { Once, Several };
+
 /// The reports of one request, as they come, from whatever thread. The function given to the service shares it, so
 /// that a report that comes after its check has ended finds it alive.
 template <class Report> class Mailbox
 {
 public:
     /// Made by the thread that asks, just before it does; @p operation is a literal.
-    explicit Mailbox(const char *operation) : m_operation(operation) {}
+    explicit Mailbox(const char *operation, Reports reports = Reports::Once)
+        : m_operation(operation), m_isOnce(reports == Reports::Once)
+    {}
 
     void put(Report report)
     {
@@ -25,6 +31,8 @@ public:
         if (m_reports.empty()) {
             m_after = after;
             m_isForeign = std::this_thread::get_id() != m_asker;
+        } else if (m_isOnce) {
+            noteRepeat(m_operation);
         }
         m_reports.push_back(std::move(report));
     }
@@ -62,6 +70,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     const char *m_operation;
+    const bool m_isOnce;
     const std::thread::id m_asker = std::this_thread::get_id();
     const Clock::time_point m_asked = Clock::now();
     mutable std::mutex m_mutex;

@@ -70,4 +70,10 @@ void Checks::requestsUnheard(Check &check)
     waitForReport(check, "setDHCP", *askForDhcp(static_cast<SystemSet::NIC>(NoAdapter), false), LeaseLimit);
 }
 
+void Checks::requestsOnce(Check &check)
+{
+    if (const char *operation = firstRepeat())
+        check.warned(operation, "one report", "more than one");
+}
+
 } // namespace Conformance

@@ -61,6 +61,7 @@ constexpr std::array Functions = {
     Made{"wifi", "unknown", &Checks::wifiUnknown},
     Made{"wifi", "replaced", &Checks::wifiReplaced},
     Made{"wifi", "reset", &Checks::wifiReset},
+    Made{"requests", "once", &Checks::requestsOnce},
 };
 
 // Loading and starting come before the first that has a function; restoring and ending after the last.

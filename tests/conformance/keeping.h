@@ -12,4 +12,7 @@ std::function<void(bool)> &lastPing();
 void keepLevel(int level);
 std::optional<int> keptLevel();
 
+/// Everything that checks must put back, as the panel really is, as one line in the file that PANEL_STATE names.
+void writeState();
+
 } // namespace Mutants

@@ -7,7 +7,6 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <thread>
 
@@ -38,24 +37,6 @@ void prepare()
         HmiSimulator::setBright(*level);
 }
 
-/// Everything that checks must put back, as the panel really is, as one line in the file that PANEL_STATE names.
-void writeState()
-{
-    const char *name = std::getenv("PANEL_STATE");
-    if (name == nullptr)
-        return;
-    const HmiSimulator::Panel panel = HmiSimulator::panel();
-    std::ofstream file(name, std::ios::app);
-    for (const auto &[nic, adapter] : panel.adapters) {
-        file << nic << ' ' << adapter.enabled << ' ' << adapter.dhcp << ' ' << adapter.live.ip << ' '
-             << adapter.stored.ip << ' ' << adapter.stored.mask << ' ' << adapter.stored.gateway << ' '
-             << adapter.dns.first << ' ' << adapter.dns.second << ", ";
-    }
-    file << panel.defaultNic << ' ' << panel.vpn.server << ' ' << panel.bright << ' ' << panel.savedBright
-         << ' ' << panel.buzzer << ' ' << panel.language << ' ' << panel.wifi.connected << ' '
-         << panel.wifi.joined << '\n';
-}
-
 } // namespace
 
 SystemSet::SystemSet()
@@ -66,7 +47,6 @@ SystemSet::SystemSet()
         std::abort();
     original<void(SystemSet *)>("SystemSet")(this);
     prepare();
-    writeState();
 }
 
 SystemSet::~SystemSet()
@@ -79,7 +59,7 @@ SystemSet::~SystemSet()
     original<void(SystemSet *)>("~SystemSet")(this);
     if (is(Mutant::ReportAfterEnd)) {
         std::thread([] {
-            sleep(50);
+            sleep(5);
             lastPing()(false);
         }).detach();
     }
