@@ -2,6 +2,7 @@
 
 #include "conformance/adapternames.h"
 #include "conformance/checklist.h"
+#include "conformance/keyboard/keyboardchecklist.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,10 +13,10 @@ namespace {
 
 constexpr int LongestSeconds = 3600;
 
-bool isGroup(const std::string &name)
+template <class Checks> bool isGroupOf(const Checks &checks, const std::string &name)
 {
-    return std::any_of(ServiceChecks.begin(), ServiceChecks.end(),
-                       [&name](const CheckInfo &check) { return name == check.group; });
+    return std::any_of(checks.begin(), checks.end(),
+                       [&name](const auto &check) { return name == check.group; });
 }
 
 /// The parts of a list with commas; of an empty text one that is empty.
@@ -31,14 +32,14 @@ std::vector<std::string> partsOf(const std::string &list)
     return parts;
 }
 
-bool readGroups(const std::string &list, std::set<std::string> *groups)
+/// The first of the groups that there is not, or nothing.
+std::optional<std::string> unknownGroup(const Options &options)
 {
-    for (const std::string &name : partsOf(list)) {
-        if (!isGroup(name))
-            return false;
-        groups->insert(name);
+    for (const std::string &name : options.groups) {
+        if (!(options.isKeyboard ? isGroupOf(KeyboardChecks, name) : isGroupOf(ServiceChecks, name)))
+            return name;
     }
-    return true;
+    return std::nullopt;
 }
 
 bool readAdapters(const std::string &list, int *mask)
@@ -85,14 +86,18 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
             options.isListWanted = true;
         } else if (name == "--read-only") {
             options.isReadOnly = true;
+        } else if (name == "--keyboard") {
+            options.isKeyboard = true;
         } else if (name.size() < 2 || name.compare(0, 2, "--") != 0) {
             if (!options.library.empty() || name.empty())
                 return fail(name + ": one library is judged at a time");
             options.library = name;
         } else {
             const std::string value = argument + 1 == arguments.end() ? std::string() : *++argument;
-            if (name == "--group" && !readGroups(value, &options.groups))
-                return fail(name + ": not a group: " + value + "; --list shows them");
+            if (name == "--group") {
+                const std::vector<std::string> groups = partsOf(value);
+                options.groups.insert(groups.begin(), groups.end());
+            }
             if (name == "--adapters" && !readAdapters(value, &options.adapters))
                 return fail(name + ": takes lan0, lan1, wifi, 4g and vpn, with commas: " + value);
             if (name == "--patience" && !readSeconds(value, &options.patience))
@@ -109,6 +114,10 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
                 return fail(name + ": unknown option");
         }
     }
+    if (const std::optional<std::string> unknown = unknownGroup(options))
+        return fail("--group: not a group: " + *unknown + "; --list shows them");
+    if (options.isKeyboard && (options.isReadOnly || options.adapters != EveryAdapter))
+        return fail("--keyboard: goes without --read-only and --adapters, which are about the service");
     if (options.library.empty() && !options.isListWanted && !options.isHelpWanted)
         return fail("which library?");
     return options;
@@ -117,13 +126,17 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
 std::string Options::help()
 {
     return R"(Usage: panelsettings-conformance [OPTIONS] LIBRARY
-       panelsettings-conformance --list
+       panelsettings-conformance --keyboard [OPTIONS] LIBRARY
+       panelsettings-conformance [--keyboard] --list
 
 Puts a service library of a panel (libhmisystemset.so, by its path) through the
 contract of the settings screen, in a process of its own.
 
+  --keyboard           the library is an on-screen keyboard (libqvkbpluginloader.so);
+                       needs no display, and nothing of the panel is changed
   --list               show the groups and checks, and judge nothing
-  --group NAME[,...]   only these groups; members, life and panel are always made
+  --group NAME[,...]   only these groups; members, life and panel are always made,
+                       of a keyboard library and life
   --adapters NAME[,...]
                        only these adapters of the panel: lan0, lan1, wifi, 4g, vpn
   --read-only          only what changes nothing
@@ -133,7 +146,7 @@ contract of the settings screen, in a process of its own.
   --junit FILE         write the results as JUnit XML, too
   --help               show this
 
-It changes settings of the panel and puts them back; resetting Wi-Fi forgets the
+Of a service it changes settings of the panel and puts them back; resetting Wi-Fi forgets the
 stored passwords, and adapters are switched off and on. It never restarts the panel.
 
 Ends with 0 when the contract is kept, 1 when a check failed, 2 when the command

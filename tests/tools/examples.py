@@ -107,15 +107,16 @@ class Examples:
         if "libhmisystemset.so" not in done.stderr and "libqvkbpluginloader.so" not in done.stderr:
             raise Failure(f"{program.name} does not name the library that is missing: {done.stderr}")
 
-    def judge(self, library, told, expected):
+    def judge(self, library, told, *options, expected):
         program = self.prefix / "bin/panelsettings-conformance"
-        said = run(program, library, env=self.environment(), expected=expected).stdout
+        said = run(program, *options, library, env=self.environment(), expected=expected).stdout
         if (self.sources / "service" / told).read_text(encoding="utf-8") not in said:
             raise Failure(f"{library}: not what {told} tells of: {said}")
 
     def check_service_and_hosts(self):
         service, keyboard = self.build("service"), self.build("keyboard")
         self.judge(service / "libhmisystemset.so", "kept.txt", expected=0)
+        self.judge(keyboard / "libqvkbpluginloader.so", "../keyboard/kept.txt", "--keyboard", expected=0)
         # A library, but not of this kind.
         self.judge(keyboard / "libqvkbpluginloader.so", "broken.txt", expected=1)
         hosts = self.build("host", SETTINGS_SERVICE=service / "libhmisystemset.so")
