@@ -18,6 +18,14 @@ KEYBOARD = "libqvkbpluginloader.so"
 PLUGIN = "libpanelsettings.so"
 
 
+def call(*command, **arguments):
+    """Runs a program that has to succeed; returns what it said."""
+    done = subprocess.run(command, capture_output=True, text=True, check=False, **arguments)
+    if done.returncode != 0:
+        raise AssertionError(done.stdout + done.stderr)
+    return done.stdout
+
+
 def install(prefix, component=None, destdir=None):
     """Installs everything, or one component; what lies there stays."""
     part = ["--component", component] if component else []

@@ -28,13 +28,16 @@ COMPONENTS = {
     "simulator": [f"{STANDINS}/{SERVICE}", r"share/panelsettings/scenarios/[\w-]+\.json"],
     "keyboard": [f"{STANDINS}/{KEYBOARD}"],
     "host": ["bin/panel-host"],
-    "conformance": ["bin/panelsettings-conformance"] if os.environ["PANEL_HAS_CONFORMANCE"] == "1" else [],
+    "conformance": ["bin/panelsettings-conformance", rf"{LIBRARIES}/panelsettings/conformance-[\w-]+\.so"],
     "doc": [
         f"{DOCUMENTS}/README.md",
         f"{DOCUMENTS}/CHANGELOG.md",
         rf"{DOCUMENTS}/docs/.+",
     ],
 }
+
+if os.environ["PANEL_HAS_CONFORMANCE"] != "1":
+    COMPONENTS["conformance"] = []
 
 
 class Components(unittest.TestCase):
@@ -57,10 +60,10 @@ class Components(unittest.TestCase):
             own = pathlib.Path(stage, "usr", LIBRARIES)
             own.mkdir(parents=True)
             for name in (SERVICE, KEYBOARD):
-                (own / name).write_text("the panel's", encoding="utf-8")
+                (own / name).write_bytes(b"the panel's")
             installation.install("/usr", destdir=stage)
             for name in (SERVICE, KEYBOARD):
-                self.assertEqual((own / name).read_text(encoding="utf-8"), "the panel's")
+                self.assertEqual((own / name).read_bytes(), b"the panel's")
                 found = {file.parent for file in installation.files_of(stage) if file.name == name}
                 self.assertEqual(found, {pathlib.Path("usr", place) for place in (LIBRARIES, STANDINS)})
 

@@ -4,22 +4,14 @@ import os
 import pathlib
 import re
 import shlex
-import subprocess
 import unittest
 
 import installation
-from installation import LIBRARIES, PREFIX, STANDINS
+from installation import LIBRARIES, PREFIX, STANDINS, call
 
 CONSUMER = pathlib.Path(__file__).parent / "consumer"
 VERSION = os.environ["PANEL_VERSION"]
 WITH_PC = dict(os.environ, PKG_CONFIG_PATH=str(PREFIX / LIBRARIES / "pkgconfig"))
-
-
-def call(*command, **arguments):
-    done = subprocess.run(command, capture_output=True, text=True, check=False, **arguments)
-    if done.returncode != 0:
-        raise AssertionError(done.stdout + done.stderr)
-    return done.stdout
 
 
 def configure(build):

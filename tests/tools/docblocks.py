@@ -141,7 +141,7 @@ class Programs:
     def test(self, words):
         _, usage = self.output(self.root / "test", "--help")
         _, ctest = self.output(pathlib.Path(self.cmake).with_name("ctest"), "--help")
-        kinds = set(re.findall(r"^  (\w+) ", usage, re.MULTILINE))
+        kinds = set(re.findall(r"^  ([\w-]+) ", usage, re.MULTILINE))
         rest = words[1:]
         if rest and not rest[0].startswith("-"):
             if rest.pop(0) not in kinds:
