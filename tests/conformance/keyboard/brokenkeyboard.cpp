@@ -43,6 +43,7 @@ void BrokenKeyboard::initialize(QQuickWindow *window, int z)
 void BrokenKeyboard::breakPopup()
 {
     QQuickPopup *popup = m_keyboard->popup();
+    m_item = m_keyboard->item();
     connect(popup, &QQuickPopup::visibleChanged, this, &BrokenKeyboard::whenVisibleChanged);
     if (is("popup.focus"))
         popup->setFocus(true);
@@ -51,7 +52,7 @@ void BrokenKeyboard::breakPopup()
     if (is("popup.place"))
         popup->setY(popup->window()->height() - popup->height() - LowerByPixels);
     if (is("keys.mouse"))
-        m_keyboard->item()->setAcceptedMouseButtons(Qt::NoButton);
+        m_item->setAcceptedMouseButtons(Qt::NoButton);
 }
 
 void BrokenKeyboard::whenVisibleChanged()
@@ -122,15 +123,14 @@ bool BrokenKeyboard::isVisible()
 
 bool BrokenKeyboard::eventFilter(QObject *watched, QEvent *event)
 {
-    const QQuickItem *item = m_keyboard->item();
-    if (!item || !item->window())
+    if (!m_item || !m_item->window())
         return false;
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
         const auto *target = qobject_cast<QQuickItem *>(watched);
-        return target && target->window() == item->window() &&
+        return target && target->window() == m_item->window() &&
                breakKey(watched, static_cast<QKeyEvent *>(event));
     }
-    return watched == item && breakTouch(event);
+    return watched == m_item && breakTouch(event);
 }
 
 bool BrokenKeyboard::breakKey(QObject *watched, QKeyEvent *event)
@@ -159,7 +159,7 @@ bool BrokenKeyboard::breakKey(QObject *watched, QKeyEvent *event)
     if (is("keys.hide") && event->key() == HideKeyCode)
         return sendInstead(watched, Qt::Key_Escape);
     if (is("keys.focus") && isPress && text == QLatin1String("1"))
-        m_keyboard->item()->forceActiveFocus();
+        m_item->forceActiveFocus();
     if (is("keys.target") && text == QLatin1String("1")) {
         if (!m_firstTarget)
             m_firstTarget = qobject_cast<QQuickItem *>(watched);
@@ -174,7 +174,7 @@ bool BrokenKeyboard::breakTouch(QEvent *event)
     if (!is("popup.below") ||
         (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::TouchBegin))
         return false;
-    QQuickItem *content = m_keyboard->item()->window()->contentItem();
+    QQuickItem *content = m_item->window()->contentItem();
     QQuickItem *below = content->childItems().constFirst();
     QCoreApplication::sendEvent(below, event);
     return false;

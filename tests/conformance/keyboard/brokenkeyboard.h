@@ -35,6 +35,8 @@ private:
     bool breakTouch(QEvent *event);
 
     std::unique_ptr<StandIn::StandInKeyboard> m_keyboard = std::make_unique<StandIn::StandInKeyboard>();
+    /// Of the popup; kept, because events also come while the popup dies.
+    QPointer<QQuickItem> m_item;
     VkbLayoutType m_type = VkbFullKeyboard;
     bool m_wasInitialized = false;
     bool m_isStriking = false;
