@@ -28,12 +28,24 @@ class Host(unittest.TestCase):
             )
 
     def test_takes_the_panels_own_when_told_to(self):
-        with installation.temporary_directory() as own:
+        standins = installation.PREFIX / STANDINS
+        for wanted in ({SERVICE}, {KEYBOARD}, {SERVICE, KEYBOARD}):
+            with self.subTest(wanted), installation.temporary_directory() as own:
+                for name in wanted:
+                    shutil.copy(standins / name, own)
+                found = installation.host_libraries(installation.PREFIX, LD_LIBRARY_PATH=own)
+                for name in (SERVICE, KEYBOARD):
+                    self.assertEqual(found[name], (pathlib.Path(own) if name in wanted else standins) / name)
+
+    def test_keeps_to_the_simulated_panel_until_told(self):
+        with installation.temporary_directory() as directory:
+            prefix = pathlib.Path(directory, "panel")
+            shutil.copytree(installation.PREFIX, prefix)
             for name in (SERVICE, KEYBOARD):
-                with self.subTest(name):
-                    shutil.copy(installation.PREFIX / STANDINS / name, own)
-                    found = installation.host_libraries(installation.PREFIX, LD_LIBRARY_PATH=own)
-                    self.assertEqual(found[name], pathlib.Path(own, name))
+                shutil.copy(prefix / STANDINS / name, prefix / LIBRARIES)
+            found = installation.host_libraries(prefix)
+            for name in (SERVICE, KEYBOARD):
+                self.assertEqual(found[name], prefix / STANDINS / name)
 
     def test_takes_the_panels_own_where_the_stand_ins_were_left_out(self):
         with installation.temporary_directory() as prefix:
