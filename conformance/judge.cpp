@@ -10,8 +10,14 @@ const Report &Judge::judge(const Work &work)
 {
     // Each process that dies leaves a result that the next one has no need to ask for, or it is the last.
     for (std::size_t known = 0;; known = m_report.results().size()) {
-        Worker worker([this, &work](Witness &witness) { work({m_report, m_settings}, witness); });
-        if (watch(worker) == Outcome::Done || m_report.results().size() == known)
+        Worker worker([this, &work](Witness &witness) {
+            work({m_report, m_settings, m_isInterrupted}, witness);
+        });
+        const bool wasInterrupted = m_isInterrupted;
+        const Outcome outcome = watch(worker);
+        if (m_isInterrupted && !wasInterrupted)
+            continue; // with a process that puts the panel back
+        if (outcome == Outcome::Done || m_report.results().size() == known)
             return m_report;
     }
 }
@@ -20,13 +26,18 @@ Judge::Outcome Judge::watch(Worker &worker)
 {
     m_running.reset();
     Fields message;
+    const auto patience =
+        m_isInterrupted ? Worker::Patience::UntilTheEnd : Worker::Patience::UntilInterrupted;
     for (;;) {
-        switch (worker.wait(m_limit, &message)) {
+        switch (worker.wait(m_limit, patience, &message)) {
         case Worker::Event::Message:
             take(message);
             break;
         case Worker::Event::Silence:
             return conclude("has hung for " + std::to_string(m_limit.count()) + " ms");
+        case Worker::Event::Interruption:
+            m_isInterrupted = true;
+            return breakOff();
         case Worker::Event::Ended:
             return conclude(worker.end());
         }
@@ -63,6 +74,16 @@ Judge::Outcome Judge::conclude(const std::string &ending)
     if (m_running)
         add(*m_running);
     return isLast ? Outcome::Done : Outcome::Died;
+}
+
+Judge::Outcome Judge::breakOff()
+{
+    if (!m_running)
+        return Outcome::Died;
+    m_running->verdict = Verdict::Skipped;
+    m_running->notes.emplace_back("interrupted");
+    add(*m_running);
+    return Outcome::Died;
 }
 
 void Judge::add(const Result &result)

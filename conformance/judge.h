@@ -11,6 +11,7 @@ namespace Conformance {
 struct Past {
     const Report &report;
     const std::string &settings; ///< what Witness::keep() was told
+    bool isInterrupted;          ///< nothing is left to be done but to put the panel back
 };
 
 /// Lets a library be tried in a process of its own and collects the results. A process that crashes, hangs or exits
@@ -27,12 +28,15 @@ public:
 
     /// Lets @p work be done in as many processes as it needs.
     const Report &judge(const Work &work);
+    /// Whether it was broken off by who started the program.
+    bool isInterrupted() const { return m_isInterrupted; }
 
 private:
     enum class Outcome { Done, Died };
     Outcome watch(Worker &worker);
     void take(const Fields &message);
     Outcome conclude(const std::string &ending);
+    Outcome breakOff();
     void add(const Result &result);
 
     Report m_report;
@@ -40,6 +44,7 @@ private:
     std::ostream &m_out;
     std::string m_settings;
     std::optional<Result> m_running;
+    bool m_isInterrupted = false;
 };
 
 } // namespace Conformance

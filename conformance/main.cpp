@@ -1,4 +1,5 @@
 #include "conformance/checklist.h"
+#include "conformance/interruption.h"
 #include "conformance/judge.h"
 #include "conformance/keyboard/keyboardchecklist.h"
 #include "conformance/keyboard/keyboardtrial.h"
@@ -71,7 +72,7 @@ Judge::Work serviceWork(const Options &options)
     const ServiceTrial trial(libraryPath(options.library), modulePath(PANEL_CONFORMANCE_CHECKS));
     return [&options, trial](const Past &past, Witness &witness) {
         Order order;
-        order.groups = options.groups;
+        order.groups = past.isInterrupted ? std::set<std::string>{"panel"} : options.groups;
         order.adapters = options.adapters;
         order.isReadOnly = options.isReadOnly;
         order.patience = options.patience;
@@ -85,6 +86,9 @@ Judge::Work keyboardWork(const Options &options)
 {
     const KeyboardTrial trial(modulePath(PANEL_CONFORMANCE_KEYBOARD));
     return [&options, trial](const Past &past, Witness &witness) {
+        // A keyboard has nothing that would have to be put back.
+        if (past.isInterrupted)
+            return;
         KeyboardOrder order;
         order.library = libraryPath(options.library);
         order.groups = options.groups;
@@ -95,11 +99,16 @@ Judge::Work keyboardWork(const Options &options)
 
 int judge(const Options &options)
 {
+    const Judge::Work work = options.isKeyboard ? keyboardWork(options) : serviceWork(options);
     Judge judge(options.library, options.limit, std::cout);
-    const Report &report = judge.judge(options.isKeyboard ? keyboardWork(options) : serviceWork(options));
+    Interruption::watch();
+    const Report &report = judge.judge(work);
     report.printSummary(std::cout);
     write(options.tapFile, report, &Report::writeTap);
     write(options.junitFile, report, &Report::writeJunit);
+    if (judge.isInterrupted())
+        throw std::runtime_error(options.isKeyboard ? "interrupted"
+                                                    : "interrupted, after the panel was put back");
     return report.hasFailed() ? Broken : Kept;
 }
 

@@ -68,16 +68,37 @@ bool readSeconds(const std::string &text, std::chrono::seconds *seconds)
     return error == std::errc() && stop == end && number >= 1 && number <= LongestSeconds;
 }
 
+/// Takes the value of an option. Says what is wrong with it, if anything is.
+std::string take(const std::string &name, const std::string &value, Options *options)
+{
+    const auto unless = [&value](bool isRight, const std::string &complaint) {
+        return isRight ? std::string() : complaint + value;
+    };
+    if (name == "--group") {
+        const std::vector<std::string> groups = partsOf(value);
+        options->groups.insert(groups.begin(), groups.end());
+        return {};
+    }
+    if (name == "--adapters")
+        return unless(readAdapters(value, &options->adapters),
+                      "takes lan0, lan1, wifi, 4g and vpn, with commas: ");
+    if (name == "--patience" || name == "--limit") {
+        std::chrono::seconds &seconds = name == "--limit" ? options->limit : options->patience;
+        return unless(readSeconds(value, &seconds), "takes seconds, 1 to 3600: ");
+    }
+    if (name == "--tap" || name == "--junit") {
+        (name == "--tap" ? options->tapFile : options->junitFile) = value;
+        return unless(!value.empty(), "needs a file");
+    }
+    return "unknown option";
+}
+
 } // namespace
 
 std::optional<Options> Options::read(const std::vector<std::string> &arguments, std::string *error)
 {
     Options options;
     options.adapters = EveryAdapter;
-    const auto fail = [error](const std::string &what) {
-        *error = what;
-        return std::nullopt;
-    };
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         const std::string &name = *argument;
         if (name == "--help" || name == "-h") {
@@ -88,38 +109,32 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
             options.isReadOnly = true;
         } else if (name == "--keyboard") {
             options.isKeyboard = true;
-        } else if (name.size() < 2 || name.compare(0, 2, "--") != 0) {
-            if (!options.library.empty() || name.empty())
-                return fail(name + ": one library is judged at a time");
+        } else if (name.compare(0, 1, "-") == 0) {
+            const bool hasValue = argument + 1 != arguments.end();
+            const std::string complaint = take(name, hasValue ? *++argument : std::string(), &options);
+            if (!complaint.empty()) {
+                *error = name + ": " + complaint;
+                return std::nullopt;
+            }
+        } else if (options.library.empty() && !name.empty()) {
             options.library = name;
         } else {
-            const std::string value = argument + 1 == arguments.end() ? std::string() : *++argument;
-            if (name == "--group") {
-                const std::vector<std::string> groups = partsOf(value);
-                options.groups.insert(groups.begin(), groups.end());
-            }
-            if (name == "--adapters" && !readAdapters(value, &options.adapters))
-                return fail(name + ": takes lan0, lan1, wifi, 4g and vpn, with commas: " + value);
-            if (name == "--patience" && !readSeconds(value, &options.patience))
-                return fail(name + ": takes seconds, 1 to 3600: " + value);
-            if (name == "--limit" && !readSeconds(value, &options.limit))
-                return fail(name + ": takes seconds, 1 to 3600: " + value);
-            if ((name == "--tap" || name == "--junit") && value.empty())
-                return fail(name + ": needs a file");
-            if (name == "--tap")
-                options.tapFile = value;
-            else if (name == "--junit")
-                options.junitFile = value;
-            else if (name != "--group" && name != "--adapters" && name != "--patience" && name != "--limit")
-                return fail(name + ": unknown option");
+            *error = name + ": one library is judged at a time";
+            return std::nullopt;
         }
     }
-    if (const std::optional<std::string> unknown = unknownGroup(options))
-        return fail("--group: not a group: " + *unknown + "; --list shows them");
-    if (options.isKeyboard && (options.isReadOnly || options.adapters != EveryAdapter))
-        return fail("--keyboard: goes without --read-only and --adapters, which are about the service");
-    if (options.library.empty() && !options.isListWanted && !options.isHelpWanted)
-        return fail("which library?");
+    if (const std::optional<std::string> unknown = unknownGroup(options)) {
+        *error = "--group: not a group, --list shows them: " + *unknown;
+        return std::nullopt;
+    }
+    if (options.isKeyboard && (options.isReadOnly || options.adapters != EveryAdapter)) {
+        *error = "--keyboard: goes without --read-only and --adapters, which are about the service";
+        return std::nullopt;
+    }
+    if (options.library.empty() && !options.isListWanted && !options.isHelpWanted) {
+        *error = "which library?";
+        return std::nullopt;
+    }
     return options;
 }
 

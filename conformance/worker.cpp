@@ -1,5 +1,6 @@
 #include "conformance/worker.h"
 
+#include "conformance/interruption.h"
 #include "conformance/pipewitness.h"
 
 #include <array>
@@ -20,6 +21,8 @@ namespace {
 
 [[noreturn]] void workIn(int descriptor, const Worker::Work &work)
 {
+    // On a terminal, Ctrl-C is for all processes; this one is needed until it is replaced.
+    Interruption::ignore();
     // What a library prints must not come between the results.
     dup2(STDERR_FILENO, STDOUT_FILENO);
     // Statics outlive it, and some of them tell: it is not destroyed.
@@ -52,15 +55,21 @@ Worker::~Worker()
     close(m_descriptor);
 }
 
-Worker::Event Worker::wait(std::chrono::milliseconds limit, Fields *message)
+Worker::Event Worker::wait(std::chrono::milliseconds limit, Patience patience, Fields *message)
 {
+    constexpr std::chrono::milliseconds Step{100};
+    std::chrono::milliseconds waited{0};
     while (!takeLine(message)) {
-        pollfd waited{m_descriptor, POLLIN, 0};
-        const int ready = poll(&waited, 1, static_cast<int>(limit.count()));
-        if (ready == 0)
-            return Event::Silence;
+        if (patience == Patience::UntilInterrupted && Interruption::isAsked())
+            return Event::Interruption;
+        if (waitForBytes(Step) == Readiness::NotYet) {
+            waited += Step;
+            if (waited >= limit)
+                return Event::Silence;
+            continue;
+        }
         std::array<char, 4096> bytes{};
-        const ssize_t count = ready < 0 ? -1 : read(m_descriptor, bytes.data(), bytes.size());
+        const ssize_t count = read(m_descriptor, bytes.data(), bytes.size());
         if (count == 0)
             return Event::Ended;
         if (count > 0)
@@ -69,6 +78,12 @@ Worker::Event Worker::wait(std::chrono::milliseconds limit, Fields *message)
             throw std::system_error(errno, std::generic_category(), "pipe");
     }
     return Event::Message;
+}
+
+Worker::Readiness Worker::waitForBytes(std::chrono::milliseconds limit) const
+{
+    pollfd waited{m_descriptor, POLLIN, 0};
+    return poll(&waited, 1, static_cast<int>(limit.count())) > 0 ? Readiness::Ready : Readiness::NotYet;
 }
 
 std::string Worker::end()

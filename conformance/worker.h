@@ -25,16 +25,21 @@ public:
     Worker &operator=(const Worker &) = delete;
 
     enum class Event {
-        Message, ///< the process has told something
-        Silence, ///< it has told nothing for too long
+        Message,      ///< the process has told something
+        Silence,      ///< it has told nothing for too long
+        Interruption, ///< this program is asked to end
         Ended,
     };
+    /// Whether a wait ends when this program is asked to end.
+    enum class Patience { UntilInterrupted, UntilTheEnd };
     /// Waits for the next event; @p message gets what was told.
-    Event wait(std::chrono::milliseconds limit, Fields *message);
+    Event wait(std::chrono::milliseconds limit, Patience patience, Fields *message);
     /// How the process ended, once it has: "was ended by signal 11 (Segmentation fault)"; empty when it ended well.
     std::string end();
 
 private:
+    enum class Readiness { Ready, NotYet };
+    Readiness waitForBytes(std::chrono::milliseconds limit) const;
     bool takeLine(Fields *message);
     void reap(bool isKilled);
 

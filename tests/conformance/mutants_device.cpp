@@ -66,11 +66,12 @@ void SystemSet::setBright(Bright level, bool save)
     int taken = level;
     if (is(Mutant::BrightOther) && level == Level)
         taken = Level + 1;
-    if (is(Mutant::BrightCrash)) {
-        if (level == Level)
-            std::abort();
+    if (is(Mutant::BrightCrash) && level == Level)
+        std::abort();
+    while (is(Mutant::BrightHang) && level == Level)
+        sleep(1000);
+    if (is(Mutant::BrightCrash) || is(Mutant::BrightHang))
         keepLevel(level);
-    }
     if (is(Mutant::BrightOutside) && level == BRIGHT_MAX + 1)
         taken = BRIGHT_MAX;
     original<void(SystemSet *, Bright, bool)>("setBright")(this, static_cast<Bright>(taken), save);

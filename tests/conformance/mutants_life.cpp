@@ -33,7 +33,8 @@ void prepare()
         std::abort();
     }
     HmiSimulator::setDelays(QuickMilliseconds);
-    if (const std::optional<int> level = is(Mutant::BrightCrash) ? keptLevel() : std::nullopt)
+    const bool isKept = is(Mutant::BrightCrash) || is(Mutant::BrightHang);
+    if (const std::optional<int> level = isKept ? keptLevel() : std::nullopt)
         HmiSimulator::setBright(*level);
 }
 

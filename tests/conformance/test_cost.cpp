@@ -3,6 +3,8 @@
 #include "conformance/checks/cost.h"
 #include "conformance/checks/limits.h"
 
+#include <QtGui/QGuiApplication>
+
 #include <atomic>
 #include <chrono>
 #include <ctime>

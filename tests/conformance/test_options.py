@@ -4,6 +4,7 @@
 import os
 import pathlib
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -95,6 +96,27 @@ class Options(unittest.TestCase):
         done = run(LIBRARY, mutant="vpn-server-crash")
         self.assertRegex(done.stdout, r"FAILURE +vpn.server VPN\n +the process: .*(signal 11|exit code)")
         self.assertRegex(done.stdout, r"pass +wifi.reset WIFI\n")
+
+    def test_who_interrupts_it_finds_the_panel_as_it_was(self):
+        with tempfile.TemporaryDirectory() as directory:
+            state = pathlib.Path(directory, "state")
+            environment = {**os.environ, "PANEL_MUTANT": "bright-hang", "PANEL_STATE": str(state)}
+            program = subprocess.Popen([PROGRAM, "--group", "brightness", LIBRARY], env=environment, text=True,
+                                       stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
+            for line in program.stdout:
+                if "brightness.value" in line:
+                    break
+            level = pathlib.Path(directory, "state.level")
+            while not level.exists() or level.read_text(encoding="utf-8") != "16":
+                self.assertIsNone(program.poll())
+            os.killpg(program.pid, signal.SIGINT)  # as a terminal does
+            output, errors = program.communicate()
+            self.assertEqual(level.read_text(encoding="utf-8"), "20")
+        self.assertEqual(program.returncode, 3)
+        self.assertIn("interrupted", errors)
+        self.assertRegex(output, r"skipped +brightness.levels\n +interrupted\n")
+        self.assertRegex(output, r"pass +panel.restored\n")
+        self.assertNotIn("brightness.limits", output)
 
     def test_tap(self):
         with tempfile.TemporaryDirectory() as directory:

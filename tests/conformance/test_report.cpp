@@ -3,6 +3,7 @@
 #include "conformance/message.h"
 
 #include <QtCore/QXmlStreamReader>
+#include <QtGui/QGuiApplication>
 
 #include <sstream>
 
