@@ -142,7 +142,7 @@ panelConformanceKeyboardChecks(const KeyboardOrder &order, Witness &witness)
 {
     setDefault("QT_QPA_PLATFORM", "offscreen");
     setDefault("QT_QUICK_BACKEND", "software");
-    // The toolkit wants a place of its own, and warns when the session offers none.
+    // The toolkit wants a place of its own, and warns when it is offered none.
     QTemporaryDir runtimeDirectory;
     setDefault("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDirectory.path()).constData());
     char name[] = "panelsettings-conformance";
