@@ -2,6 +2,7 @@
 
 #include "conformance/adapternames.h"
 #include "conformance/checklist.h"
+#include "conformance/keyboard/keyboardchecklist.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,10 +13,10 @@ namespace {
 
 constexpr int LongestSeconds = 3600;
 
-bool isGroup(const std::string &name)
+template <class Checks> bool isGroupOf(const Checks &checks, const std::string &name)
 {
-    return std::any_of(ServiceChecks.begin(), ServiceChecks.end(),
-                       [&name](const CheckInfo &check) { return name == check.group; });
+    return std::any_of(checks.begin(), checks.end(),
+                       [&name](const auto &check) { return name == check.group; });
 }
 
 /// The parts of a list with commas; of an empty text one that is empty.
@@ -31,14 +32,14 @@ std::vector<std::string> partsOf(const std::string &list)
     return parts;
 }
 
-bool readGroups(const std::string &list, std::set<std::string> *groups)
+/// The first of the groups that there is not, or nothing.
+std::optional<std::string> unknownGroup(const Options &options)
 {
-    for (const std::string &name : partsOf(list)) {
-        if (!isGroup(name))
-            return false;
-        groups->insert(name);
+    for (const std::string &name : options.groups) {
+        if (!(options.isKeyboard ? isGroupOf(KeyboardChecks, name) : isGroupOf(ServiceChecks, name)))
+            return name;
     }
-    return true;
+    return std::nullopt;
 }
 
 bool readAdapters(const std::string &list, int *mask)
@@ -73,8 +74,11 @@ std::string take(const std::string &name, const std::string &value, Options *opt
     const auto unless = [&value](bool isRight, const std::string &complaint) {
         return isRight ? std::string() : complaint + value;
     };
-    if (name == "--group")
-        return unless(readGroups(value, &options->groups), "not a group, --list shows them: ");
+    if (name == "--group") {
+        const std::vector<std::string> groups = partsOf(value);
+        options->groups.insert(groups.begin(), groups.end());
+        return {};
+    }
     if (name == "--adapters")
         return unless(readAdapters(value, &options->adapters),
                       "takes lan0, lan1, wifi, 4g and vpn, with commas: ");
@@ -103,6 +107,8 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
             options.isListWanted = true;
         } else if (name == "--read-only") {
             options.isReadOnly = true;
+        } else if (name == "--keyboard") {
+            options.isKeyboard = true;
         } else if (name.compare(0, 1, "-") == 0) {
             const bool hasValue = argument + 1 != arguments.end();
             const std::string complaint = take(name, hasValue ? *++argument : std::string(), &options);
@@ -117,6 +123,14 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
             return std::nullopt;
         }
     }
+    if (const std::optional<std::string> unknown = unknownGroup(options)) {
+        *error = "--group: not a group, --list shows them: " + *unknown;
+        return std::nullopt;
+    }
+    if (options.isKeyboard && (options.isReadOnly || options.adapters != EveryAdapter)) {
+        *error = "--keyboard: goes without --read-only and --adapters, which are about the service";
+        return std::nullopt;
+    }
     if (options.library.empty() && !options.isListWanted && !options.isHelpWanted) {
         *error = "which library?";
         return std::nullopt;
@@ -127,13 +141,17 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
 std::string Options::help()
 {
     return R"(Usage: panelsettings-conformance [OPTIONS] LIBRARY
-       panelsettings-conformance --list
+       panelsettings-conformance --keyboard [OPTIONS] LIBRARY
+       panelsettings-conformance [--keyboard] --list
 
 Puts a service library of a panel (libhmisystemset.so, by its path) through the
 contract of the settings screen, in a process of its own.
 
+  --keyboard           the library is an on-screen keyboard (libqvkbpluginloader.so);
+                       needs no display, and nothing of the panel is changed
   --list               show the groups and checks, and judge nothing
-  --group NAME[,...]   only these groups; members, life and panel are always made
+  --group NAME[,...]   only these groups; members, life and panel are always made,
+                       of a keyboard library and life
   --adapters NAME[,...]
                        only these adapters of the panel: lan0, lan1, wifi, 4g, vpn
   --read-only          only what changes nothing
@@ -143,7 +161,7 @@ contract of the settings screen, in a process of its own.
   --junit FILE         write the results as JUnit XML, too
   --help               show this
 
-It changes settings of the panel and puts them back; resetting Wi-Fi forgets the
+Of a service it changes settings of the panel and puts them back; resetting Wi-Fi forgets the
 stored passwords, and adapters are switched off and on. It never restarts the panel.
 
 Ends with 0 when the contract is kept, 1 when a check failed, 2 when the command

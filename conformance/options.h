@@ -14,6 +14,7 @@ struct Options {
     std::set<std::string> groups; ///< empty: all
     int adapters = 0;             ///< mask of HMI::SystemSet::NIC
     bool isReadOnly = false;
+    bool isKeyboard = false; ///< the library is one of an on-screen keyboard, not of a service
     bool isListWanted = false;
     bool isHelpWanted = false;
     std::string tapFile;

@@ -21,7 +21,7 @@ def main():
                 pathlib.Path(prefix, name).unlink()
         bare = subprocess.run([program, library], capture_output=True, text=True, check=False)
     print(bare.stderr)
-    is_complete = done.returncode == 0 and len(files) == 2
+    is_complete = done.returncode == 0 and len(files) == 3
     is_missing_told = bare.returncode == 3 and "missing" in bare.stderr and not bare.stdout
     return 0 if is_complete and is_missing_told else 1
 

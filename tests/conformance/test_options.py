@@ -43,6 +43,16 @@ class Options(unittest.TestCase):
         self.assertEqual(listing.returncode, 0)
         self.assertIn("wifi.scan", listing.stdout)
 
+    def test_keyboard(self):
+        listing = run("--keyboard", "--list")
+        self.assertEqual(listing.returncode, 0)
+        self.assertIn("keys.hide", listing.stdout)
+        self.assertNotIn("wifi.scan", listing.stdout)
+        for arguments in (["--group", "keys", LIBRARY], ["--keyboard", "--group", "wifi", LIBRARY],
+                          ["--keyboard", "--read-only", LIBRARY], ["--keyboard", "--adapters", "lan0", LIBRARY],
+                          ["--keyboard"]):
+            self.assertEqual(run(*arguments).returncode, 2, arguments)
+
     def test_groups(self):
         done = run("--group", "language,identity", LIBRARY)
         self.assertEqual(done.returncode, 0, done.stdout)
