@@ -3,7 +3,9 @@
 #include "shell/approotitem.h"
 #include "shell/base/embeddedcomponent.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/hostoptions.h"
 #include "shell/base/qmltype.h"
+#include "shell/cardinfo.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
@@ -33,6 +35,9 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
         return nullptr;
     }
 
+    const QSP::HostOptions options = QSP::HostOptions::readFrom(*engine, QSP::cardNames());
+    if (options.keepsLanguage)
+        QSP::GlobalInfo::keepLanguage();
     QSP::GlobalInfo &info = QSP::GlobalInfo::instance();
 
     QSP::registerQmlType<QSP::AppRootItem>();
@@ -58,7 +63,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
     info.setRootPopupZ(rootPopupZ);
     info.setScreenWidth(width);
     info.setQmlEngine(engine);
-    root->init(engine);
+    root->init(engine, options);
     return root;
 }
 

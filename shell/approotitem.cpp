@@ -12,6 +12,7 @@
 #include "shell/cardstack.h"
 #include "shell/menu.h"
 #include "shell/pagetable.h"
+#include "shell/rebootdialog.h"
 #include "shell/titlebar.h"
 
 #include <QtQml/private/qqmlcomponentattached_p.h>
@@ -140,8 +141,9 @@ AppRootItem *AppRootItem::instance()
     return g_root;
 }
 
-void AppRootItem::init(QQmlEngine *engine)
+void AppRootItem::init(QQmlEngine *engine, const HostOptions &options)
 {
+    m_options = options;
     GlobalInfo &info = GlobalInfo::instance();
     info.setQmlEngine(engine);
     // Comes while the whole screen lives, also when it goes with an item of the host that is deleted.
@@ -154,7 +156,8 @@ void AppRootItem::init(QQmlEngine *engine)
     m_titleBar = std::make_unique<TitleBar>(aliasOf<QQuickItem>(this, "titleBar"),
                                             aliasOf<QQuickText>(this, "titleText"), m_menu.get(), this);
     connect(m_titleBar.get(), &TitleBar::returnTapped, this, &AppRootItem::showMenu);
-    m_cards = std::make_unique<CardStack>(this, aliasOf<QQuickItem>(this, "cardsParent"));
+    m_cards =
+        std::make_unique<CardStack>(this, aliasOf<QQuickItem>(this, "cardsParent"), options.hiddenCards);
     ScreenRoot::setCardColumn(m_cards->column());
 
     TouchMask::cover(aliasOf<QQuickItem>(this, "scrollBarTouchItem"), scrollBarTouchSize);
@@ -169,7 +172,7 @@ void AppRootItem::init(QQmlEngine *engine)
 
     // While menu and title bar are built the documents of the first page are read.
     if (!shouldMenuFill())
-        m_cards->readAhead(MenuIndex::General);
+        m_cards->readAhead(firstPage());
     adjustTitle();
     adjustMenu();
     showCard(m_currentPage, true);
@@ -185,8 +188,22 @@ void AppRootItem::onWindowAvailable(QQuickWindow *window)
 
 void AppRootItem::open()
 {
-    GlobalInfo::instance().checkExternalLanguageChange();
+    followLanguage();
     setVisible(true);
+}
+
+void AppRootItem::followLanguage()
+{
+    GlobalInfo::instance().checkExternalLanguageChange(m_options.languages);
+}
+
+AppRootItem::MenuIndex AppRootItem::firstPage() const
+{
+    for (const PageRow &row : g_buttonsInfo) {
+        if (row.button == PageRow::Button::InColumn && !isHidden(row.page))
+            return row.page;
+    }
+    return MenuIndex::None;
 }
 
 void AppRootItem::close()
@@ -194,7 +211,7 @@ void AppRootItem::close()
     highlightMenuButton(GlobalInfo::instance().isStartedFromVistor() ? MenuIndex::Exit : MenuIndex::Reboot,
                         false);
     if (!shouldMenuFill()) {
-        setCurrentPage(MenuIndex::General);
+        setCurrentPage(firstPage());
         hide();
         return;
     }
@@ -226,6 +243,8 @@ void AppRootItem::setCurrentPage(MenuIndex page)
         returnHighlight();
         return;
     }
+    if (isHidden(page))
+        return;
     const MenuIndex old = m_currentPage;
     m_currentPage = page;
     emit currentPageChanged(page, old);
@@ -235,7 +254,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
 
 void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
 {
-    GlobalInfo::instance().checkExternalLanguageChange();
+    followLanguage();
     highlightMenuButton(oldPage, false);
     returnHighlight();
     showCard(oldPage, false);
@@ -255,9 +274,7 @@ void AppRootItem::takeEntry(MenuIndex entry)
 {
     switch (entry) {
     case MenuIndex::Reboot:
-        highlightMenuButton(m_currentPage, false);
-        highlightMenuButton(entry, true);
-        systemSet().reboot();
+        takeReboot();
         break;
     case MenuIndex::Exit:
         highlightMenuButton(entry, true);
@@ -269,6 +286,26 @@ void AppRootItem::takeEntry(MenuIndex entry)
         if (shouldMenuFill())
             hideMenu();
     }
+}
+
+void AppRootItem::takeReboot()
+{
+    if (!m_options.confirmsReboot) {
+        reboot();
+        return;
+    }
+    if (!m_rebootDialog) {
+        m_rebootDialog = std::make_unique<RebootDialog>(this);
+        connect(m_rebootDialog.get(), &RebootDialog::confirmed, this, &AppRootItem::reboot);
+    }
+    m_rebootDialog->ask();
+}
+
+void AppRootItem::reboot()
+{
+    highlightMenuButton(m_currentPage, false);
+    highlightMenuButton(MenuIndex::Reboot, true);
+    systemSet().reboot();
 }
 
 void AppRootItem::hideMenu()
@@ -303,13 +340,13 @@ void AppRootItem::adjustTitle()
 
 void AppRootItem::adjustMenu()
 {
-    m_menu->build();
+    m_menu->build([this](MenuIndex page) { return isHidden(page); });
     if (shouldMenuFill()) {
         m_cardPool->setVisible(false);
         return;
     }
-    m_currentPage = MenuIndex::General;
-    highlightMenuButton(MenuIndex::General, true);
+    m_currentPage = firstPage();
+    highlightMenuButton(m_currentPage, true);
     updateTitle();
 }
 
@@ -362,6 +399,16 @@ int AppRootItem::titleHeight() const
 bool AppRootItem::shouldMenuFill() const
 {
     return GlobalInfo::instance().isMenuFill();
+}
+
+bool AppRootItem::isHidden(Cards card) const
+{
+    return m_cards && m_cards->isHidden(card);
+}
+
+bool AppRootItem::isHidden(MenuIndex page) const
+{
+    return m_cards && m_cards->isHidden(page);
 }
 
 QQuickItem *AppRootItem::getCardItem(Cards card) const

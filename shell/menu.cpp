@@ -65,7 +65,7 @@ void Menu::setShown(bool shown)
     emit shownWidthChanged();
 }
 
-void Menu::build()
+void Menu::build(const std::function<bool(Entry)> &isMissing)
 {
     const GlobalInfo &info = GlobalInfo::instance();
     m_bar->setColor(isNarrowPortrait() ? QColor(0xF4, 0xF5, 0xF5) : QColor(Qt::white));
@@ -73,7 +73,7 @@ void Menu::build()
     followWidth(m_root, this, [this, factor] { m_bar->setWidth(factor * m_root->width()); });
 
     for (const PageRow &row : g_buttonsInfo) {
-        if (row.button == PageRow::Button::InColumn)
+        if (row.button == PageRow::Button::InColumn && !isMissing(row.page))
             addMenuButton(row.page);
     }
     addSeparatorLine();

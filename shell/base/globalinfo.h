@@ -6,6 +6,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QSize>
+#include <QtCore/QVector>
 
 class QQmlEngine;
 class QQuickWindow;
@@ -22,8 +23,11 @@ class GlobalInfo : public QObject, public MeyerSingleton<GlobalInfo>
     Q_PROPERTY(QLocale locale READ locale WRITE setLocale NOTIFY localeChanged)
 
 public:
-    /// Starts in English, tells the service so, and never asks it for its language here.
+    /// Starts in English, tells the service so, and never asks it for its language here; or the other way round,
+    /// after keepLanguage().
     GlobalInfo();
+    /// The screen is to start in the language that the service has. Too late after the first use of instance().
+    static void keepLanguage() { s_keepsLanguage = true; }
 
     QLocale locale() const { return m_locale; }
     /// Switches the language of the screen and records it in the service: every
@@ -33,7 +37,12 @@ public:
 
     /// Follows a language that was chosen elsewhere on the panel. Writes nothing back.
     Q_INVOKABLE void checkExternalLanguageChange();
+    /// The same where the operator can choose from @p offered: a language that the service takes for English is
+    /// not given up for the English that was recorded for it.
+    void checkExternalLanguageChange(const QVector<QLocale::Language> &offered);
 
+    /// Whether the screen can be read in that language.
+    static bool hasCatalogue(QLocale::Language language);
     /// Removes the translation for English; installs the catalogue of any other language: its own, else the Chinese one.
     void loadTranslationForLocale(const QLocale &locale);
 
@@ -68,6 +77,7 @@ signals:
 
 private:
     static constexpr int menuFillBelow = 800;
+    inline static bool s_keepsLanguage = false;
 
     QLocale m_locale{QLocale::English, QLocale::UnitedStates};
     int m_rootPopupZ = 20000;

@@ -18,8 +18,12 @@ std::shared_ptr<ISystemSet> screenOf(QLibrary *library);
 class ScreenFixture
 {
 public:
-    /// Loads the plug-in and builds a screen of @p size; nothing is shown yet.
-    ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ = 1000);
+    /// Loads the plug-in and builds a screen of @p size; nothing is shown yet. The engine has the properties @p options.
+    ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ = 1000,
+                  const QVariantMap &options = {});
+    ScreenFixture(const QString &plugin, const QSize &size, const QVariantMap &options)
+        : ScreenFixture(plugin, size, 1000, options)
+    {}
     ~ScreenFixture();
 
     bool isBuilt() const { return m_root != nullptr; }
@@ -44,7 +48,10 @@ public:
     QQuickItem *glass() const { return m_window->contentItem(); }
 
 private:
-    QLibrary m_library;
+    struct Plugin;
+
+    // One for all screens that there are at a time, as a host has it.
+    std::shared_ptr<Plugin> m_plugin;
     std::shared_ptr<ISystemSet> m_screen;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<QQuickWindow> m_window;
