@@ -75,10 +75,37 @@ void visitOthers(Stops &stops)
     stops.push_back({"language", {Do::page("Language")}});
 }
 
-void visitSettings(Stops &stops, bool isNarrow, const char *network)
+// The restart that is asked about, and not done.
+void visitRebootQuestion(Stops &stops)
+{
+    stops.push_back({"reboot-question",
+                     {Do::menu(), Do::tapText("QSP::AppRootItem", "Reboot"),
+                      Do::see("RebootDialog", "Restart the panel now?")}});
+    stops.push_back({"reboot-cancelled",
+                     {Do::seeEnabled("RebootDialog", "Cancel"), Do::tapText("RebootDialog", "Cancel"),
+                      Do::seeGone("RebootDialog", "Restart the panel now?")}});
+}
+
+void visitLanguages(Stops &stops)
+{
+    stops.push_back(
+        {"language-to-chinese",
+         {Do::page("Language"), Do::tapName("简体中文"), Do::see("QSP::AppRootItem", "Language")}});
+    stops.push_back(
+        {"language-to-english", {Do::tapName("English"), Do::see("QSP::AppRootItem", "Language")}});
+}
+
+struct Visit {
+    bool isNarrow;
+    bool isStrict;
+    /// One that is open or known to the panel.
+    const char *network;
+};
+
+void visitSettings(Stops &stops, const Visit &visit)
 {
     const Action open = Do::tapText("", "Settings");
-    if (isNarrow) {
+    if (visit.isNarrow) {
         stops.push_back({"menu", {open, Do::see("QSP::AppRootItem", "General")}});
         visitGeneral(stops);
     } else {
@@ -88,24 +115,28 @@ void visitSettings(Stops &stops, bool isNarrow, const char *network)
     }
     visitAdapters(stops);
     visitDefaultAdapter(stops);
-    visitWifi(stops, network);
+    visitWifi(stops, visit.network);
     visitOthers(stops);
-    if (isNarrow)
+    if (visit.isNarrow)
         stops.push_back({"back-to-menu", {Do::goBack(), Do::see("QSP::AppRootItem", "General")}});
+    if (!visit.isStrict)
+        visitRebootQuestion(stops);
 }
 
 } // namespace
 
-std::vector<Stop> itinerary(bool isNarrow)
+std::vector<Stop> itinerary(bool isNarrow, bool isStrict)
 {
     Stops stops;
     stops.push_back({"operator", {}});
-    visitSettings(stops, isNarrow, "Works Hall Guests");
+    visitSettings(stops, {isNarrow, isStrict, "Works Hall Guests"});
+    if (!isStrict)
+        visitLanguages(stops);
     stops.push_back({"operator-again", {Do::leave()}});
 
     // The panel was switched to Chinese elsewhere: the settings follow when they are opened.
     Stops chinese;
-    visitSettings(chinese, isNarrow, "Works Hall");
+    visitSettings(chinese, {isNarrow, isStrict, "Works Hall"});
     chinese.front().actions.insert(chinese.front().actions.begin(), Do::choose(Options::Language::Chinese));
     for (Stop &stop : chinese) {
         stop.picture += QLatin1String("-zh");

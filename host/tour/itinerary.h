@@ -12,5 +12,6 @@ struct Stop {
     std::vector<Action> actions;
 };
 
-/// All stops, in their order. @p isNarrow: menu and page take turns on the screen.
-std::vector<Stop> itinerary(bool isNarrow);
+/// All stops, in their order. @p isNarrow: menu and page take turns on the screen. @p isStrict: the screen is as a
+/// host gets it who asks for nothing.
+std::vector<Stop> itinerary(bool isNarrow, bool isStrict);

@@ -56,8 +56,9 @@ void say(const QString &name, const QString &problem)
 
 } // namespace
 
-bool walkTour(QQuickWindow *window, const QString &directory)
+bool walkTour(QQuickWindow *window, const Options &options)
 {
+    const QString &directory = options.tourDirectory;
     Album album(directory);
     if (!album.prepare()) {
         say(directory, QStringLiteral("the directory cannot be made"));
@@ -72,7 +73,7 @@ bool walkTour(QQuickWindow *window, const QString &directory)
 
     Visitor visitor(window);
     Visitor::pause(settling);
-    for (const Stop &stop : itinerary(window->width() < narrowBelow)) {
+    for (const Stop &stop : itinerary(window->width() < narrowBelow, options.isStrict)) {
         const QString name = album.nextName(stop.picture);
         const int messagesBefore = MessageWatch::count();
         for (const auto &action : stop.actions)
