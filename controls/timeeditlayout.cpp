@@ -54,7 +54,7 @@ TimeEditPopup::Sizes TimeEditPopup::sizes()
     const GlobalInfo &info = GlobalInfo::instance();
     const int screenWidth = info.screenSize().width();
     qreal base = screenWidth * 0.053125;
-    if (info.isScreenPortrait())
+    if (info.hasFixedSizes())
         base = screenWidth < 600 ? 43.0 : 54.0;
 
     const qreal width = rootWidth();
@@ -84,7 +84,7 @@ void TimeEditPopup::createUI()
     auto *background = new QQuickRectangle;
     background->setParent(this);
     background->setSize(QSizeF(width(), height()));
-    background->setRadius((GlobalInfo::instance().isScreenPortrait() ? 8.0 : 15.0) * scale);
+    background->setRadius((GlobalInfo::instance().hasFixedSizes() ? 8.0 : 15.0) * scale);
     background->border()->setColor(QColor(0xC8, 0xCD, 0xD2));
     background->border()->setWidth(1.0);
     setBackground(background);

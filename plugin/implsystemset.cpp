@@ -60,6 +60,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
         return nullptr;
 
     info.setScreenHeight(height);
+    info.setCompactLandscape(options.wantsCompactLandscape);
     info.setRootPopupZ(rootPopupZ);
     info.setScreenWidth(width);
     info.setQmlEngine(engine);

@@ -150,6 +150,8 @@ void AppRootItem::init(QQmlEngine *engine, const HostOptions &options)
     connect(qobject_cast<QQmlComponentAttached *>(qmlAttachedPropertiesObject<QQmlComponent>(this)),
             &QQmlComponentAttached::destruction, this, &AppRootItem::end);
 
+    // Before anything measures what the document lays out.
+    setProperty("isCompact", info.isCompact());
     m_menu = std::make_unique<Menu>(aliasOf<QQuickRectangle>(this, "menuBar"),
                                     aliasOf<QQuickText>(this, "settingsText"), this);
     connect(m_menu.get(), &Menu::tapped, this, &AppRootItem::takeEntry);

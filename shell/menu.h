@@ -46,12 +46,16 @@ signals:
     void tapped(QSP::AppRootItem::MenuIndex entry);
 
 private:
+    QQuickItem *addCell();
     void addArrow(QQuickItem *button);
 
     QQuickRectangle *m_bar;
     QQuickItem *m_column;
     QQuickItem *m_bottomContainer;
     QQuickItem *m_root;
+    const bool m_isNarrow;
+    const bool m_isCompact;
+    QQuickItem *m_halfRow = nullptr; ///< has room for one more entry
     std::map<Entry, BeepButton *> m_buttons;
     bool m_isShown = true;
 };

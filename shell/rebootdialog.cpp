@@ -26,7 +26,7 @@ constexpr QRgb questionColor = qRgb(0x1D, 0x21, 0x29);
 // Like the other dialogs, but never too small for its buttons where the screen has the room.
 QSizeF dialogSize(const QQuickItem *root)
 {
-    const qreal scale = GlobalInfo::instance().isScreenPortrait()
+    const qreal scale = GlobalInfo::instance().hasFixedSizes()
                             ? 1.0
                             : qMax(1.0, widthOfScreenWidth * root->width() / leastSize.width());
     return (leastSize * scale)

@@ -60,6 +60,17 @@ public:
     /// Whether the menu fills the screen, so that menu and page take turns.
     bool isMenuFill() const { return m_screenWidth < menuFillBelow; }
 
+    /// Whether the host wants a screen that is narrow and lies laid out as one that stands.
+    void setCompactLandscape(bool wanted) { m_compactLandscape = wanted; }
+    /// Whether this is such a screen.
+    bool isCompact() const { return m_compactLandscape && isMenuFill() && !isScreenPortrait(); }
+    /// Whether menu and page take turns on the whole width of the screen.
+    bool isNarrow() const { return isMenuFill() && hasFixedSizes(); }
+    /// Whether rows and dialogs have sizes of their own, instead of fractions of the screen's width.
+    bool hasFixedSizes() const { return isScreenPortrait() || isCompact(); }
+    /// No row of a compact screen is lower than this, in pixels.
+    static constexpr int leastCompactRow = 44;
+
     /// z of every popup of the screen.
     int rootPopupZ() const { return m_rootPopupZ; }
     void setRootPopupZ(int z) { m_rootPopupZ = z; }
@@ -83,6 +94,7 @@ private:
     int m_rootPopupZ = 20000;
     int m_screenWidth = -1;
     int m_screenHeight = -1;
+    bool m_compactLandscape = false;
     bool m_startedFromVistor;
     QPointer<QQmlEngine> m_qmlEngine;
     QPointer<QTranslator> m_translator;

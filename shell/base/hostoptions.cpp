@@ -15,9 +15,10 @@ namespace {
 constexpr const char *languagesOption = "panelLanguages";
 constexpr const char *keepLanguageOption = "panelKeepLanguage";
 constexpr const char *confirmRebootOption = "panelConfirmReboot";
+constexpr const char *compactLandscapeOption = "panelCompactLandscape";
 constexpr const char *hiddenCardsOption = "panelHiddenCards";
-constexpr std::array<const char *, 4> options = {languagesOption, keepLanguageOption, confirmRebootOption,
-                                                 hiddenCardsOption};
+constexpr std::array<const char *, 5> knownOptions = {
+    languagesOption, keepLanguageOption, confirmRebootOption, compactLandscapeOption, hiddenCardsOption};
 
 void refuse(const char *option, const QString &reason)
 {
@@ -37,7 +38,7 @@ void tellUnknown(const QObject &engine)
     for (const QByteArray &name : names) {
         const bool isMeantForUs =
             name.startsWith("panel") && name.size() > 5 && QChar::fromLatin1(name.at(5)).isUpper();
-        const bool isKnown = std::any_of(options.begin(), options.end(),
+        const bool isKnown = std::any_of(knownOptions.begin(), knownOptions.end(),
                                          [&name](const char *option) { return name == option; });
         if (isMeantForUs && !isKnown)
             refuse(name.constData(), QStringLiteral("there is no such option"));
@@ -120,6 +121,7 @@ HostOptions HostOptions::readFrom(const QObject &engine, const QStringList &card
     options.languages = readLanguages(engine);
     options.keepsLanguage = readFlag(engine, keepLanguageOption);
     options.confirmsReboot = readFlag(engine, confirmRebootOption);
+    options.wantsCompactLandscape = readFlag(engine, compactLandscapeOption);
     options.hiddenCards = readHiddenCards(engine, cards);
     return options;
 }

@@ -19,6 +19,8 @@ struct HostOptions {
     bool keepsLanguage = false;
     /// Reboot asks before it restarts the panel.
     bool confirmsReboot = false;
+    /// A screen that is narrow and lies is laid out as one that stands.
+    bool wantsCompactLandscape = false;
     /// Names of cards that this panel does not have, see CardRow.
     QStringList hiddenCards;
 

@@ -42,6 +42,7 @@ void compareWithUsual(const HostOptions &options)
     QCOMPARE(options.languages, usual.languages);
     QCOMPARE(options.keepsLanguage, usual.keepsLanguage);
     QCOMPARE(options.confirmsReboot, usual.confirmsReboot);
+    QCOMPARE(options.wantsCompactLandscape, usual.wantsCompactLandscape);
     QCOMPARE(options.hiddenCards, usual.hiddenCards);
 }
 
@@ -53,6 +54,7 @@ void TestHostOptions::nothingSaidIsTheUsual()
     QCOMPARE(usual.languages, QVector<QLocale::Language>{QLocale::English});
     QVERIFY(!usual.keepsLanguage);
     QVERIFY(!usual.confirmsReboot);
+    QVERIFY(!usual.wantsCompactLandscape);
     QVERIFY(usual.hiddenCards.isEmpty());
     compareWithUsual(readFrom({}));
     // What a host calls its own is none of the screen's business.
@@ -64,15 +66,18 @@ void TestHostOptions::everyOptionIsRead()
     const HostOptions options = readFrom({{"panelLanguages", QStringList{"en", "zh_CN"}},
                                           {"panelKeepLanguage", true},
                                           {"panelConfirmReboot", true},
+                                          {"panelCompactLandscape", true},
                                           {"panelHiddenCards", QStringList{"second"}}});
     QCOMPARE(options.languages, (QVector<QLocale::Language>{QLocale::English, QLocale::Chinese}));
     QVERIFY(options.keepsLanguage);
     QVERIFY(options.confirmsReboot);
+    QVERIFY(options.wantsCompactLandscape);
     QCOMPARE(options.hiddenCards, QStringList{"second"});
     // As before is a value as well.
     compareWithUsual(readFrom({{"panelLanguages", QStringList{"en"}},
                                {"panelKeepLanguage", false},
                                {"panelConfirmReboot", false},
+                               {"panelCompactLandscape", false},
                                {"panelHiddenCards", QStringList{}}}));
 }
 
@@ -119,7 +124,7 @@ void TestHostOptions::wrongValueIsRefused_data()
         QTest::addRow("%s %d", option, ++count)
             << QString::fromLatin1(option) << value << QString::fromLatin1(reason);
     };
-    for (const char *flag : {"panelKeepLanguage", "panelConfirmReboot"}) {
+    for (const char *flag : {"panelKeepLanguage", "panelConfirmReboot", "panelCompactLandscape"}) {
         for (const QVariant &value : {QVariant(1), QVariant("true"), QVariant(QStringList{"true"}),
                                       QVariant(1.0), QVariant::fromValue<QObject *>(nullptr)})
             add(flag, value, "it is no bool");

@@ -14,6 +14,18 @@
 /// the library does not load. VexPluginCloseInstance() is the caller's.
 std::shared_ptr<ISystemSet> screenOf(QLibrary *library);
 
+/// The sizes of glass that the screen is made for, the narrow ones that lie with the options of a host for them.
+inline QVector<QSize> glassSizes()
+{
+    return {{1024, 600}, {800, 480}, {1280, 800}, {480, 800},
+            {600, 1024}, {480, 272}, {640, 480},  {799, 480}};
+}
+/// Those options; for the other sizes they change nothing.
+inline QVariantMap compactOptions()
+{
+    return {{QStringLiteral("panelCompactLandscape"), true}};
+}
+
 /// The screen as a host has it: the plug-in loaded from its file, in a window of its own.
 class ScreenFixture
 {

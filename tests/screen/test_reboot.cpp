@@ -127,18 +127,21 @@ void TestReboot::doubleTapAsksOnce_data()
     QTest::addColumn<bool>("byTouch");
     QTest::newRow("finger") << QSize(1024, 600) << true;
     QTest::newRow("mouse") << QSize(1024, 600) << false;
-    // So flat that the dialog comes to lie over the entry.
-    QTest::newRow("flat") << QSize(800, 240) << true;
-    QTest::newRow("flat, mouse") << QSize(800, 240) << false;
+    // So low that the dialog comes to lie over the entry, and its answer under the finger.
+    QTest::newRow("finger on a low glass") << QSize(480, 272) << true;
+    QTest::newRow("mouse on a low glass") << QSize(480, 272) << false;
 }
 
 void TestReboot::doubleTapAsksOnce()
 {
     QFETCH(QSize, size);
     QFETCH(bool, byTouch);
-    ScreenFixture fixture(plugin, size, asking);
+    QVariantMap options = asking;
+    options.insert(compactOptions());
+    ScreenFixture fixture(plugin, size, options);
     fixture.open();
-    const QPoint place = Operator::centerOf(entry(fixture));
+    const QPoint place =
+        Operator::centerOf(entry(fixture)) + QPoint(qRound(entry(fixture)->width() / 4.0), 0);
     for (int tap = 0; tap < 4; ++tap) {
         Operator::pressAt(fixture.window(), place, byTouch);
         Operator::liftAt(fixture.window(), place, byTouch);
@@ -149,6 +152,10 @@ void TestReboot::doubleTapAsksOnce()
         return item->isVisible() && item->property("text").toString() == question;
     });
     QCOMPARE(questions.size(), 1);
+    if (size.width() < 800) {
+        const QRectF answer = restart(fixture)->mapRectToScene(QRectF({0, 0}, restart(fixture)->size()));
+        QVERIFY(answer.contains(place));
+    }
     QTRY_VERIFY(restart(fixture)->isEnabled());
     Operator::touch(cancel(fixture));
     QTRY_VERIFY(!dialog(fixture));
@@ -218,15 +225,17 @@ void TestReboot::speaksChinese()
 void TestReboot::everySizeHasRoom_data()
 {
     QTest::addColumn<QSize>("size");
-    for (const QSize size : {QSize(1024, 600), QSize(800, 480), QSize(1280, 800), QSize(1920, 1080),
-                             QSize(480, 800), QSize(600, 1024)})
+    const QVector<QSize> sizes = glassSizes() + QVector<QSize>{{1920, 1080}};
+    for (const QSize &size : sizes)
         QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 
 void TestReboot::everySizeHasRoom()
 {
     QFETCH(QSize, size);
-    ScreenFixture fixture(plugin, size, asking);
+    QVariantMap options = asking;
+    options.insert(compactOptions());
+    ScreenFixture fixture(plugin, size, options);
     fixture.open();
     ask(fixture);
     QCOMPARE(LayoutCheck::faults(fixture.glass()).join("; "), QString());
