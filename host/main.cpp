@@ -40,6 +40,8 @@ void setOptions(OperatorPanel *panel, const Options &options)
         panel->setOption("panelKeepLanguage", true);
         panel->setOption("panelConfirmReboot", true);
     }
+    if (options.isCompactLandscape)
+        panel->setOption("panelCompactLandscape", true);
     if (!options.hiddenCards.isEmpty())
         panel->setOption("panelHiddenCards", options.hiddenCards);
 }

@@ -85,6 +85,8 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
             options.isJournalWanted = true;
         } else if (name == QLatin1String("--strict")) {
             options.isStrict = true;
+        } else if (name == QLatin1String("--compact-landscape")) {
+            options.isCompactLandscape = true;
         } else if (name == QLatin1String("--vnc")) {
             if (!readPort(reader.value(), &options.vncPort))
                 return fail(QStringLiteral("a port is a number up to 65535"));
@@ -145,6 +147,8 @@ QString Options::help()
         "  --strict           the settings as a host gets them who asks for nothing: English\n"
         "                     alone to choose from and to begin with, and a restart without\n"
         "                     a question\n"
+        "  --compact-landscape\n"
+        "                     a screen under 800 wide that lies is laid out as one that stands\n"
         "  --hide-cards LIST  cards that this panel does not have, by their names, with\n"
         "                     commas: brightness,buzzer\n"
         "  --open             begin with the settings open\n"

@@ -18,6 +18,7 @@ struct Options {
     std::optional<Language> language;
     /// The settings screen is the one that a host gets who asks for nothing.
     bool isStrict = false;
+    bool isCompactLandscape = false;
     QStringList hiddenCards;
     QString tourDirectory;
     /// Port to serve VNC on; 0 is any free one.

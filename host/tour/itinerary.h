@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/options.h"
 #include "host/tour/actions.h"
 
 #include <QtCore/QString>
@@ -12,6 +13,5 @@ struct Stop {
     std::vector<Action> actions;
 };
 
-/// All stops, in their order. @p isNarrow: menu and page take turns on the screen. @p isStrict: the screen is as a
-/// host gets it who asks for nothing.
-std::vector<Stop> itinerary(bool isNarrow, bool isStrict);
+/// All stops on a panel with these options, in their order.
+std::vector<Stop> itinerary(const Options &options);

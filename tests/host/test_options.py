@@ -63,7 +63,7 @@ class Options(unittest.TestCase):
         code, out, err = run("--help")
         self.assertEqual((code, err), (0, ""))
         for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--vnc", "--strict",
-                       "--hide-cards"):
+                       "--hide-cards", "--compact-landscape"):
             self.assertIn(option, out)
 
     def test_no_display(self):

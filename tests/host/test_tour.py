@@ -76,6 +76,9 @@ class Tour(unittest.TestCase):
         self.assertNotEqual(pictures["language"], pictures["language-to-chinese"])
         self.assertEqual(pictures["language"], pictures["language-to-english"])
 
+    def test_compact(self):
+        self.check(*self.walk(480, 272, "--compact-landscape"), "menu", "wifi-password-typed")
+
     def test_directory_that_cannot_be_made(self):
         with hostprocess.temporary_directory() as directory:
             file = pathlib.Path(directory, "file")
