@@ -26,14 +26,12 @@ private slots:
 
 namespace {
 
-const QStringList cards{QStringLiteral("first"), QStringLiteral("second")};
-
 HostOptions readFrom(const QVariantMap &properties)
 {
     QObject engine;
     for (auto property = properties.begin(); property != properties.end(); ++property)
         engine.setProperty(qPrintable(property.key()), property.value());
-    return HostOptions::readFrom(engine, cards);
+    return HostOptions::readFrom(engine, {QStringLiteral("first"), QStringLiteral("second")});
 }
 
 void compareWithUsual(const HostOptions &options)

@@ -9,7 +9,10 @@ using QSP::GlobalInfo;
 
 namespace {
 
-const QVariantMap withEsperanto{{QStringLiteral("panelLanguages"), QStringList{"en", "eo", "zh_CN"}}};
+QVariantMap withEsperanto()
+{
+    return {{QStringLiteral("panelLanguages"), QStringList{"en", "eo", "zh_CN"}}};
+}
 
 QLocale::Language language()
 {
@@ -57,7 +60,7 @@ void TestThirdLanguage::choose(const CardScene &scene, const char *name)
 
 void TestThirdLanguage::isKeptWhileTheServiceSaysEnglish()
 {
-    CardScene scene({1024, 600}, withEsperanto);
+    CardScene scene({1024, 600}, withEsperanto());
     choose(scene, "简体中文");
     HmiSimulator::clearJournal();
     choose(scene, "Esperanto");
@@ -75,7 +78,7 @@ void TestThirdLanguage::isKeptWhileTheServiceSaysEnglish()
 
 void TestThirdLanguage::goesForWhatIsChosenElsewhere()
 {
-    CardScene scene({1024, 600}, withEsperanto);
+    CardScene scene({1024, 600}, withEsperanto());
     choose(scene, "Esperanto");
     scene.close();
     HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
@@ -89,7 +92,7 @@ void TestThirdLanguage::goesForWhatIsChosenElsewhere()
 
 void TestThirdLanguage::goesOnAScreenThatDoesNotOfferIt()
 {
-    const CardScene scene({1024, 600}, withEsperanto);
+    const CardScene scene({1024, 600}, withEsperanto());
     choose(scene, "Esperanto");
     const CardScene other;
     QCOMPARE(language(), QLocale::English);

@@ -11,8 +11,11 @@ QVariantMap without(const QStringList &cards)
     return {{QStringLiteral("panelHiddenCards"), cards}};
 }
 
-const QStringList allCards{"brightness",     "time", "buzzer",  "network", "dns",
-                           "defaultAdapter", "wifi", "version", "language"};
+QStringList allCards()
+{
+    return {"brightness",     "time", "buzzer",  "network", "dns",
+            "defaultAdapter", "wifi", "version", "language"};
+}
 
 QVector<QQuickItem *> entries(const ScreenFixture &fixture)
 {
@@ -236,7 +239,7 @@ void TestHiddenCards::withoutAnyCard()
 {
     QFETCH(QSize, size);
     HmiSimulator::setGettersRecorded(true);
-    ScreenFixture fixture(plugin, size, without(allCards));
+    ScreenFixture fixture(plugin, size, without(allCards()));
     HmiSimulator::clearJournal();
     for (int i = 0; i < 2; ++i) {
         fixture.open();

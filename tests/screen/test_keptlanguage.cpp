@@ -6,7 +6,10 @@
 namespace {
 
 const QString plugin = QStringLiteral(PANEL_PLUGIN);
-const QVariantMap keeping{{QStringLiteral("panelKeepLanguage"), true}};
+QVariantMap keeping()
+{
+    return {{QStringLiteral("panelKeepLanguage"), true}};
+}
 
 } // namespace
 
@@ -25,7 +28,7 @@ void TestKeptLanguage::firstScreenBeginsInIt()
 {
     HmiSimulator::reset();
     HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
-    ScreenFixture fixture(plugin, {1024, 600}, keeping);
+    ScreenFixture fixture(plugin, {1024, 600}, keeping());
     QCOMPARE(fixture.title(), QStringLiteral("通用设置"));
     fixture.open();
     QCOMPARE(fixture.title(), QStringLiteral("通用设置"));
@@ -37,7 +40,7 @@ void TestKeptLanguage::firstScreenBeginsInIt()
 void TestKeptLanguage::nextScreenHasItStill()
 {
     HmiSimulator::clearJournal();
-    for (const QVariantMap &options : {keeping, QVariantMap()}) {
+    for (const QVariantMap &options : {keeping(), QVariantMap()}) {
         ScreenFixture fixture(plugin, {1024, 600}, options);
         fixture.open();
         QCOMPARE(fixture.title(), QStringLiteral("通用设置"));
@@ -47,7 +50,7 @@ void TestKeptLanguage::nextScreenHasItStill()
 
 void TestKeptLanguage::laterChangesAreFollowed()
 {
-    ScreenFixture fixture(plugin, {1024, 600}, keeping);
+    ScreenFixture fixture(plugin, {1024, 600}, keeping());
     for (const int language : {1, 0, 7}) {
         HmiSimulator::setLanguage(language);
         fixture.open();

@@ -7,7 +7,10 @@
 namespace {
 
 const QString plugin = QStringLiteral(PANEL_PLUGIN);
-const QVariantMap withChinese{{QStringLiteral("panelLanguages"), QStringList{"en", "zh_CN"}}};
+QVariantMap withChinese()
+{
+    return {{QStringLiteral("panelLanguages"), QStringList{"en", "zh_CN"}}};
+}
 const QString chinese = QStringLiteral("简体中文");
 const QString english = QStringLiteral("English");
 
@@ -64,7 +67,7 @@ void TestLanguages::operatorChoosesAndComesBack_data()
 void TestLanguages::operatorChoosesAndComesBack()
 {
     QFETCH(QSize, size);
-    ScreenFixture fixture(plugin, size, withChinese);
+    ScreenFixture fixture(plugin, size, withChinese());
     fixture.open();
     fixture.tapMenu(QStringLiteral("Language"));
     QCOMPARE(listed(fixture), (QStringList{english, chinese}));
@@ -89,7 +92,7 @@ void TestLanguages::operatorChoosesAndComesBack()
 
 void TestLanguages::choiceSurvivesTheVisit()
 {
-    ScreenFixture fixture(plugin, {1024, 600}, withChinese);
+    ScreenFixture fixture(plugin, {1024, 600}, withChinese());
     fixture.open();
     fixture.tapMenu(QStringLiteral("Language"));
     Operator::tap(row(fixture, chinese));
@@ -118,7 +121,7 @@ void TestLanguages::englishAloneIsNotMissed()
 
 void TestLanguages::screensOfTwoEnginesHaveTheirOwn()
 {
-    ScreenFixture first(plugin, {1024, 600}, withChinese);
+    ScreenFixture first(plugin, {1024, 600}, withChinese());
     ScreenFixture second(plugin, {1024, 600});
     second.open();
     second.tapMenu(QStringLiteral("Language"));

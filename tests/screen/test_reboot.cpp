@@ -7,7 +7,10 @@
 namespace {
 
 const QString plugin = QStringLiteral(PANEL_PLUGIN);
-const QVariantMap asking{{QStringLiteral("panelConfirmReboot"), true}};
+QVariantMap asking()
+{
+    return {{QStringLiteral("panelConfirmReboot"), true}};
+}
 const QString question = QStringLiteral("Restart the panel now?");
 
 QQuickItem *dialog(const ScreenFixture &fixture, const QString &asked = question)
@@ -91,7 +94,7 @@ void TestReboot::usualHostIsNotAsked()
 
 void TestReboot::yesRestarts()
 {
-    ScreenFixture fixture(plugin, {1024, 600}, asking);
+    ScreenFixture fixture(plugin, {1024, 600}, asking());
     fixture.open();
     ask(fixture);
     QCOMPARE(reboots(), QStringList());
@@ -108,7 +111,7 @@ void TestReboot::yesRestarts()
 
 void TestReboot::noLeavesAllAsItWas()
 {
-    ScreenFixture fixture(plugin, {1024, 600}, asking);
+    ScreenFixture fixture(plugin, {1024, 600}, asking());
     fixture.open();
     fixture.tapMenu(QStringLiteral("Version"));
     const QImage before = Operator::picture(fixture.window());
@@ -136,7 +139,7 @@ void TestReboot::doubleTapAsksOnce()
 {
     QFETCH(QSize, size);
     QFETCH(bool, byTouch);
-    QVariantMap options = asking;
+    QVariantMap options = asking();
     options.insert(compactOptions());
     ScreenFixture fixture(plugin, size, options);
     fixture.open();
@@ -163,7 +166,7 @@ void TestReboot::doubleTapAsksOnce()
 
 void TestReboot::onlyItsButtonsAnswer()
 {
-    ScreenFixture fixture(plugin, {1024, 600}, asking);
+    ScreenFixture fixture(plugin, {1024, 600}, asking());
     fixture.open();
     ask(fixture);
     HmiSimulator::clearJournal();
@@ -188,7 +191,7 @@ void TestReboot::goesWithTheScreen_data()
 void TestReboot::goesWithTheScreen()
 {
     QFETCH(QString, how);
-    ScreenFixture fixture(plugin, {1024, 600}, asking);
+    ScreenFixture fixture(plugin, {1024, 600}, asking());
     fixture.open();
     ask(fixture);
     if (how == QLatin1String("closed")) {
@@ -207,7 +210,7 @@ void TestReboot::goesWithTheScreen()
 
 void TestReboot::speaksChinese()
 {
-    ScreenFixture fixture(plugin, {1024, 600}, asking);
+    ScreenFixture fixture(plugin, {1024, 600}, asking());
     fixture.open();
     ask(fixture);
     Operator::touch(cancel(fixture));
@@ -233,7 +236,7 @@ void TestReboot::everySizeHasRoom_data()
 void TestReboot::everySizeHasRoom()
 {
     QFETCH(QSize, size);
-    QVariantMap options = asking;
+    QVariantMap options = asking();
     options.insert(compactOptions());
     ScreenFixture fixture(plugin, size, options);
     fixture.open();
@@ -251,7 +254,7 @@ void TestReboot::everySizeHasRoom()
 
 void TestReboot::screensOfTwoEnginesHaveTheirOwn()
 {
-    ScreenFixture first(plugin, {1024, 600}, asking);
+    ScreenFixture first(plugin, {1024, 600}, asking());
     ScreenFixture second(plugin, {1024, 600});
     first.root()->setVisible(true);
     second.open();
@@ -264,7 +267,7 @@ void TestReboot::screensOfTwoEnginesHaveTheirOwn()
 
 void TestReboot::askedAgainAndAgainNothingGrows()
 {
-    ScreenFixture fixture(plugin, {800, 480}, asking);
+    ScreenFixture fixture(plugin, {800, 480}, asking());
     fixture.open();
     const auto visit = [&fixture] {
         ask(fixture);
