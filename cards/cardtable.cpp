@@ -31,6 +31,9 @@ namespace {
 // A tunnel has neither servers of names of its own, nor can it be the default adapter.
 bool isNoVpnSelected(AppRootItem *root)
 {
+    // Without the card on which one selects, the other cards of the page show the first adapter.
+    if (root->isHidden(AppRootItem::Cards::Network))
+        root->panel().selectFirst();
     return panelOf(root).selected() != HMI::SystemSet::VPN;
 }
 
@@ -48,6 +51,12 @@ void networkShown(QQuickItem *card)
 {
     if (auto *network = qobject_cast<CardNetwork *>(card))
         network->updateWifiTimer();
+}
+
+void wireLanguage(AppRootItem *root, QQuickItem *card)
+{
+    if (const auto *language = qobject_cast<CardLanguage *>(card))
+        language->languageModel()->setLanguages(root->options().languages);
 }
 
 void wireWifi(AppRootItem *root, QQuickItem *card)
@@ -87,21 +96,25 @@ std::vector<CardRow> &cardTable()
     using Page = AppRootItem::MenuIndex;
     static std::vector<CardRow> rows = {
         {Kind::Brightness,
+         "brightness",
          Page::General,
          "qrc:/setting/card/Brightness.qml",
          &CardInfo<Kind::Brightness>::pComp,
          {registerQmlType<CardBrightness>, BrightButton::registerType, StepSlider::registerType}},
         {Kind::Time,
+         "time",
          Page::General,
          "qrc:/setting/card/DateTime.qml",
          &CardInfo<Kind::Time>::pComp,
          {registerQmlType<CardTime>}},
         {Kind::Buzzer,
+         "buzzer",
          Page::General,
          "qrc:/setting/card/Buzzer.qml",
          &CardInfo<Kind::Buzzer>::pComp,
          {registerQmlType<CardBuzzer>, BeepSwitch::registerType}},
         {Kind::Network,
+         "network",
          Page::Network,
          "qrc:/setting/card/Network.qml",
          &CardInfo<Kind::Network>::pComp,
@@ -111,6 +124,7 @@ std::vector<CardRow> &cardTable()
          nullptr,
          networkShown},
         {Kind::NIC,
+         "defaultAdapter",
          Page::Network,
          "qrc:/setting/card/NIC.qml",
          &CardInfo<Kind::NIC>::pComp,
@@ -118,6 +132,7 @@ std::vector<CardRow> &cardTable()
          nullptr,
          isNoVpnSelected},
         {Kind::DNS,
+         "dns",
          Page::Network,
          "qrc:/setting/card/DNS.qml",
          &CardInfo<Kind::DNS>::pComp,
@@ -125,16 +140,20 @@ std::vector<CardRow> &cardTable()
          nullptr,
          isNoVpnSelected},
         {Kind::Version,
+         "version",
          Page::Version,
          "qrc:/setting/card/Version.qml",
          &CardInfo<Kind::Version>::pComp,
          {registerQmlType<CardVersion>}},
         {Kind::Language,
+         "language",
          Page::Language,
          "qrc:/setting/card/Language.qml",
          &CardInfo<Kind::Language>::pComp,
-         {registerQmlType<CardLanguage>, registerQmlType<LanguageModel>}},
+         {registerQmlType<CardLanguage>, registerQmlType<LanguageModel>},
+         wireLanguage},
         {Kind::Wifi,
+         "wifi",
          Page::Wifi,
          "qrc:/setting/card/Wifi.qml",
          &CardInfo<Kind::Wifi>::pComp,

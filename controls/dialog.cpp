@@ -17,11 +17,11 @@ namespace QSP {
 
 namespace {
 
-// Parts of the dialog are drawn for a glass 1920 wide; an upright one has sizes of its own.
-qreal scaled(qreal landscape, qreal portrait)
+// Parts of the dialog are drawn for a glass 1920 wide; an upright or compact one has sizes of its own.
+qreal scaled(qreal landscape, qreal fixed)
 {
     const GlobalInfo &info = GlobalInfo::instance();
-    return info.isScreenPortrait() ? portrait : info.screenSize().width() / 1920.0 * landscape;
+    return info.hasFixedSizes() ? fixed : info.screenSize().width() / 1920.0 * landscape;
 }
 
 template <class T> T *childOf(QQuickItem *parent)

@@ -74,7 +74,7 @@ void TimeEditPopup::createUI()
     auto *background = new QQuickRectangle;
     background->setParent(this);
     background->setSize(QSizeF(width(), height()));
-    background->setRadius((GlobalInfo::instance().isScreenPortrait() ? 8.0 : 15.0) * scale);
+    background->setRadius((GlobalInfo::instance().hasFixedSizes() ? 8.0 : 15.0) * scale);
     background->border()->setColor(QColor(0xC8, 0xCD, 0xD2));
     background->border()->setWidth(1.0);
     setBackground(background);

@@ -9,8 +9,10 @@ inline qreal exactTitleRowHeight()
 {
     const GlobalInfo &info = GlobalInfo::instance();
     const int width = info.screenSize().width();
-    if (info.isScreenPortrait())
-        return width < 600 ? 43.0 : 54.0;
+    if (info.hasFixedSizes()) {
+        const qreal height = width < 600 ? 43.0 : 54.0;
+        return info.isCompact() ? qMax<qreal>(GlobalInfo::leastCompactRow, height) : height;
+    }
     return width * 0.053125;
 }
 

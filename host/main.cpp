@@ -32,6 +32,20 @@ QStringList argumentsOf(int argc, char **argv)
     return arguments;
 }
 
+// What the settings of this panel are to be, unless they are to be as they come.
+void setOptions(OperatorPanel *panel, const Options &options)
+{
+    if (!options.isStrict) {
+        panel->setOption("panelLanguages", QStringList{QStringLiteral("en"), QStringLiteral("zh_CN")});
+        panel->setOption("panelKeepLanguage", true);
+        panel->setOption("panelConfirmReboot", true);
+    }
+    if (options.isCompactLandscape)
+        panel->setOption("panelCompactLandscape", true);
+    if (!options.hiddenCards.isEmpty())
+        panel->setOption("panelHiddenCards", options.hiddenCards);
+}
+
 bool hasDisplay()
 {
     for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -90,17 +104,21 @@ int main(int argc, char **argv)
 
     OperatorPanel panel(options->size,
                         options->isTour() ? OperatorPanel::Frame::None : OperatorPanel::Frame::WithKey);
+    setOptions(&panel, *options);
+    // A screen that keeps the panel's language has to find it; one that begins in English follows it when opened.
+    if (options->language && !options->isStrict)
+        PanelService::setLanguage(*options->language);
     if (!panel.addSettings(std::move(settings)))
         return complain(QStringLiteral("the settings screen could not be built"), failed);
-    // Only now: the screen begins in English, and follows the panel when it is opened.
-    PanelService::setLanguage(options->language);
+    if (options->language && options->isStrict)
+        PanelService::setLanguage(*options->language);
 
     if (options->isOpenWanted)
         panel.openSettings();
 
     panel.window()->show();
     if (options->isTour())
-        return walkTour(panel.window(), options->tourDirectory) ? 0 : failed;
+        return walkTour(panel.window(), *options) ? 0 : failed;
 
     std::optional<RfbServer> vnc;
     if (options->vncPort) {

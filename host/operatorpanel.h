@@ -23,6 +23,8 @@ public:
     OperatorPanel(const QSize &glass, Frame frame);
     ~OperatorPanel() override;
 
+    /// What this panel wants otherwise of the settings that are added from now on.
+    void setOption(const char *name, const QVariant &value) { m_engine.setProperty(name, value); }
     /// Builds @p settings in this panel's engine, hidden. False when that fails;
     /// the log then holds the reason.
     bool addSettings(std::shared_ptr<ISystemSet> settings);

@@ -51,7 +51,7 @@ bool readSize(const QString &text, QSize *size)
            size->height() <= 8192;
 }
 
-bool readLanguage(const QString &text, Options::Language *language)
+bool readLanguage(const QString &text, std::optional<Options::Language> *language)
 {
     *language = text == QLatin1String("zh") ? Options::Language::Chinese : Options::Language::English;
     return text == QLatin1String("en") || text == QLatin1String("zh");
@@ -83,12 +83,16 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
             options.isOpenWanted = true;
         } else if (name == QLatin1String("--journal")) {
             options.isJournalWanted = true;
+        } else if (name == QLatin1String("--strict")) {
+            options.isStrict = true;
+        } else if (name == QLatin1String("--compact-landscape")) {
+            options.isCompactLandscape = true;
         } else if (name == QLatin1String("--vnc")) {
             if (!readPort(reader.value(), &options.vncPort))
                 return fail(QStringLiteral("a port is a number up to 65535"));
         } else {
-            const QStringList withValue = {"--size", "--library",  "--scenario",
-                                           "--as",   "--language", "--tour"};
+            const QStringList withValue = {"--size",     "--library", "--scenario",  "--as",
+                                           "--language", "--tour",    "--hide-cards"};
             if (!withValue.contains(name))
                 return fail(QStringLiteral("no such option"));
             const QString value = reader.value();
@@ -107,6 +111,8 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
                 options.applicationName = value;
             if (name == QLatin1String("--tour"))
                 options.tourDirectory = value;
+            if (name == QLatin1String("--hide-cards"))
+                options.hiddenCards = value.split(QLatin1Char(','));
         }
         if (reader.hasGluedValue())
             return fail(QStringLiteral("takes no value"));
@@ -117,6 +123,10 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
     }
     if (options.isTour() && options.isOpenWanted) {
         *error = QStringLiteral("--tour: goes without --open, it begins on the operator's page");
+        return std::nullopt;
+    }
+    if (options.isTour() && !options.hiddenCards.isEmpty()) {
+        *error = QStringLiteral("--tour: goes without --hide-cards, it visits every card");
         return std::nullopt;
     }
     return options;
@@ -133,7 +143,14 @@ QString Options::help()
         "  --size WxH         size of the panel in pixels (1024x600)\n"
         "  --scenario FILE    the state, speed and faults of the simulated panel\n"
         "  --as NAME          application name; \"vistor\" is offered Exit in place of Reboot\n"
-        "  --language en|zh   language chosen elsewhere on the panel (en)\n"
+        "  --language en|zh   language chosen elsewhere on the panel, if not its own\n"
+        "  --strict           the settings as a host gets them who asks for nothing: English\n"
+        "                     alone to choose from and to begin with, and a restart without\n"
+        "                     a question\n"
+        "  --compact-landscape\n"
+        "                     a screen under 800 wide that lies is laid out as one that stands\n"
+        "  --hide-cards LIST  cards that this panel does not have, by their names, with\n"
+        "                     commas: brightness,buzzer\n"
         "  --open             begin with the settings open\n"
         "  --journal          print what is asked of the simulated panel and what it reports\n"
         "  --library FILE     the settings screen to load, if not the one that belongs here;\n"

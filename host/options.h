@@ -14,7 +14,12 @@ struct Options {
     QString library;
     QString scenario;
     QString applicationName = QStringLiteral("panel-host");
-    Language language = Language::English;
+    /// Chosen elsewhere on the panel; without it the panel's own counts.
+    std::optional<Language> language;
+    /// The settings screen is the one that a host gets who asks for nothing.
+    bool isStrict = false;
+    bool isCompactLandscape = false;
+    QStringList hiddenCards;
     QString tourDirectory;
     /// Port to serve VNC on; 0 is any free one.
     std::optional<quint16> vncPort;

@@ -1,5 +1,7 @@
 #include "panel/panel.h"
 
+#include <algorithm>
+
 namespace QSP {
 
 Panel::Panel(QObject *parent)
@@ -24,6 +26,17 @@ void Panel::select(NIC nic)
     m_modem.forget();
     m_tunnel.forget();
     emit selectionChanged(nic, before);
+}
+
+void Panel::selectFirst()
+{
+    if (m_selected != g_noAdapter)
+        return;
+    const int present = m_adapters.present();
+    const auto *first = std::find_if(g_adapters.begin(), g_adapters.end(),
+                                     [present](NIC nic) { return (present & nic) != 0; });
+    if (first != g_adapters.end())
+        select(*first);
 }
 
 void Panel::read()

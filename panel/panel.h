@@ -30,6 +30,8 @@ public:
     NIC selected() const { return m_selected; }
     /// Selects another one, which is a new moment for it; the selected one does nothing.
     void select(NIC nic);
+    /// Selects the first adapter that the panel has, if none is selected.
+    void selectFirst();
 
     /// The screen was opened: a new moment for everything. What is shown is read again, the rest when it is
     /// needed.

@@ -3,8 +3,10 @@
 #include "shell/approotitem.h"
 #include "shell/base/embeddedcomponent.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/hostoptions.h"
 #include "shell/base/logging.h"
 #include "shell/base/qmltype.h"
+#include "shell/cardinfo.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
@@ -34,6 +36,9 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
         return nullptr;
     }
 
+    const QSP::HostOptions options = QSP::HostOptions::readFrom(*engine, QSP::cardNames());
+    if (options.keepsLanguage)
+        QSP::GlobalInfo::keepLanguage();
     QSP::GlobalInfo &info = QSP::GlobalInfo::instance();
 
     QSP::registerQmlType<QSP::AppRootItem>();
@@ -56,10 +61,11 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
         return nullptr;
 
     info.setScreenHeight(height);
+    info.setCompactLandscape(options.wantsCompactLandscape);
     info.setRootPopupZ(rootPopupZ);
     info.setScreenWidth(width);
     qCDebug(QSP::logShell, "built for %dx%d", width, height);
-    root->init(engine);
+    root->init(engine, options);
     return root;
 }
 

@@ -15,6 +15,7 @@
 #include "shell/cardstack.h"
 #include "shell/menu.h"
 #include "shell/pagetable.h"
+#include "shell/rebootdialog.h"
 #include "shell/titlebar.h"
 
 #include <QtQml/private/qqmlcomponentattached_p.h>
@@ -146,21 +147,25 @@ AppRootItem *AppRootItem::instance()
     return g_root;
 }
 
-void AppRootItem::init(QQmlEngine *engine)
+void AppRootItem::init(QQmlEngine *engine, const HostOptions &options)
 {
+    m_options = options;
     GlobalInfo &info = GlobalInfo::instance();
     info.setQmlEngine(engine);
     // Comes while the whole screen lives, also when it goes with an item of the host that is deleted.
     connect(qobject_cast<QQmlComponentAttached *>(qmlAttachedPropertiesObject<QQmlComponent>(this)),
             &QQmlComponentAttached::destruction, this, &AppRootItem::end);
 
+    // Before anything measures what the document lays out.
+    setProperty("isCompact", info.isCompact());
     m_menu = std::make_unique<Menu>(aliasOf<QQuickRectangle>(this, "menuBar"),
                                     aliasOf<QQuickText>(this, "settingsText"), this);
     connect(m_menu.get(), &Menu::tapped, this, &AppRootItem::takeEntry);
     m_titleBar = std::make_unique<TitleBar>(aliasOf<QQuickItem>(this, "titleBar"),
                                             aliasOf<QQuickText>(this, "titleText"), m_menu.get(), this);
     connect(m_titleBar.get(), &TitleBar::returnTapped, this, &AppRootItem::showMenu);
-    m_cards = std::make_unique<CardStack>(this, aliasOf<QQuickItem>(this, "cardsParent"));
+    m_cards =
+        std::make_unique<CardStack>(this, aliasOf<QQuickItem>(this, "cardsParent"), options.hiddenCards);
     ScreenRoot::setCardColumn(m_cards->column());
 
     TouchMask::cover(aliasOf<QQuickItem>(this, "scrollBarTouchItem"), scrollBarTouchSize);
@@ -175,7 +180,7 @@ void AppRootItem::init(QQmlEngine *engine)
 
     // While menu and title bar are built the documents of the first page are read.
     if (!shouldMenuFill())
-        m_cards->readAhead(MenuIndex::General);
+        m_cards->readAhead(firstPage());
     adjustTitle();
     adjustMenu();
     showCard(m_currentPage, true);
@@ -191,8 +196,22 @@ void AppRootItem::onWindowAvailable(QQuickWindow *window)
 
 void AppRootItem::open()
 {
-    GlobalInfo::instance().checkExternalLanguageChange();
+    checkLanguage();
     setVisible(true);
+}
+
+void AppRootItem::checkLanguage()
+{
+    GlobalInfo::instance().checkExternalLanguageChange(m_options.languages);
+}
+
+AppRootItem::MenuIndex AppRootItem::firstPage() const
+{
+    for (const PageRow &row : g_buttonsInfo) {
+        if (row.button == PageRow::Button::InColumn && !isHidden(row.page))
+            return row.page;
+    }
+    return MenuIndex::None;
 }
 
 void AppRootItem::close()
@@ -200,7 +219,7 @@ void AppRootItem::close()
     highlightMenuButton(GlobalInfo::instance().isStartedFromVistor() ? MenuIndex::Exit : MenuIndex::Reboot,
                         false);
     if (!shouldMenuFill()) {
-        setCurrentPage(MenuIndex::General);
+        setCurrentPage(firstPage());
         hide();
         return;
     }
@@ -232,6 +251,8 @@ void AppRootItem::setCurrentPage(MenuIndex page)
         returnHighlight();
         return;
     }
+    if (isHidden(page))
+        return;
     qCDebug(logShell, "page: %s in place of %s", nameOf(page), nameOf(m_currentPage));
     const MenuIndex old = m_currentPage;
     m_currentPage = page;
@@ -242,7 +263,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
 
 void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
 {
-    GlobalInfo::instance().checkExternalLanguageChange();
+    checkLanguage();
     highlightMenuButton(oldPage, false);
     returnHighlight();
     showCard(oldPage, false);
@@ -262,10 +283,7 @@ void AppRootItem::takeEntry(MenuIndex entry)
 {
     switch (entry) {
     case MenuIndex::Reboot:
-        highlightMenuButton(m_currentPage, false);
-        highlightMenuButton(entry, true);
-        qCDebug(logDevice, "reboot asked for");
-        systemSet().reboot();
+        takeReboot();
         break;
     case MenuIndex::Exit:
         highlightMenuButton(entry, true);
@@ -277,6 +295,27 @@ void AppRootItem::takeEntry(MenuIndex entry)
         if (shouldMenuFill())
             hideMenu();
     }
+}
+
+void AppRootItem::takeReboot()
+{
+    if (!m_options.confirmsReboot) {
+        reboot();
+        return;
+    }
+    if (!m_rebootDialog) {
+        m_rebootDialog = std::make_unique<RebootDialog>(this);
+        connect(m_rebootDialog.get(), &RebootDialog::confirmed, this, &AppRootItem::reboot);
+    }
+    m_rebootDialog->ask();
+}
+
+void AppRootItem::reboot()
+{
+    highlightMenuButton(m_currentPage, false);
+    highlightMenuButton(MenuIndex::Reboot, true);
+    qCDebug(logDevice, "reboot asked for");
+    systemSet().reboot();
 }
 
 void AppRootItem::hideMenu()
@@ -311,13 +350,13 @@ void AppRootItem::adjustTitle()
 
 void AppRootItem::adjustMenu()
 {
-    m_menu->build();
+    m_menu->build([this](MenuIndex page) { return isHidden(page); });
     if (shouldMenuFill()) {
         m_cardPool->setVisible(false);
         return;
     }
-    m_currentPage = MenuIndex::General;
-    highlightMenuButton(MenuIndex::General, true);
+    m_currentPage = firstPage();
+    highlightMenuButton(m_currentPage, true);
     updateTitle();
 }
 
@@ -370,6 +409,16 @@ int AppRootItem::titleHeight() const
 bool AppRootItem::shouldMenuFill() const
 {
     return GlobalInfo::instance().isMenuFill();
+}
+
+bool AppRootItem::isHidden(Cards card) const
+{
+    return m_cards && m_cards->isHidden(card);
+}
+
+bool AppRootItem::isHidden(MenuIndex page) const
+{
+    return m_cards && m_cards->isHidden(page);
 }
 
 QQuickItem *AppRootItem::getCardItem(Cards card) const

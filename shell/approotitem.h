@@ -2,6 +2,7 @@
 
 #include "panel/panel.h"
 #include "shell/base/focusloan.h"
+#include "shell/base/hostoptions.h"
 
 #include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/QQuickWindow>
@@ -16,6 +17,7 @@ namespace QSP {
 
 class CardStack;
 class Menu;
+class RebootDialog;
 class TitleBar;
 
 /// The root of the screen: which page is current, and its cards.
@@ -40,15 +42,17 @@ public:
     /// The newest root, or null when there is none.
     static AppRootItem *instance();
 
-    /// Builds title bar, menu and (unless the menu fills the screen) the General
-    /// page. To be called once, after main.qml is complete.
-    void init(QQmlEngine *engine);
+    /// Builds title bar, menu and (unless the menu fills the screen) the first page, which is the General
+    /// page unless the host hides it. To be called once, after main.qml is complete.
+    void init(QQmlEngine *engine, const HostOptions &options = {});
     void open();
 
     /// What the cards of this screen show and change.
     Panel &panel() { return m_panel; }
+    const HostOptions &options() const { return m_options; }
 
     MenuIndex currentPage() const { return m_currentPage; }
+    /// A page whose cards are all hidden is never shown.
     void setCurrentPage(MenuIndex page);
     template <MenuIndex page> void setCurrentPage() { setCurrentPage(page); }
 
@@ -56,6 +60,9 @@ public:
     void showCard(MenuIndex page, bool show);
     /// Shows those cards of the current page that belong there now, and hides its others.
     void updateCards();
+    /// Whether the host wants the screen without that card, or without any card of that page.
+    bool isHidden(Cards card) const;
+    bool isHidden(MenuIndex page) const;
     /// The card, or null when it was not shown yet.
     QQuickItem *getCardItem(Cards card) const;
     QQuickItem *getCardContainer() const;
@@ -107,13 +114,18 @@ private:
     void catchEvents();
     void followVisibility();
     void hide();
+    MenuIndex firstPage() const;
+    void checkLanguage();
     void takeEntry(MenuIndex entry);
+    void takeReboot();
+    void reboot();
     void returnHighlight();
     void setMenuShown(bool shown);
     void updateTitle();
     void addMenuButton(MenuIndex entry);
     void addCard(Cards card);
 
+    HostOptions m_options;
     Panel m_panel{this};
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;
@@ -123,6 +135,7 @@ private:
     QQuickFlickable *m_cardPool = nullptr;
     MenuIndex m_currentPage = MenuIndex::None;
     std::unique_ptr<CardStack> m_cards;
+    std::unique_ptr<RebootDialog> m_rebootDialog;
 };
 
 } // namespace QSP

@@ -17,6 +17,8 @@ struct CardRow {
     using RegisterType = void (*)();
 
     AppRootItem::Cards card;
+    /// By which hosts know it, see HostOptions::hiddenCards: never changed.
+    const char *name;
     /// The page that shows the card, below those whose rows come first.
     AppRootItem::MenuIndex page;
     const char *document;
@@ -37,5 +39,7 @@ struct CardRow {
 /// The card table. It is filled in where the cards are, so that the root need not know them; a row that is added
 /// before a screen is built is a card of that screen like any other.
 std::vector<CardRow> &cardTable();
+/// The names of all cards of the table.
+QStringList cardNames();
 
 } // namespace QSP

@@ -3,6 +3,8 @@
 #include "shell/barparts.h"
 #include "shell/cardinfo.h"
 
+#include <algorithm>
+
 namespace QSP {
 
 namespace {
@@ -26,13 +28,40 @@ QQuickItem *CardStack::card(Cards card) const
     return found == m_cards.end() ? nullptr : found->second;
 }
 
+bool CardStack::isHidden(const CardRow &row) const
+{
+    return m_hidden.contains(QLatin1String(row.name));
+}
+
+bool CardStack::isHidden(Cards card) const
+{
+    const std::vector<CardRow> &table = cardTable();
+    return std::any_of(table.begin(), table.end(),
+                       [this, card](const CardRow &row) { return row.card == card && isHidden(row); });
+}
+
+bool CardStack::isHidden(Page page) const
+{
+    const std::vector<CardRow> &table = cardTable();
+    return rowsOf(page).empty() &&
+           std::any_of(table.begin(), table.end(), [page](const CardRow &row) { return row.page == page; });
+}
+
+CardStack::Rows CardStack::rowsOf(Page page) const
+{
+    Rows rows;
+    for (const CardRow &row : cardTable()) {
+        if (row.page == page && !isHidden(row))
+            rows.push_back(&row);
+    }
+    return rows;
+}
+
 void CardStack::readAhead(Page page)
 {
-    for (const CardRow &row : cardTable()) {
-        if (row.page != page)
-            continue;
-        registerTypes(row);
-        row.component->prefetch(documentOf(row));
+    for (const CardRow *row : rowsOf(page)) {
+        registerTypes(*row);
+        row->component->prefetch(documentOf(*row));
     }
 }
 
@@ -50,10 +79,10 @@ void CardStack::showPage(Page page, bool show)
     setPageVisible(page, show);
     if (!show)
         return;
-    for (const CardRow &row : cardTable()) {
-        QQuickItem *item = row.page == page ? card(row.card) : nullptr;
-        if (item && row.pageShown)
-            row.pageShown(item);
+    for (const CardRow *row : rowsOf(page)) {
+        QQuickItem *item = card(row->card);
+        if (item && row->pageShown)
+            row->pageShown(item);
     }
 }
 
@@ -64,10 +93,8 @@ void CardStack::updatePage(Page page)
 
 void CardStack::setPageVisible(Page page, bool visible)
 {
-    for (const CardRow &row : cardTable()) {
-        if (row.page == page)
-            showCard(row.card, visible && (!row.isWanted || row.isWanted(m_root)));
-    }
+    for (const CardRow *row : rowsOf(page))
+        showCard(row->card, visible && (!row->isWanted || row->isWanted(m_root)));
 }
 
 void CardStack::hideAll()
@@ -79,7 +106,7 @@ void CardStack::hideAll()
 void CardStack::addCard(Cards card)
 {
     for (const CardRow &row : cardTable()) {
-        if (row.card == card)
+        if (row.card == card && !isHidden(row))
             addCard(row);
     }
 }

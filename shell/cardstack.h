@@ -3,6 +3,8 @@
 #include "shell/approotitem.h"
 
 #include <map>
+#include <utility>
+#include <vector>
 
 namespace QSP {
 
@@ -19,11 +21,17 @@ public:
     using Cards = AppRootItem::Cards;
     using Page = AppRootItem::MenuIndex;
 
-    CardStack(AppRootItem *root, QQuickItem *column) : m_root(root), m_column(column) {}
+    /// Of the kinds with the names @p hidden it never has one.
+    CardStack(AppRootItem *root, QQuickItem *column, QStringList hidden)
+        : m_root(root), m_column(column), m_hidden(std::move(hidden))
+    {}
 
     QQuickItem *column() const { return m_column; }
     /// The card, or null when it was not shown yet.
     QQuickItem *card(Cards card) const;
+    bool isHidden(Cards card) const;
+    /// Whether a page has cards, all of which are hidden.
+    bool isHidden(Page page) const;
 
     /// Begins to read the documents of a page in the engine's own thread, so that showing it waits for less.
     void readAhead(Page page);
@@ -39,11 +47,16 @@ public:
     QQuickItem *addCard(QQmlComponent *component);
 
 private:
+    using Rows = std::vector<const CardRow *>;
+
+    bool isHidden(const CardRow &row) const;
+    Rows rowsOf(Page page) const;
     void setPageVisible(Page page, bool visible);
     void addCard(const CardRow &row);
 
     AppRootItem *m_root;
     QQuickItem *m_column;
+    QStringList m_hidden;
     std::map<Cards, QQuickItem *> m_cards;
 };
 

@@ -21,19 +21,20 @@ namespace {
 
 qreal buttonHeight(const QQuickItem *container)
 {
-    return container->width() *
-           (GlobalInfo::instance().isMenuFill() ? 0.13333333333333333 : 0.2571428571428571);
+    const GlobalInfo &info = GlobalInfo::instance();
+    // The height is what is scarce there: two rows of entries and the one at the bottom, down to 272 pixels.
+    if (info.isCompact())
+        return qBound<qreal>(GlobalInfo::leastCompactRow, 0.22 * info.screenSize().height(), 72.0);
+    return container->width() * (info.isMenuFill() ? 0.13333333333333333 : 0.2571428571428571);
 }
 
 qreal buttonMargin(const QQuickItem *container)
 {
-    return container->width() * (GlobalInfo::instance().isMenuFill() ? 0.025 : 0.05714285714285714);
-}
-
-bool isNarrowPortrait()
-{
     const GlobalInfo &info = GlobalInfo::instance();
-    return info.isScreenPortrait() && info.isMenuFill();
+    // Of half a row as of a whole one, so that they end alike.
+    if (info.isCompact())
+        return 8.0;
+    return container->width() * (info.isMenuFill() ? 0.025 : 0.05714285714285714);
 }
 
 } // namespace
@@ -43,6 +44,8 @@ Menu::Menu(QQuickRectangle *bar, QQuickText *caption, QQuickItem *root)
     , m_column(aliasOf<QQuickItem>(bar, "column"))
     , m_bottomContainer(aliasOf<QQuickItem>(bar, "bottomContainer"))
     , m_root(root)
+    , m_isNarrow(GlobalInfo::instance().isNarrow())
+    , m_isCompact(GlobalInfo::instance().isCompact())
 {
     setMultilingualText(caption, [] { return QCoreApplication::translate("QSP::AppRootItem", "Settings"); });
     connect(m_bar, &QQuickItem::widthChanged, this, &Menu::shownWidthChanged);
@@ -66,15 +69,15 @@ void Menu::setShown(bool shown)
     emit shownWidthChanged();
 }
 
-void Menu::build()
+void Menu::build(const std::function<bool(Entry)> &isMissing)
 {
     const GlobalInfo &info = GlobalInfo::instance();
-    m_bar->setColor(isNarrowPortrait() ? Palette::instance().background() : Palette::instance().surface());
-    const qreal factor = isNarrowPortrait() ? 1.0 : info.isScreenPortrait() ? 0.2625 : 0.205078125;
+    m_bar->setColor(m_isNarrow ? Palette::instance().background() : Palette::instance().surface());
+    const qreal factor = m_isNarrow ? 1.0 : info.isScreenPortrait() ? 0.2625 : 0.205078125;
     followWidth(m_root, this, [this, factor] { m_bar->setWidth(factor * m_root->width()); });
 
     for (const PageRow &row : g_buttonsInfo) {
-        if (row.button == PageRow::Button::InColumn)
+        if (row.button == PageRow::Button::InColumn && !isMissing(row.page))
             addMenuButton(row.page);
     }
     addSeparatorLine();
@@ -104,7 +107,9 @@ void Menu::addMenuButton(Entry entry)
     if (!row || row->button == PageRow::Button::None)
         return;
     const bool isPage = row->button == PageRow::Button::InColumn;
-    QQuickItem *container = isPage ? m_column : m_bottomContainer;
+    QQuickItem *container = m_bottomContainer;
+    if (isPage)
+        container = m_isCompact ? addCell() : m_column;
     auto *button = qobject_cast<BeepButton *>(createMenuButton(container));
     if (!button)
         return;
@@ -120,6 +125,21 @@ void Menu::addMenuButton(Entry entry)
             QQuickItemPrivate::get(container)->verticalCenter());
     else if (GlobalInfo::instance().isMenuFill())
         addArrow(button);
+}
+
+// Where the screen is wider than high two entries stand side by side.
+QQuickItem *Menu::addCell()
+{
+    const bool isLeft = !m_halfRow;
+    QQuickItem *row = isLeft ? new QQuickItem(m_column) : m_halfRow;
+    m_halfRow = isLeft ? row : nullptr;
+    auto *cell = new QQuickItem(row);
+    followWidth(m_column, cell, [column = m_column, row, cell, isLeft] {
+        row->setSize({column->width(), buttonHeight(column)});
+        cell->setX(isLeft ? 0.0 : column->width() / 2.0);
+        cell->setSize({column->width() / 2.0, row->height()});
+    });
+    return cell;
 }
 
 void Menu::addArrow(QQuickItem *button)
@@ -158,7 +178,7 @@ void Menu::highlightMenuButton(Entry page, bool on)
     BeepButton *button = found->second;
     if (auto *background = qobject_cast<QQuickRectangle *>(button->background())) {
         background->border()->setWidth(0.0);
-        const bool marked = on && !isNarrowPortrait();
+        const bool marked = on && !m_isNarrow;
         background->setColor(marked ? Palette::instance().markedSurface() : Palette::instance().surface());
     }
     button->setProperty("imgUrl", iconUrl(on ? row->icons.highlighted : row->icons.normal));

@@ -2,6 +2,7 @@
 
 #include "shell/approotitem.h"
 
+#include <functional>
 #include <map>
 
 class QQuickText;
@@ -31,8 +32,8 @@ public:
     bool isShown() const { return m_isShown; }
     void setShown(bool shown);
 
-    /// Gives the bar its colour and its width, and fills it.
-    void build();
+    /// Gives the bar its colour and its width, and fills it; without the pages that @p isMissing tells.
+    void build(const std::function<bool(Entry)> &isMissing);
     /// A button without text and icon; null, after a warning, when its document does not load.
     QQuickItem *createMenuButton(QQuickItem *parent);
     void addMenuButton(Entry entry);
@@ -45,12 +46,16 @@ signals:
     void tapped(QSP::AppRootItem::MenuIndex entry);
 
 private:
+    QQuickItem *addCell();
     void addArrow(QQuickItem *button);
 
     QQuickRectangle *m_bar;
     QQuickItem *m_column;
     QQuickItem *m_bottomContainer;
     QQuickItem *m_root;
+    const bool m_isNarrow;
+    const bool m_isCompact;
+    QQuickItem *m_halfRow = nullptr; ///< has room for one more entry
     std::map<Entry, BeepButton *> m_buttons;
     bool m_isShown = true;
 };

@@ -25,7 +25,11 @@ void TitleBar::adjustTitle()
     if (GlobalInfo::instance().isScreenPortrait())
         m_bar->setHeight(m_root->width() < 600.0 ? 56.0 : 72.0);
     else
-        followWidth(m_root, this, [this] { m_bar->setHeight(0.07 * m_root->width()); });
+        followWidth(m_root, this, [this] {
+            // As high as what is tapped in it.
+            const qreal least = GlobalInfo::instance().isCompact() ? GlobalInfo::leastCompactRow : 0.0;
+            m_bar->setHeight(qMax(least, 0.07 * m_root->width()));
+        });
     placeTitle();
 }
 

@@ -22,7 +22,10 @@ public:
     enum Role { TextRole = Qt::UserRole + 1, LangCodeRole, IsCurrentRole };
     Q_ENUM(Role)
 
+    /// English alone.
     explicit LanguageModel(QObject *parent = nullptr);
+
+    void setLanguages(const QVector<QLocale::Language> &languages);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = TextRole) const override;

@@ -41,7 +41,9 @@ void CardNetwork::componentComplete()
     m_layout = aliasOf<QQuickItem>(this, "layout");
     setNetworkText(aliasOf<QQuickText>(this, "titleText"), QT_TRANSLATE_NOOP("CardNetwork", "Network"));
     m_monitors = std::make_unique<StatusMonitors>(this, panel());
-    m_rows = std::make_unique<NetworkRows>(panel(), RowFactory(m_layout, m_sizes), *m_monitors);
+    const AppRootItem *root = rootOf(this);
+    const bool hasWifiPage = !root || !root->isHidden(AppRootItem::MenuIndex::Wifi);
+    m_rows = std::make_unique<NetworkRows>(panel(), RowFactory(m_layout, m_sizes), *m_monitors, hasWifiPage);
     addNicButtons();
     followPanel();
     followRoot();
@@ -87,7 +89,7 @@ void CardNetwork::addNicButtons()
             addNicButton(nic);
     }
     sizeNicButtons();
-    selectFirstNic(present);
+    selectFirstNic();
 }
 
 void CardNetwork::addNicButton(NIC nic)
@@ -112,19 +114,18 @@ void CardNetwork::sizeNicButtons()
     }
 }
 
-void CardNetwork::selectFirstNic(int present)
+void CardNetwork::selectFirstNic()
 {
-    const auto *first = std::find_if(g_adapters.begin(), g_adapters.end(),
-                                     [present](NIC nic) { return (present & nic) != 0; });
-    if (first == g_adapters.end())
+    panel().selectFirst();
+    const NIC first = currentNIC();
+    if (first == g_noAdapter)
         return;
-    panel().select(*first);
-    if (BeepButton *button = m_buttons.value(*first))
+    if (BeepButton *button = m_buttons.value(first))
         button->setChecked(true);
-    showItems(*first, true);
+    showItems(first, true);
     // Wi-Fi is watched from the showing of the page on.
-    if (*first != HMI::SystemSet::WIFI)
-        m_monitors->start(*first);
+    if (first != HMI::SystemSet::WIFI)
+        m_monitors->start(first);
 }
 
 NIC CardNetwork::currentNIC() const

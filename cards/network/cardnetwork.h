@@ -127,7 +127,7 @@ private:
     void addNicButtons();
     void addNicButton(HMI::SystemSet::NIC nic);
     void sizeNicButtons();
-    void selectFirstNic(int present);
+    void selectFirstNic();
     void updateDisplay(Address address, HMI::SystemSet::NIC nic);
     void updateEnable(Address address, HMI::SystemSet::NIC nic);
 

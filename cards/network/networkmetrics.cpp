@@ -11,9 +11,12 @@ NetworkMetrics NetworkMetrics::ofScreen()
     const GlobalInfo &info = GlobalInfo::instance();
     const int width = info.screenSize().width();
     NetworkMetrics metrics{};
-    if (info.isScreenPortrait()) {
+    if (info.hasFixedSizes()) {
         metrics.rowHeight = 62;
         metrics.titleRowHeight = width < 600 ? 41 : 52;
+        // The rows below the title have 0.92 of its height.
+        if (info.isCompact())
+            metrics.titleRowHeight = std::max(metrics.titleRowHeight, 48);
     } else {
         // 62 for 1024 pixels of width, 49 for 960.
         metrics.rowHeight = static_cast<int>(width * 0.060546875);

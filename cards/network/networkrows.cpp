@@ -51,8 +51,8 @@ void showAddress(CIpInput *field, std::optional<HMI::IP> address)
 
 } // namespace
 
-NetworkRows::NetworkRows(Panel &panel, const RowFactory &make, StatusMonitors &monitors)
-    : m_panel(panel), m_make(make), m_monitors(monitors)
+NetworkRows::NetworkRows(Panel &panel, const RowFactory &make, StatusMonitors &monitors, bool hasWifiPage)
+    : m_panel(panel), m_make(make), m_monitors(monitors), m_hasWifiPage(hasWifiPage)
 {}
 
 void NetworkRows::show(NIC nic, bool visible)
@@ -161,6 +161,8 @@ void NetworkRows::addWifiTile(const Adapter &adapter)
 {
     WifiTile *tile = m_make.wifiTile();
     append(adapter.nic(), tile);
+    if (!m_hasWifiPage)
+        tile->endHere();
     tile->setWifiEnabled(adapter.isEnabled());
     connect(&adapter, &Adapter::enabling, tile, &WifiTile::setWifiEnabled);
     connect(tile, &QQuickAbstractButton::clicked, this, &NetworkRows::wifiPageWanted);

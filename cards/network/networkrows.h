@@ -19,8 +19,8 @@ class NetworkRows : public QObject
     Q_OBJECT
 
 public:
-    /// @p monitors keep the rows with a status fresh.
-    NetworkRows(Panel &panel, const RowFactory &make, StatusMonitors &monitors);
+    /// @p monitors keep the rows with a status fresh. @p hasWifiPage: there is a page that the Wi-Fi rows lead to.
+    NetworkRows(Panel &panel, const RowFactory &make, StatusMonitors &monitors, bool hasWifiPage);
 
     /// The rows built for an adapter; empty before it was shown.
     AdapterRows of(NIC nic) const { return m_rows.value(nic); }
@@ -47,6 +47,7 @@ private:
     Panel &m_panel;
     RowFactory m_make;
     StatusMonitors &m_monitors;
+    bool m_hasWifiPage;
     QHash<int, AdapterRows> m_rows;
 };
 

@@ -31,7 +31,7 @@ int referenceWidth()
 
 QSizeF dialogSize()
 {
-    if (GlobalInfo::instance().isScreenPortrait())
+    if (GlobalInfo::instance().hasFixedSizes())
         return {portraitWidth, portraitHeight};
     const double width = referenceWidth() * widthFactor;
     return {width, width * heightFactor};
@@ -40,9 +40,8 @@ QSizeF dialogSize()
 int fontPixelSize()
 {
     // Qt knows no font of 0 pixels.
-    return GlobalInfo::instance().isScreenPortrait()
-               ? portraitFontPixelSize
-               : qMax(1, static_cast<int>(referenceWidth() * fontFactor));
+    return GlobalInfo::instance().hasFixedSizes() ? portraitFontPixelSize
+                                                  : qMax(1, static_cast<int>(referenceWidth() * fontFactor));
 }
 
 } // namespace

@@ -88,9 +88,20 @@ void WifiTile::setSizes(qreal height, int fontPixelSize)
 
 void WifiTile::setWifiEnabled(bool enabled)
 {
-    setEnabled(enabled);
+    setEnabled(enabled && m_leadsOn);
     setOpacity(enabled ? 1.0 : paleOpacity);
-    m_marker->setVisible(enabled);
+    m_marker->setVisible(enabled && m_leadsOn);
+}
+
+void WifiTile::endHere()
+{
+    m_leadsOn = false;
+    setEnabled(false);
+    m_marker->setVisible(false);
+    m_hint->setVisible(false);
+    QQuickAnchors *anchors = QQuickItemPrivate::get(m_status)->anchors();
+    anchors->resetBottom();
+    anchors->setVerticalCenter(QQuickItemPrivate::get(this)->verticalCenter());
 }
 
 } // namespace QSP

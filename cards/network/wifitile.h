@@ -18,6 +18,9 @@ public:
     /// Sets the height, and all that stands in the tile accordingly.
     void setSizes(qreal height, int fontPixelSize);
 
+    /// There is no Wi-Fi page: the tile tells the state alone, and cannot be tapped.
+    void endHere();
+
     QQuickText *statusText() const { return m_status; }
 
 public slots:
@@ -29,6 +32,7 @@ private:
     QQuickText *m_status;
     QQuickText *m_hint;
     QQuickImage *m_marker;
+    bool m_leadsOn = true;
 };
 
 } // namespace QSP

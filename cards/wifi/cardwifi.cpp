@@ -32,7 +32,7 @@ CardWifi::CardWifi(QQuickItem *parent) : QQuickControl(parent), m_hold(this), m_
 {
     qRegisterMetaType<HMI::SSID>("HMI::SSID");
     const GlobalInfo &info = GlobalInfo::instance();
-    if (!info.isScreenPortrait())
+    if (!info.hasFixedSizes())
         m_rowHeight = qMax(1, static_cast<int>(info.screenSize().width() * rowHeightOfScreenWidth));
     setFontSize(m_rowHeight * 5 / 12);
 

@@ -31,6 +31,8 @@ public:
     void setStatus(const char *text, bool error);
     /// The place for the busy indicator while a network is being joined.
     QQuickItem *busyPlace() const { return m_busyPlace; }
+    /// Where the field ends, which the keyboard must not cover.
+    qreal fieldBottom() const { return m_frame->y() + m_frame->height(); }
 
 signals:
     void confirmed();

@@ -9,6 +9,10 @@
 #include "shell/base/vkbmanager.h"
 #include "shell/rootof.h"
 
+#include <QtQuick/QQuickWindow>
+
+#include <cmath>
+
 namespace QSP {
 
 namespace {
@@ -16,11 +20,12 @@ namespace {
 constexpr QSizeF portraitSize(426.0, 243.0);
 constexpr qreal widthOfScreenWidth = 0.416015625;
 constexpr qreal besideKeyboardY = 25.0;
+constexpr qreal aboveKeyboard = 8.0;
 
 QSizeF dialogSize()
 {
     const GlobalInfo &info = GlobalInfo::instance();
-    if (info.isScreenPortrait())
+    if (info.hasFixedSizes())
         return portraitSize;
     const qreal width = info.screenSize().width() * widthOfScreenWidth;
     return {width, width * 243.0 / 426.0};
@@ -116,8 +121,21 @@ void WifiPasswordDialog::adjust()
         return;
     m_dialog->setX(qRound((m_root->width() - m_dialog->width()) / 2.0));
     m_dialog->setY(VkbManager::instance().isVisible()
-                       ? besideKeyboardY
+                       ? yBesideKeyboard()
                        : qRound((m_root->height() - m_dialog->height()) / 2.0));
+}
+
+// On a low screen all of it goes up to the edge, and past it before the field goes under the keyboard.
+qreal WifiPasswordDialog::yBesideKeyboard() const
+{
+    if (!m_body || !m_root->window())
+        return besideKeyboardY;
+    const qreal glassHeight = m_root->window()->height();
+    const qreal keyboardTop =
+        m_root->mapFromScene(QPointF(0.0, glassHeight - VkbManager::instance().getHeight())).y();
+    const qreal wholeY = qMax(0.0, keyboardTop - m_dialog->height());
+    const qreal fieldY = keyboardTop - m_body->y() - m_body->fieldBottom() - aboveKeyboard;
+    return qMin(besideKeyboardY, std::floor(qMin(wholeY, fieldY)));
 }
 
 } // namespace QSP

@@ -41,6 +41,8 @@ signals:
     void confirmed();
 
 private:
+    qreal yBesideKeyboard() const;
+
     QPointer<QQuickItem> m_root;
     QPointer<Dialog> m_dialog;
     QPointer<WifiPasswordBody> m_body;

@@ -11,6 +11,14 @@ void tapReturnButton(Visitor &visitor)
     visitor.tapAt(QPoint(20, 20));
 }
 
+// On a narrow screen at most two steps lead back to it.
+void leadToMenu(Visitor &visitor)
+{
+    const QString entry = Visitor::said("QSP::AppRootItem", "General");
+    for (int i = 0; i < 2 && !visitor.seesButton(entry); ++i)
+        tapReturnButton(visitor);
+}
+
 } // namespace
 
 Action tapText(const char *context, const char *english)
@@ -58,6 +66,11 @@ Action seeGone(const char *context, const char *english)
     return [=](Visitor &visitor) { visitor.waitUntilGone(Visitor::said(context, english)); };
 }
 
+Action seeEnabled(const char *context, const char *english)
+{
+    return [=](Visitor &visitor) { visitor.waitUntilEnabled(Visitor::said(context, english)); };
+}
+
 Action seeReady(const char *className, const char *property)
 {
     return [=](Visitor &visitor) { visitor.waitForProperty(className, property); };
@@ -72,12 +85,15 @@ Action page(const char *title)
 {
     return [=](Visitor &visitor) {
         const QString text = Visitor::said("QSP::AppRootItem", title);
-        // On a narrow screen at most two steps lead back to the menu.
-        for (int i = 0; i < 2 && !visitor.seesButton(text); ++i)
-            tapReturnButton(visitor);
+        leadToMenu(visitor);
         visitor.tapText(text);
         visitor.waitFor(text);
     };
+}
+
+Action menu()
+{
+    return leadToMenu;
 }
 
 Action goBack()

@@ -25,6 +25,8 @@ Action type(const char *characters);
 Action see(const char *context, const char *english);
 Action seeName(const char *text);
 Action seeGone(const char *context, const char *english);
+/// A button that can be tapped.
+Action seeEnabled(const char *context, const char *english);
 /// As Visitor::waitForProperty().
 Action seeReady(const char *className, const char *property);
 /// The corner of the glass where nothing is, which closes lists and dialogs.
@@ -33,6 +35,8 @@ Action tapAside();
 Action page(const char *title);
 /// The return button in the title bar of a narrow screen.
 Action goBack();
+/// Shows the menu, from wherever the visitor is.
+Action menu();
 /// The key beside the glass.
 Action leave();
 /// Chooses a language elsewhere on the panel.

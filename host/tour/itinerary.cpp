@@ -4,6 +4,20 @@ namespace {
 
 using Stops = std::vector<Stop>;
 
+// Menu and page take turns on a screen that is narrower, and a keyboard leaves no room for a dialog on one that is
+// lower.
+constexpr int narrowBelow = 800;
+constexpr int lowBelow = 300;
+
+struct Visit {
+    const Options &options;
+    /// One that is open or known to the panel.
+    const char *network;
+
+    bool isNarrow() const { return options.size.width() < narrowBelow; }
+    bool isLow() const { return options.size.height() < lowBelow; }
+};
+
 void visitGeneral(Stops &stops)
 {
     stops.push_back({"general", {Do::page("General")}});
@@ -48,8 +62,7 @@ void visitDefaultAdapter(Stops &stops)
     stops.push_back({"ping-result", {Do::see("CardNIC", "Test successful!")}});
 }
 
-// Joins @p network, which is open or known to the panel.
-void visitWifi(Stops &stops, const char *network)
+void visitWifi(Stops &stops, const Visit &visit)
 {
     stops.push_back({"wifi-empty",
                      {Do::tapAside(), Do::tapText("CardNetwork", "Wi-Fi"),
@@ -59,14 +72,16 @@ void visitWifi(Stops &stops, const char *network)
         {"wifi-networks", {Do::seeReady("QSP::CardWifi", "scanButton"), Do::seeName("Maintenance")}});
     stops.push_back({"wifi-password", {Do::tapName("Maintenance"), Do::see("CardWifi", "Enter password")}});
     stops.push_back({"wifi-password-keys", {Do::tapClass("QQuickTextInput", 0), Do::type("guess")}});
+    if (visit.isLow())
+        stops.push_back({"wifi-password-typed", {Do::tapKey("vkbKey_hide")}});
     stops.push_back(
         {"wifi-connecting", {Do::tapText("CardWifi", "Connect"), Do::see("CardWifi", "Connecting")}});
     stops.push_back({"wifi-wrong-password", {Do::see("CardWifi", "Wrong password")}});
     // The first button of the dialog closes it.
     stops.push_back({"wifi-joining",
-                     {Do::tapClass("QSP::BeepButton", 0, "QQuickPopupItem"), Do::tapName(network),
+                     {Do::tapClass("QSP::BeepButton", 0, "QQuickPopupItem"), Do::tapName(visit.network),
                       Do::see("CardWifi", "Connecting")}});
-    stops.push_back({"wifi-joined", {Do::seeGone("CardWifi", "Connecting"), Do::seeName(network)}});
+    stops.push_back({"wifi-joined", {Do::seeGone("CardWifi", "Connecting"), Do::seeName(visit.network)}});
 }
 
 void visitOthers(Stops &stops)
@@ -75,10 +90,30 @@ void visitOthers(Stops &stops)
     stops.push_back({"language", {Do::page("Language")}});
 }
 
-void visitSettings(Stops &stops, bool isNarrow, const char *network)
+// The restart that is asked about, and not done.
+void visitRebootQuestion(Stops &stops)
+{
+    stops.push_back({"reboot-question",
+                     {Do::menu(), Do::tapText("QSP::AppRootItem", "Reboot"),
+                      Do::see("RebootDialog", "Restart the panel now?")}});
+    stops.push_back({"reboot-cancelled",
+                     {Do::seeEnabled("RebootDialog", "Cancel"), Do::tapText("RebootDialog", "Cancel"),
+                      Do::seeGone("RebootDialog", "Restart the panel now?")}});
+}
+
+void visitLanguages(Stops &stops)
+{
+    stops.push_back(
+        {"language-to-chinese",
+         {Do::page("Language"), Do::tapName("简体中文"), Do::see("QSP::AppRootItem", "Language")}});
+    stops.push_back(
+        {"language-to-english", {Do::tapName("English"), Do::see("QSP::AppRootItem", "Language")}});
+}
+
+void visitSettings(Stops &stops, const Visit &visit)
 {
     const Action open = Do::tapText("", "Settings");
-    if (isNarrow) {
+    if (visit.isNarrow()) {
         stops.push_back({"menu", {open, Do::see("QSP::AppRootItem", "General")}});
         visitGeneral(stops);
     } else {
@@ -88,24 +123,28 @@ void visitSettings(Stops &stops, bool isNarrow, const char *network)
     }
     visitAdapters(stops);
     visitDefaultAdapter(stops);
-    visitWifi(stops, network);
+    visitWifi(stops, visit);
     visitOthers(stops);
-    if (isNarrow)
+    if (visit.isNarrow())
         stops.push_back({"back-to-menu", {Do::goBack(), Do::see("QSP::AppRootItem", "General")}});
+    if (!visit.options.isStrict)
+        visitRebootQuestion(stops);
 }
 
 } // namespace
 
-std::vector<Stop> itinerary(bool isNarrow)
+std::vector<Stop> itinerary(const Options &options)
 {
     Stops stops;
     stops.push_back({"operator", {}});
-    visitSettings(stops, isNarrow, "Works Hall Guests");
+    visitSettings(stops, {options, "Works Hall Guests"});
+    if (!options.isStrict)
+        visitLanguages(stops);
     stops.push_back({"operator-again", {Do::leave()}});
 
     // The panel was switched to Chinese elsewhere: the settings follow when they are opened.
     Stops chinese;
-    visitSettings(chinese, isNarrow, "Works Hall");
+    visitSettings(chinese, {options, "Works Hall"});
     chinese.front().actions.insert(chinese.front().actions.begin(), Do::choose(Options::Language::Chinese));
     for (Stop &stop : chinese) {
         stop.picture += QLatin1String("-zh");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/options.h"
 #include "host/tour/actions.h"
 
 #include <QtCore/QString>
@@ -12,5 +13,5 @@ struct Stop {
     std::vector<Action> actions;
 };
 
-/// All stops, in their order. @p isNarrow: menu and page take turns on the screen.
-std::vector<Stop> itinerary(bool isNarrow);
+/// All stops on a panel with these options, in their order.
+std::vector<Stop> itinerary(const Options &options);

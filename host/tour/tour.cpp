@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int narrowBelow = 800;
 // With so many, what comes after them is only their consequence.
 constexpr int mostProblems = 5;
 // Time for what was last done to move to its place before the picture is taken.
@@ -56,8 +55,9 @@ void say(const QString &name, const QString &problem)
 
 } // namespace
 
-bool walkTour(QQuickWindow *window, const QString &directory)
+bool walkTour(QQuickWindow *window, const Options &options)
 {
+    const QString &directory = options.tourDirectory;
     Album album(directory);
     if (!album.prepare()) {
         say(directory, QStringLiteral("the directory cannot be made"));
@@ -72,7 +72,7 @@ bool walkTour(QQuickWindow *window, const QString &directory)
 
     Visitor visitor(window);
     Visitor::pause(settling);
-    for (const Stop &stop : itinerary(window->width() < narrowBelow)) {
+    for (const Stop &stop : itinerary(options)) {
         const QString name = album.nextName(stop.picture);
         const int messagesBefore = MessageWatch::count();
         for (const auto &action : stop.actions)

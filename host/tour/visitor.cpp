@@ -59,6 +59,16 @@ void Visitor::waitFor(const QString &text)
         complain(QStringLiteral("\"%1\" did not appear").arg(text));
 }
 
+void Visitor::waitUntilEnabled(const QString &text)
+{
+    const auto isEnabled = [&] {
+        const QQuickItem *button = buttonOf(text);
+        return button && button->isEnabled();
+    };
+    if (!waitFor(isEnabled))
+        complain(QStringLiteral("\"%1\" cannot be tapped").arg(text));
+}
+
 void Visitor::waitUntilGone(const QString &text)
 {
     if (!waitFor([&] { return !sees(text); }))

@@ -27,6 +27,8 @@ public:
     /// Waits for @p text to appear; a problem when it does not.
     void waitFor(const QString &text);
 
+    /// Waits until the button with @p text can be tapped; a problem when it cannot.
+    void waitUntilEnabled(const QString &text);
     /// Waits for @p text to go; a problem when it does not.
     void waitUntilGone(const QString &text);
 

@@ -21,6 +21,9 @@ constexpr qreal PanelPadding = 4.0;
 constexpr qreal TallestRows = 5.0;
 constexpr qreal MinCellHeight = 46.0; // leaves a face of 41
 constexpr qreal MaxCellHeight = 64.0;
+// On the lowest panels there are, so that the field that is edited and what stands above it can be seen.
+constexpr qreal LowestCellHeight = 36.0;
+constexpr qreal LeftOfLowScreen = 84.0;
 constexpr qreal CellHeightOfScreenHeight = 0.09;
 constexpr qreal CellHeightOfScreenWidth = 0.12; // no taller than a key of ten a row looks good
 constexpr qreal FontOfUnit = 0.46;
@@ -54,7 +57,9 @@ qreal KeyboardItem::heightFor(const QSizeF &size)
 {
     const qreal wanted = std::floor(
         std::min(size.height() * CellHeightOfScreenHeight, size.width() * CellHeightOfScreenWidth));
-    const qreal cell = qBound(MinCellHeight, wanted, MaxCellHeight);
+    const qreal possible = std::floor((size.height() - LeftOfLowScreen - 2 * PanelPadding) / TallestRows);
+    const qreal least = qBound(LowestCellHeight, possible, MinCellHeight);
+    const qreal cell = qBound(least, wanted, MaxCellHeight);
     return std::min(TallestRows * cell + 2 * PanelPadding, size.height());
 }
 

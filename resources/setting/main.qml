@@ -6,7 +6,9 @@ import QQuickSystemSet.Toolkit 1.0 as Toolkit
 AppRootItem {
     id: _app
 
-    readonly property bool isNarrowPortrait: width < height && width < 800
+    // Set by the root, for a host that wants narrow screens which lie laid out as those which stand.
+    property bool isCompact: false
+    readonly property bool isNarrow: isCompact || (width < height && width < 800)
     // Of the menu while it is shown; the screen itself may be hidden.
     readonly property real menuWidth: _menu.shown ? _menu.width : 0
 
@@ -36,7 +38,7 @@ AppRootItem {
             anchors.left: titleLeftBg.right
             width: parent.width - titleLeftBg.width
             height: parent.height
-            color: _app.isNarrowPortrait ? Toolkit.Palette.surface : Toolkit.Palette.background
+            color: _app.isNarrow ? Toolkit.Palette.surface : Toolkit.Palette.background
         }
 
         Rectangle {
@@ -103,13 +105,14 @@ AppRootItem {
     Flickable {
         id: _cardPool
 
-        readonly property real topMargin12: _app.isNarrowPortrait ? 12 : 0
+        // A low screen has no room to spare above the field beside the keyboard.
+        readonly property real topMargin: _app.isCompact ? 4 : _app.isNarrow ? 12 : 0
 
-        x: _menu.shown ? _menu.width + 20 : (_app.isNarrowPortrait ? 12 : 40)
-        y: _title.height + topMargin12
+        x: _menu.shown ? _menu.width + 20 : (_app.isNarrow ? 12 : 40)
+        y: _title.height + topMargin
         width: Math.max(0, _menu.shown ? _app.width - _menu.width - 40
-                                       : _app.width - (_app.isNarrowPortrait ? 24 : 80))
-        height: Math.max(0, _app.height - _title.height - topMargin12)
+                                       : _app.width - (_app.isNarrow ? 24 : 80))
+        height: Math.max(0, _app.height - _title.height - topMargin)
         clip: true
         contentHeight: _cardLayout.height
         // What comes last does not end where the glass does. A little less room below is better than a page that

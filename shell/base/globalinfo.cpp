@@ -13,21 +13,42 @@ namespace QSP {
 
 namespace {
 
+QString ownCatalogueOf(const QLocale &locale)
+{
+    const QString language = locale.name().section(QLatin1Char('_'), 0, 0);
+    return QStringLiteral(":/setting/translations/settings_%1.qm").arg(language);
+}
+
 // A language without a catalogue of its own gets the Chinese one.
 QString catalogueOf(const QLocale &locale)
 {
     static const QString TRANSLATION_PATH = QStringLiteral(":/setting/translations/settings.qm");
 
-    const QString language = locale.name().section(QLatin1Char('_'), 0, 0);
-    const QString own = QStringLiteral(":/setting/translations/settings_%1.qm").arg(language);
+    const QString own = ownCatalogueOf(locale);
     return QFile::exists(own) ? own : TRANSLATION_PATH;
+}
+
+// The service knows these two alone.
+
+HMI::SystemSet::Language recordedAs(const QLocale &locale)
+{
+    return locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE : HMI::SystemSet::ENGLISH;
+}
+
+QLocale localeOf(HMI::SystemSet::Language language)
+{
+    return language == HMI::SystemSet::CHINESE ? QLocale(QLocale::Chinese, QLocale::China)
+                                               : QLocale(QLocale::English, QLocale::UnitedStates);
 }
 
 } // namespace
 
 GlobalInfo::GlobalInfo() : m_startedFromVistor(QCoreApplication::applicationName() == QLatin1String("vistor"))
 {
-    systemSet().setLanguage(HMI::SystemSet::ENGLISH);
+    if (s_keepsLanguage)
+        m_locale = localeOf(systemSet().getLanguage());
+    else
+        systemSet().setLanguage(HMI::SystemSet::ENGLISH);
     loadTranslationForLocale(m_locale);
     // First of all connections: every other receiver already sees the new translation.
     connect(this, &GlobalInfo::localeChanged, this, [this] { loadTranslationForLocale(m_locale); });
@@ -39,8 +60,7 @@ void GlobalInfo::setLocale(const QLocale &locale)
         return;
     qCDebug(logShell, "language: %s chosen", qPrintable(locale.name()));
     m_locale = locale;
-    systemSet().setLanguage(locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE
-                                                                  : HMI::SystemSet::ENGLISH);
+    systemSet().setLanguage(recordedAs(locale));
     emit localeChanged();
 }
 
@@ -51,15 +71,25 @@ void GlobalInfo::switchLanguage(const QLocale &locale)
 
 void GlobalInfo::checkExternalLanguageChange()
 {
-    const bool isChinese = systemSet().getLanguage() == HMI::SystemSet::CHINESE;
-    // Any other language is told to the service as English, and is not to be mistaken for a choice of it.
-    if (isChinese == (m_locale.language() == QLocale::Chinese))
+    checkExternalLanguageChange({});
+}
+
+void GlobalInfo::checkExternalLanguageChange(const QVector<QLocale::Language> &offered)
+{
+    const QLocale chosen = localeOf(systemSet().getLanguage());
+    if (chosen.language() == m_locale.language())
         return;
-    const QLocale chosen = isChinese ? QLocale(QLocale::Chinese, QLocale::China)
-                                     : QLocale(QLocale::English, QLocale::UnitedStates);
+    if (offered.contains(m_locale.language()) && recordedAs(chosen) == recordedAs(m_locale))
+        return;
     qCDebug(logShell, "language: %s found on the panel", qPrintable(chosen.name()));
     m_locale = chosen;
     emit localeChanged();
+}
+
+bool GlobalInfo::hasCatalogue(QLocale::Language language)
+{
+    return language == QLocale::English || language == QLocale::Chinese ||
+           QFile::exists(ownCatalogueOf(QLocale(language)));
 }
 
 void GlobalInfo::loadTranslationForLocale(const QLocale &locale)

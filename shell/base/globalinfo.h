@@ -6,6 +6,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QSize>
+#include <QtCore/QVector>
 
 class QQmlEngine;
 class QQuickWindow;
@@ -22,8 +23,11 @@ class GlobalInfo : public QObject, public MeyerSingleton<GlobalInfo>
     Q_PROPERTY(QLocale locale READ locale WRITE setLocale NOTIFY localeChanged)
 
 public:
-    /// Starts in English, tells the service so, and never asks it for its language here.
+    /// Starts in English, tells the service so, and never asks it for its language here; or the other way round,
+    /// after keepLanguage().
     GlobalInfo();
+    /// The screen is to start in the language that the service has. Too late after the first use of instance().
+    static void keepLanguage() { s_keepsLanguage = true; }
 
     QLocale locale() const { return m_locale; }
     /// Switches the language of the screen and records it in the service: every
@@ -33,7 +37,12 @@ public:
 
     /// Follows a language that was chosen elsewhere on the panel. Writes nothing back.
     Q_INVOKABLE void checkExternalLanguageChange();
+    /// The same where the operator can choose from @p offered: a language that the service takes for English is
+    /// not given up for the English that was recorded for it.
+    void checkExternalLanguageChange(const QVector<QLocale::Language> &offered);
 
+    /// Whether the screen can be read in that language.
+    static bool hasCatalogue(QLocale::Language language);
     /// Removes the translation for English; installs the catalogue of any other language: its own, else the Chinese one.
     void loadTranslationForLocale(const QLocale &locale);
 
@@ -50,6 +59,17 @@ public:
 
     /// Whether the menu fills the screen, so that menu and page take turns.
     bool isMenuFill() const { return m_screenWidth < menuFillBelow; }
+
+    /// Whether the host wants a screen that is narrow and lies laid out as one that stands.
+    void setCompactLandscape(bool wanted) { m_compactLandscape = wanted; }
+    /// Whether this is such a screen.
+    bool isCompact() const { return m_compactLandscape && isMenuFill() && !isScreenPortrait(); }
+    /// Whether menu and page take turns on the whole width of the screen.
+    bool isNarrow() const { return isMenuFill() && hasFixedSizes(); }
+    /// Whether rows and dialogs have sizes of their own, instead of fractions of the screen's width.
+    bool hasFixedSizes() const { return isScreenPortrait() || isCompact(); }
+    /// No row of a compact screen is lower than this, in pixels.
+    static constexpr int leastCompactRow = 44;
 
     /// z of every popup of the screen.
     int rootPopupZ() const { return m_rootPopupZ; }
@@ -68,11 +88,13 @@ signals:
 
 private:
     static constexpr int menuFillBelow = 800;
+    inline static bool s_keepsLanguage = false;
 
     QLocale m_locale{QLocale::English, QLocale::UnitedStates};
     int m_rootPopupZ = 20000;
     int m_screenWidth = -1;
     int m_screenHeight = -1;
+    bool m_compactLandscape = false;
     bool m_startedFromVistor;
     QPointer<QQmlEngine> m_qmlEngine;
     QPointer<QTranslator> m_translator;

@@ -18,11 +18,14 @@ class CardScene
 public:
     static constexpr int popupZ = 1000;
 
-    explicit CardScene(const QSize &size = {1024, 600})
+    /// The engine has the properties @p options.
+    explicit CardScene(const QSize &size = {1024, 600}, const QVariantMap &options = {})
         : m_engine(std::make_unique<QQmlEngine>()), m_window(std::make_unique<QQuickWindow>())
     {
         QSP::GlobalInfo::switchLanguage(QLocale(QLocale::English, QLocale::UnitedStates));
         m_window->resize(size);
+        for (auto option = options.begin(); option != options.end(); ++option)
+            m_engine->setProperty(qPrintable(option.key()), option.value());
         m_root = m_screen.init(m_engine.get(), size.width(), size.height(), popupZ);
         m_root->setParent(m_window->contentItem());
         m_root->setParentItem(m_window->contentItem());

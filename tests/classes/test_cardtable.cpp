@@ -54,6 +54,8 @@ private slots:
     void hasItsOwnOnEachScreen();
     void closingHidesIt();
     void documentThatDoesNotLoadIsMissingAlone();
+    void hostsHideItByItsName();
+    void hiddenPagesAreNotShown();
 
 private:
     static AppRootItem *root() { return AppRootItem::instance(); }
@@ -104,6 +106,7 @@ TenthCard {
     Text { text: "The tenth" }
 })");
     QSP::cardTable().push_back({tenth,
+                                "tenth",
                                 Page::Version,
                                 whole,
                                 &QSP::CardInfo<tenth>::pComp,
@@ -111,8 +114,12 @@ TenthCard {
                                 wire,
                                 isWanted,
                                 pageShown});
-    QSP::cardTable().push_back(
-        {broken, Page::Language, document("Broken.qml", "nonsense"), &QSP::CardInfo<broken>::pComp, {}});
+    QSP::cardTable().push_back({broken,
+                                "broken",
+                                Page::Language,
+                                document("Broken.qml", "nonsense"),
+                                &QSP::CardInfo<broken>::pComp,
+                                {}});
 }
 
 void TestCardTable::init()
@@ -225,6 +232,36 @@ void TestCardTable::documentThatDoesNotLoadIsMissingAlone()
     tapMenu("Language");
     QVERIFY(!root()->getCardItem(broken));
     QVERIFY(root()->getCardItem(Cards::Language)->isVisible());
+}
+
+void TestCardTable::hostsHideItByItsName()
+{
+    CardScene scene({1024, 600},
+                    {{QStringLiteral("panelHiddenCards"), QStringList{QStringLiteral("tenth")}}});
+    QVERIFY(root()->isHidden(tenth));
+    QVERIFY(!root()->isHidden(Page::Version));
+    tapMenu("Version");
+    QVERIFY(root()->getCardItem(Cards::Version)->isVisible());
+    root()->updateCards();
+    root()->showCard(tenth, true);
+    QVERIFY(!root()->getCardItem(tenth));
+    QCOMPARE(said().registered, 0);
+    QCOMPARE(said().shown, 0);
+}
+
+// Whoever asks for one.
+void TestCardTable::hiddenPagesAreNotShown()
+{
+    const QStringList hidden{QStringLiteral("wifi"), QStringLiteral("version"), QStringLiteral("tenth")};
+    const CardScene scene({1024, 600}, {{QStringLiteral("panelHiddenCards"), hidden}});
+    QSignalSpy changed(root(), &AppRootItem::currentPageChanged);
+    for (const Page page : {Page::Wifi, Page::Version}) {
+        QVERIFY(root()->isHidden(page));
+        root()->setCurrentPage(page);
+    }
+    QCOMPARE(root()->currentPage(), Page::General);
+    QCOMPARE(changed.size(), 0);
+    QVERIFY(root()->getCardItem(Cards::Time)->isVisible());
 }
 
 PANEL_TEST_MAIN(TestCardTable)

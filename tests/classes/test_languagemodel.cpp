@@ -25,6 +25,8 @@ private slots:
     void switchesTheLanguage();
     void ignoresRowsThatDoNotExist();
     void tellsOfEverySwitch();
+    void listsWhatItIsGiven();
+    void sameLanguagesAreNoNews();
 };
 
 void TestLanguageModel::init()
@@ -133,6 +135,38 @@ void TestLanguageModel::tellsOfEverySwitch()
     HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
     GlobalInfo::instance().checkExternalLanguageChange();
     QCOMPARE(changed.size(), 2);
+}
+
+void TestLanguageModel::listsWhatItIsGiven()
+{
+    LanguageModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    model.setLanguages({QLocale::German, QLocale::Chinese, QLocale::English});
+    QCOMPARE(reset.size(), 1);
+    QCOMPARE(model.rowCount(), 3);
+    // Each in itself, without a country or a script.
+    const QStringList names{QStringLiteral("Deutsch"), QStringLiteral("简体中文"), QStringLiteral("English")};
+    const QVector<QLocale::Language> languages{QLocale::German, QLocale::Chinese, QLocale::English};
+    for (int row = 0; row < 3; ++row) {
+        QCOMPARE(model.data(model.index(row), LanguageModel::TextRole).toString(), names.at(row));
+        QCOMPARE(model.data(model.index(row), LanguageModel::LangCodeRole).toInt(), int(languages.at(row)));
+        QCOMPARE(model.data(model.index(row), LanguageModel::IsCurrentRole).toBool(), row == 2);
+    }
+    model.setCurrentLanguage(1);
+    QCOMPARE(model.getCurrentSystemLanguage(), QLocale::Chinese);
+    QVERIFY(model.data(model.index(1), LanguageModel::IsCurrentRole).toBool());
+}
+
+void TestLanguageModel::sameLanguagesAreNoNews()
+{
+    LanguageModel model;
+    QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    model.setLanguages({QLocale::English});
+    QCOMPARE(reset.size(), 0);
+    model.setLanguages({QLocale::English, QLocale::Chinese});
+    model.setLanguages({QLocale::English, QLocale::Chinese});
+    QCOMPARE(reset.size(), 1);
 }
 
 PANEL_TEST_MAIN(TestLanguageModel)

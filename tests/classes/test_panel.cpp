@@ -29,6 +29,8 @@ private slots:
     void tunnelGivesItsAddressBackFirst();
     void modemIsAskedAnewForEachSwitch();
     void selectionIsANewMoment();
+    void firstIsSelectedWhereNoneIs_data();
+    void firstIsSelectedWhereNoneIs();
     void openingIsANewMomentForAll();
     void endOfAnAttemptIsANewMoment_data();
     void endOfAnAttemptIsANewMoment();
@@ -110,6 +112,28 @@ void TestPanel::selectionIsANewMoment()
     m_panel->select(lan1);
     QVERIFY(!m_panel->adapter(lan1).isUp());
     QCOMPARE(changed.at(1), QVariantList({QVariant::fromValue(lan1), QVariant::fromValue(lan0)}));
+}
+
+void TestPanel::firstIsSelectedWhereNoneIs_data()
+{
+    QTest::addColumn<int>("present");
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    QTest::newRow("all") << 87 << 0 << 1;
+    QTest::newRow("last") << 64 << 0 << 64;
+    QTest::newRow("none") << 0 << 0 << 0;
+    QTest::newRow("unknown") << 8 << 0 << 0;
+    QTest::newRow("selected already") << 87 << 16 << 16;
+}
+
+void TestPanel::firstIsSelectedWhereNoneIs()
+{
+    QFETCH(int, present);
+    QFETCH(int, before);
+    HmiSimulator::setAdapters(present);
+    m_panel->select(static_cast<NIC>(before));
+    m_panel->selectFirst();
+    QTEST(static_cast<int>(m_panel->selected()), "after");
 }
 
 void TestPanel::openingIsANewMomentForAll()

@@ -37,7 +37,7 @@ class Options(unittest.TestCase):
             self.assert_refused(["--size", size], "--size", "WIDTHxHEIGHT")
 
     def test_values_missing(self):
-        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour"):
+        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour", "--hide-cards"):
             self.assert_refused([option], option, "a value is missing")
             self.assert_refused([option, "--vnc"], option, "a value is missing")
             self.assert_refused([option + "="], option, "a value is missing")
@@ -45,6 +45,7 @@ class Options(unittest.TestCase):
     def test_values_too_many(self):
         self.assert_refused(["--help=please"], "--help", "takes no value")
         self.assert_refused(["--journal=please"], "--journal", "takes no value")
+        self.assert_refused(["--strict=please"], "--strict", "takes no value")
 
     def test_language(self):
         self.assert_refused(["--language", "fr"], "--language", "fr")
@@ -56,11 +57,13 @@ class Options(unittest.TestCase):
     def test_tour_and_vnc(self):
         self.assert_refused(["--tour", "somewhere", "--vnc"], "--tour")
         self.assert_refused(["--tour", "somewhere", "--open"], "--tour")
+        self.assert_refused(["--tour", "somewhere", "--hide-cards", "dns"], "--tour")
 
     def test_help(self):
         code, out, err = run("--help")
         self.assertEqual((code, err), (0, ""))
-        for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--vnc"):
+        for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--vnc", "--strict",
+                       "--hide-cards", "--compact-landscape"):
             self.assertIn(option, out)
 
     def test_no_display(self):

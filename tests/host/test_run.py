@@ -34,6 +34,9 @@ WRONG = (
     ["--vnc=http"],
     ["--tour", "somewhere", "--vnc"],
     ["--tour", "somewhere", "--open"],
+    ["--tour", "somewhere", "--hide-cards", "dns"],
+    ["--hide-cards"],
+    ["--strict=yes"],
 )
 
 
@@ -79,9 +82,10 @@ class Run(unittest.TestCase):
             "--language": ["zh"],
             "--library": ["libpanelsettings.so"],
             "--tour": ["somewhere"],
+            "--hide-cards": ["buzzer,dns"],
         }
         _, told, _ = hostprocess.run("--help")
-        names = re.findall(r"^  (--\w+)", told, re.MULTILINE)
+        names = re.findall(r"^  (--[\w-]+)", told, re.MULTILINE)
         self.assertIn("--open", names)
         for name in names:
             if name != "--help":

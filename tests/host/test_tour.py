@@ -16,20 +16,20 @@ def size_of(picture):
 
 
 class Tour(unittest.TestCase):
-    def walk(self, width, height):
+    def walk(self, width, height, *options):
         with hostprocess.temporary_directory() as directory:
             album = pathlib.Path(directory, "new", "album")
             album.mkdir(parents=True)
             for name in ("98-old.png", "notes.png"):
                 (album / name).write_bytes(b"")
             code, out, err = run("--size", f"{width}x{height}", "--tour", album, "--journal",
-                                 "--scenario", SCENARIOS / "quick.json")
+                                 "--scenario", SCENARIOS / "quick.json", *options)
             self.assertEqual(code, 0, err)
             self.assertEqual(err, "")
             (album / "notes.png").unlink()  # only the pictures of earlier tours went
             pictures = sorted(album.iterdir())
             self.assertIn(f"{len(pictures)} pictures", out)
-            self.check_journal(out)
+            self.check_journal(out, "--strict" in options)
             for number, picture in enumerate(pictures, 1):
                 self.assertRegex(picture.name, rf"^{number:02}-[a-z0-9-]+\.png$")
                 self.assertEqual(size_of(picture), (width, height), picture.name)
@@ -37,10 +37,18 @@ class Tour(unittest.TestCase):
                 picture.name[3:-4]: picture.read_bytes() for picture in pictures
             }
 
-    def check_journal(self, out):
+    def check_journal(self, out, strict):
         lines = [line for line in out.splitlines() if re.match(r"\d\d:\d\d:\d\d\.\d{3} (->|<-) \w+\(.*\)$", line)]
         entries = [line.split(" ", 1)[1] for line in lines]
-        self.assertEqual(entries[0], "-> setLanguage(ENGLISH)")
+        languages = [entry for entry in entries if entry.startswith("-> setLanguage")]
+        english, chinese = "-> setLanguage(ENGLISH)", "-> setLanguage(CHINESE)"
+        if strict:
+            # Recorded at the start, chosen elsewhere, and chosen from the list.
+            self.assertEqual(entries[0], english)
+            self.assertEqual(languages, [english, chinese, english])
+        else:
+            self.assertEqual(languages, [chinese, english, chinese, english])
+        self.assertNotIn("-> reboot()", entries)
         self.assertIn("-> scanWifi()", entries)
         self.assertTrue(any(entry.startswith("<- scanWifi(") for entry in entries), entries)
         # Passwords are typed on the way.
@@ -56,10 +64,20 @@ class Tour(unittest.TestCase):
         self.assertEqual(names[0], "operator")
 
     def test_wide(self):
-        self.check(*self.walk(1024, 600))
+        self.check(*self.walk(1024, 600, "--strict"))
 
     def test_narrow(self):
-        self.check(*self.walk(480, 800), "menu", "back-to-menu")
+        self.check(*self.walk(480, 800, "--strict"), "menu", "back-to-menu")
+
+    def test_options(self):
+        names, pictures = self.walk(800, 480)
+        self.check(names, pictures, "reboot-question", "reboot-question-zh", "language-to-chinese")
+        self.assertNotEqual(pictures["reboot-question"], pictures["reboot-question-zh"])
+        self.assertNotEqual(pictures["language"], pictures["language-to-chinese"])
+        self.assertEqual(pictures["language"], pictures["language-to-english"])
+
+    def test_compact(self):
+        self.check(*self.walk(480, 272, "--compact-landscape"), "menu", "wifi-password-typed")
 
     def test_directory_that_cannot_be_made(self):
         with hostprocess.temporary_directory() as directory:

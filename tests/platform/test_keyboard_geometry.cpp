@@ -12,6 +12,7 @@ private slots:
     void fitsTheScreen_data();
     void fitsTheScreen();
     void followsTheWindow();
+    void leavesRoomOnALowPanel();
     void smallerThanAnyPanel();
     void pictures_data() { fitsTheScreen_data(); }
     void pictures();
@@ -136,6 +137,23 @@ void TestKeyboardGeometry::followsTheWindow()
     QTRY_COMPARE(fixture.window.contentItem()->width(), 1024.0);
     fixture.show(VkbPlainDigits);
     checkPage(fixture, QSize(1024, 768));
+}
+
+void TestKeyboardGeometry::leavesRoomOnALowPanel()
+{
+    KeyboardFixture fixture(QSize(480, 272));
+    for (const VkbLayoutType type : Layouts) {
+        fixture.show(type);
+        // For a title bar and a field below it.
+        QCOMPARE(onScene(fixture.keyboardItem()), QRectF(0, 84, 480, 188));
+        checkLabels(fixture);
+        const QVector<QQuickItem *> keys = fixture.keys();
+        for (const QQuickItem *key : keys)
+            QVERIFY2(key->height() >= 36 && key->width() >= 40, qPrintable(key->objectName()));
+    }
+    // From here on keys are as high as they are everywhere.
+    fixture.window.resize(480, 322);
+    QTRY_COMPARE(fixture.keyboardItem()->height(), 238.0);
 }
 
 void TestKeyboardGeometry::smallerThanAnyPanel()

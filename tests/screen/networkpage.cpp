@@ -14,7 +14,7 @@ QQuickItem *alias(const QObject *item, const char *name)
 } // namespace
 
 NetworkPage::NetworkPage(const QSize &size, const QString &menuText)
-    : m_screen(std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size))
+    : m_screen(std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size, compactOptions()))
 {
     m_screen->open();
     m_screen->tapMenu(menuText);

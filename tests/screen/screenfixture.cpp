@@ -23,13 +23,40 @@ QVector<QPointer<QTimer>> timersBelow(const QObject *root)
     return timers;
 }
 
-ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ) : m_library(plugin)
+struct ScreenFixture::Plugin {
+    explicit Plugin(const QString &file) : library(file), screen(screenOf(&library)) {}
+    ~Plugin()
+    {
+        if (const auto closeInstance =
+                reinterpret_cast<void (*)()>(library.resolve("VexPluginCloseInstance")))
+            closeInstance();
+    }
+    Q_DISABLE_COPY(Plugin)
+
+    static std::shared_ptr<Plugin> of(const QString &file)
+    {
+        static std::weak_ptr<Plugin> loaded;
+        std::shared_ptr<Plugin> plugin = loaded.lock();
+        if (!plugin)
+            loaded = plugin = std::make_shared<Plugin>(file);
+        return plugin;
+    }
+
+    QLibrary library;
+    std::shared_ptr<ISystemSet> screen;
+};
+
+ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ,
+                             const QVariantMap &options)
+    : m_plugin(Plugin::of(plugin))
 {
-    m_screen = screenOf(&m_library);
+    m_screen = m_plugin->screen;
     if (!m_screen)
         return;
 
     m_engine = std::make_unique<QQmlEngine>();
+    for (auto option = options.begin(); option != options.end(); ++option)
+        m_engine->setProperty(qPrintable(option.key()), option.value());
     m_window = std::make_unique<QQuickWindow>();
     m_window->resize(size);
     m_root = m_screen->init(m_engine.get(), size.width(), size.height(), rootPopupZ);
@@ -45,8 +72,6 @@ ScreenFixture::~ScreenFixture()
     // As a host goes: first the scene, then the engine.
     m_window.reset();
     m_engine.reset();
-    if (const auto closeInstance = reinterpret_cast<void (*)()>(m_library.resolve("VexPluginCloseInstance")))
-        closeInstance();
 }
 
 void ScreenFixture::open()

@@ -18,13 +18,28 @@ std::shared_ptr<ISystemSet> screenOf(QLibrary *library);
 
 /// The timers of a screen, to see whether they go with it.
 QVector<QPointer<QTimer>> timersBelow(const QObject *root);
+/// The sizes of glass that the screen is made for, the narrow ones that lie with the options of a host for them.
+inline QVector<QSize> glassSizes()
+{
+    return {{1024, 600}, {800, 480}, {1280, 800}, {480, 800},
+            {600, 1024}, {480, 272}, {640, 480},  {799, 480}};
+}
+/// Those options; for the other sizes they change nothing.
+inline QVariantMap compactOptions()
+{
+    return {{QStringLiteral("panelCompactLandscape"), true}};
+}
 
 /// The screen as a host has it: the plug-in loaded from its file, in a window of its own.
 class ScreenFixture
 {
 public:
-    /// Loads the plug-in and builds a screen of @p size; nothing is shown yet.
-    ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ = 1000);
+    /// Loads the plug-in and builds a screen of @p size; nothing is shown yet. The engine has the properties @p options.
+    ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ = 1000,
+                  const QVariantMap &options = {});
+    ScreenFixture(const QString &plugin, const QSize &size, const QVariantMap &options)
+        : ScreenFixture(plugin, size, 1000, options)
+    {}
     ~ScreenFixture();
 
     bool isBuilt() const { return m_root != nullptr; }
@@ -49,7 +64,10 @@ public:
     QQuickItem *glass() const { return m_window->contentItem(); }
 
 private:
-    QLibrary m_library;
+    struct Plugin;
+
+    // One for all screens that there are at a time, as a host has it.
+    std::shared_ptr<Plugin> m_plugin;
     std::shared_ptr<ISystemSet> m_screen;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<QQuickWindow> m_window;

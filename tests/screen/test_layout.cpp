@@ -20,8 +20,8 @@ void TestLayout::everyTextHasItsRoom_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<bool>("chinese");
-    for (const QSize size :
-         {QSize(1024, 600), QSize(800, 480), QSize(1280, 800), QSize(480, 800), QSize(600, 1024)}) {
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes) {
         const QByteArray name = QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height());
         QTest::newRow(name + "-en") << size << false;
         QTest::newRow(name + "-zh") << size << true;
@@ -33,7 +33,7 @@ void TestLayout::everyTextHasItsRoom()
     QFETCH(QSize, size);
     QFETCH(bool, chinese);
     HmiSimulator::reset();
-    ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size);
+    ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size, compactOptions());
     const QDir pictures(
         QDir::current().filePath(QStringLiteral("pictures/") + QString::fromLatin1(QTest::currentDataTag())));
     QVERIFY(pictures.mkpath(QStringLiteral(".")));

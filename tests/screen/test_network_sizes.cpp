@@ -105,7 +105,8 @@ void TestNetworkSizes::labelsLeaveTheFieldsAlone_data()
     QTest::addColumn<QSize>("size");
     // The one of the tests, and the one that Debian gives by default, which is wide.
     for (const char *family : {"WenQuanYi Micro Hei", "DejaVu Sans"}) {
-        for (const QSize &size : {QSize(480, 800), QSize(600, 1024), QSize(800, 480), QSize(1024, 600)}) {
+        const QVector<QSize> sizes = glassSizes();
+        for (const QSize &size : sizes) {
             QTest::newRow(qPrintable(QString("%1, %2x%3").arg(family).arg(size.width()).arg(size.height())))
                 << family << size;
         }

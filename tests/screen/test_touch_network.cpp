@@ -45,6 +45,7 @@ void TestTouchNetwork::besideTheKeyboard()
     const auto inputs = Operator::allByClass(card("QSP::CardNetwork"), "QSP::CIpInput");
     QCOMPARE(inputs.size(), 3);
     const auto fields = Operator::allByClass(inputs[2], "QQuickTextInput");
+    reveal(inputs[2]);
     Operator::tap(fields.value(1));
     QTRY_VERIFY(fields.value(1)->hasActiveFocus());
     look("slid column", 6);

@@ -57,8 +57,10 @@ void TestTouchPopups::wifi()
     HmiSimulator::waitIdle();
     QTRY_VERIFY(isShown("Maintenance"));
     lookScrolled("networks", 8);
-    Operator::tap(
-        Operator::ancestorOf(Operator::byText(page, QStringLiteral("Maintenance")), "QSP::WifiRow"));
+    QQuickItem *row =
+        Operator::ancestorOf(Operator::byText(page, QStringLiteral("Maintenance")), "QSP::WifiRow");
+    reveal(row);
+    Operator::tap(row);
     QTRY_VERIFY(Operator::byClass(m_fixture->glass(), "QSP::WifiPasswordBody"));
     look("password", 4);
 }

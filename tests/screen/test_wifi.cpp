@@ -111,6 +111,7 @@ void TestWifi::joinWithAPassword()
 
     Operator::tap(Operator::byClass(screen.dialogBody(), "QQuickTextInput"));
     Operator::type(screen.window(), en("wrong"));
+    screen.endTyping();
     screen.tapText(screen.text("Connect", "连接"));
     HmiSimulator::waitIdle();
     Operator::settle();
@@ -120,6 +121,7 @@ void TestWifi::joinWithAPassword()
     Operator::tap(input);
     QMetaObject::invokeMethod(input, "selectAll");
     Operator::type(screen.window(), en("torque55Nm"));
+    screen.endTyping();
     screen.tapText(screen.text("Connect", "连接"));
     HmiSimulator::waitIdle();
     Operator::settle();

@@ -70,6 +70,7 @@ void TestWifiLayout::everyStateHasItsRoom()
     Operator::tap(Operator::byClass(screen.dialogBody(), "QQuickTextInput"));
     look("keyboard");
     Operator::type(screen.window(), en("abc"));
+    screen.endTyping();
     screen.tapText(screen.text("Show Password", "显示密码"));
     look("shown");
     for (const int report : {4, 3, 0}) {

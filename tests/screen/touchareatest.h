@@ -20,7 +20,8 @@ protected:
     void build(const QSize &size);
     /// The same with the size of the row.
     void build();
-    /// Checks what can be touched now: at least so many controls, or it is not what was meant.
+    /// Checks what can be touched now: at least so many controls (of which a low glass may not show all), or it is
+    /// not what was meant.
     void look(const char *state, int controls);
     /// The same wherever the page can be scrolled to.
     void lookScrolled(const char *state, int controls);
@@ -30,6 +31,8 @@ protected:
     void select(const char *adapter);
     /// As far as the page goes.
     void scrollTo(qreal y);
+    /// As far as it takes to see the item.
+    void reveal(const QQuickItem *item);
     QQuickItem *pool() const { return alias(m_fixture->root(), "cardPool"); }
     QQuickItem *card(const char *className) const { return m_fixture->card(className); }
     bool isShown(const char *text) const;

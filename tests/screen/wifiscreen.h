@@ -8,7 +8,7 @@ class WifiScreen : public ScreenFixture
 {
 public:
     WifiScreen(const QSize &size, bool chinese)
-        : ScreenFixture(QStringLiteral(PANEL_PLUGIN), size), m_chinese(chinese)
+        : ScreenFixture(QStringLiteral(PANEL_PLUGIN), size, compactOptions()), m_chinese(chinese)
     {
         HmiSimulator::setDelays(5);
         HmiSimulator::setLanguage(chinese ? HMI::SystemSet::CHINESE : HMI::SystemSet::ENGLISH);
@@ -24,8 +24,8 @@ public:
     {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<bool>("chinese");
-        for (const QSize &size :
-             {QSize(1024, 600), QSize(800, 480), QSize(1280, 800), QSize(480, 800), QSize(600, 1024)}) {
+        const QVector<QSize> sizes = glassSizes();
+        for (const QSize &size : sizes) {
             QTest::addRow("%dx%d-en", size.width(), size.height()) << size << false;
             QTest::addRow("%dx%d-zh", size.width(), size.height()) << size << true;
         }
@@ -35,7 +35,11 @@ public:
     {
         return QString::fromUtf8(m_chinese ? chinese : english);
     }
-    void toWifi() { tapText(text("Wi-Fi Settings", "点击进入WLAN设置")); }
+    void toWifi()
+    {
+        reveal(Operator::byClass(root(), "QSP::WifiTile"));
+        tapText(text("Wi-Fi Settings", "点击进入WLAN设置"));
+    }
     QQuickItem *page() const { return card("QSP::CardWifi"); }
     QQuickItem *part(const char *alias) const { return page()->property(alias).value<QQuickItem *>(); }
     QQuickItem *titleBar() const { return root()->property("titleBar").value<QQuickItem *>(); }
@@ -47,11 +51,31 @@ public:
         HmiSimulator::waitIdle();
         Operator::settle();
     }
+    /// Scrolls until what lies below the glass is in sight.
+    void reveal(const QQuickItem *item) const
+    {
+        auto *pool = root()->property("cardPool").value<QQuickItem *>();
+        const qreal below = item->mapToItem(pool, {0.0, item->height()}).y() - pool->height();
+        if (below > 0.0)
+            pool->setProperty("contentY", pool->property("contentY").toReal() + below);
+        QCoreApplication::processEvents();
+    }
+    /// In sight, if there is one.
     QQuickItem *row(const QString &name) const
     {
-        return Operator::ancestorOf(Operator::byText(part("list"), name), "QSP::WifiRow");
+        QQuickItem *row = Operator::ancestorOf(Operator::byText(part("list"), name), "QSP::WifiRow");
+        if (row)
+            reveal(row);
+        return row;
     }
     QQuickItem *dialogBody() const { return Operator::byClass(glass(), "QSP::WifiPasswordBody"); }
+    /// The keyboard leaves no room for the buttons of the dialog on the lowest glass: there it is put away first.
+    void endTyping() const
+    {
+        if (window()->height() < 300)
+            Operator::key(window(), Qt::Key_Return);
+        Operator::settle();
+    }
     QStringList dialogTexts() const
     {
         return dialogBody() ? Operator::visibleTexts(dialogBody()) : QStringList();

@@ -263,7 +263,7 @@ void TestResources::spareIconsAreAskedForByNobody()
 void TestResources::catalogueHasItsEntries()
 {
     const QVector<Entry> entries = readEntries();
-    QCOMPARE(entries.size(), 71);
+    QCOMPARE(entries.size(), 73);
     QMap<QByteArray, int> count;
     QSet<QByteArray> keys;
     for (const Entry &entry : entries) {
@@ -273,9 +273,9 @@ void TestResources::catalogueHasItsEntries()
     }
     QCOMPARE(keys.size(), entries.size());
     const QMap<QByteArray, int> wanted = {
-        {"CardBrightness", 1},   {"CardBuzzer", 1},   {"CardDNS", 3},       {"CardNIC", 9},
-        {"CardNetwork", 30},     {"CardTime", 2},     {"CardVersion", 3},   {"CardWifi", 12},
-        {"QSP::AppRootItem", 8}, {"QSP::CardNIC", 1}, {"TimeEditPopup", 1},
+        {"CardBrightness", 1},   {"CardBuzzer", 1},   {"CardDNS", 3},      {"CardNIC", 9},
+        {"CardNetwork", 30},     {"CardTime", 2},     {"CardVersion", 3},  {"CardWifi", 12},
+        {"QSP::AppRootItem", 8}, {"QSP::CardNIC", 1}, {"RebootDialog", 2}, {"TimeEditPopup", 1},
     };
     QCOMPARE(count, wanted);
 }

@@ -251,7 +251,7 @@ public:
 
     /// The serial number, UTF-8; empty when unknown.
     std::string getSerialNumber() const;
-    /// Restarts the panel. Called at the operator's tap, without a question in between.
+    /// Restarts the panel. Called at the operator's tap, without a question in between unless the host wants one.
     void reboot();
 
 private:

@@ -312,6 +312,17 @@
     </message>
 </context>
 <context>
+    <name>RebootDialog</name>
+    <message>
+        <source>Restart the panel now?</source>
+        <translation>现在重启设备吗？</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>TimeEditPopup</name>
     <message>
         <source>OK</source>
