@@ -3,6 +3,7 @@
 #include "shell/approotitem.h"
 #include "shell/base/embeddedcomponent.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/logging.h"
 #include "shell/base/qmltype.h"
 
 #include <QtGui/QFontMetrics>
@@ -57,7 +58,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
     info.setScreenHeight(height);
     info.setRootPopupZ(rootPopupZ);
     info.setScreenWidth(width);
-    info.setQmlEngine(engine);
+    qCDebug(QSP::logShell, "built for %dx%d", width, height);
     root->init(engine);
     return root;
 }

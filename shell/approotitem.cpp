@@ -5,6 +5,9 @@
 #include "shell/base/documentalias.h"
 #include "shell/base/documentend.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/logging.h"
+#include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 #include "shell/base/qmltype.h"
 #include "shell/base/screenroot.h"
 #include "shell/base/service.h"
@@ -42,7 +45,7 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     // For the buttons of the menu.
     registerQmlType<BeepButton>();
     qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
-    setColor(QColor(0xF4, 0xF5, 0xF5));
+    setColor(Palette::instance().background());
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
     // Before any card looks.
     connect(this, &AppRootItem::opened, &m_panel, &Panel::read);
@@ -99,7 +102,10 @@ void AppRootItem::touchEvent(QTouchEvent *event)
 void AppRootItem::followVisibility()
 {
     connect(this, &QQuickItem::visibleChanged, this, [this] {
+        if (m_isOpen != isVisible())
+            qCDebug(logShell, isVisible() ? "shown" : "hidden");
         m_isFocusDue = !isVisible();
+        m_isOpen = isVisible();
         if (m_isFocusDue) {
             // With an older screen that a host hides at last goes only what it edits itself.
             if (g_root == this)
@@ -161,7 +167,7 @@ void AppRootItem::init(QQmlEngine *engine)
     m_cardPool = aliasOf<QQuickFlickable>(this, "cardPool");
     // Long enough to tell a scroll from a tap with a glove.
     m_cardPool->setPressDelay(200);
-    connect(&info, &GlobalInfo::localeChanged, this, &AppRootItem::updateTitle);
+    followLanguage(this, [this] { updateTitle(); });
     if (window())
         info.initializeNativeOrientation(window());
     else
@@ -226,6 +232,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
         returnHighlight();
         return;
     }
+    qCDebug(logShell, "page: %s in place of %s", nameOf(page), nameOf(m_currentPage));
     const MenuIndex old = m_currentPage;
     m_currentPage = page;
     emit currentPageChanged(page, old);
@@ -257,6 +264,7 @@ void AppRootItem::takeEntry(MenuIndex entry)
     case MenuIndex::Reboot:
         highlightMenuButton(m_currentPage, false);
         highlightMenuButton(entry, true);
+        qCDebug(logDevice, "reboot asked for");
         systemSet().reboot();
         break;
     case MenuIndex::Exit:

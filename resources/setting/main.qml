@@ -36,7 +36,7 @@ AppRootItem {
             anchors.left: titleLeftBg.right
             width: parent.width - titleLeftBg.width
             height: parent.height
-            color: _app.isNarrowPortrait ? "#FFFFFF" : "#F4F5F5"
+            color: _app.isNarrowPortrait ? Toolkit.Palette.surface : Toolkit.Palette.background
         }
 
         Rectangle {
@@ -45,7 +45,7 @@ AppRootItem {
             width: _app.menuWidth
             height: parent.height
             visible: _menu.shown
-            color: "#FFFFFF"
+            color: Toolkit.Palette.surface
 
             Text {
                 id: _settingsText
@@ -54,7 +54,7 @@ AppRootItem {
                 text: "Setting"
                 font.family: "1"
                 font.pixelSize: Math.max(1, _title.height / 3)
-                color: "#2C2E30"
+                color: Toolkit.Palette.title
             }
         }
 
@@ -64,7 +64,7 @@ AppRootItem {
             anchors.verticalCenter: parent.verticalCenter
             font.family: "1"
             font.pixelSize: Math.max(1, _title.height / 3)
-            color: "#2C2E30"
+            color: Toolkit.Palette.title
         }
     }
 
@@ -143,7 +143,7 @@ AppRootItem {
 
         contentItem: Rectangle {
             radius: width / 2
-            color: _scrollBar.pressed ? "#86909C" : "#C9CDD4"
+            color: _scrollBar.pressed ? Toolkit.Palette.caption : Toolkit.Palette.track
         }
     }
 }

@@ -1,4 +1,5 @@
 #include "shell/base/globalinfo.h"
+#include "shell/base/logging.h"
 #include "shell/base/service.h"
 
 #include <QtCore/QCoreApplication>
@@ -36,6 +37,7 @@ void GlobalInfo::setLocale(const QLocale &locale)
 {
     if (locale == m_locale)
         return;
+    qCDebug(logShell, "language: %s chosen", qPrintable(locale.name()));
     m_locale = locale;
     systemSet().setLanguage(locale.language() == QLocale::Chinese ? HMI::SystemSet::CHINESE
                                                                   : HMI::SystemSet::ENGLISH);
@@ -49,11 +51,13 @@ void GlobalInfo::switchLanguage(const QLocale &locale)
 
 void GlobalInfo::checkExternalLanguageChange()
 {
-    const QLocale chosen = systemSet().getLanguage() == HMI::SystemSet::CHINESE
-                               ? QLocale(QLocale::Chinese, QLocale::China)
-                               : QLocale(QLocale::English, QLocale::UnitedStates);
-    if (chosen.language() == m_locale.language())
+    const bool isChinese = systemSet().getLanguage() == HMI::SystemSet::CHINESE;
+    // Any other language is told to the service as English, and is not to be mistaken for a choice of it.
+    if (isChinese == (m_locale.language() == QLocale::Chinese))
         return;
+    const QLocale chosen = isChinese ? QLocale(QLocale::Chinese, QLocale::China)
+                                     : QLocale(QLocale::English, QLocale::UnitedStates);
+    qCDebug(logShell, "language: %s found on the panel", qPrintable(chosen.name()));
     m_locale = chosen;
     emit localeChanged();
 }
