@@ -39,6 +39,7 @@ Stage::Stage(const KeyboardLibrary &library, const QSize &size)
     , m_other(new RecordingField(m_window->contentItem()))
     , m_keyboard(library.keyboardOf(m_window.get()))
 {
+    QObject::connect(m_window.get(), &QQuickWindow::frameSwapped, m_window.get(), [this] { ++m_frames; });
     m_window->resize(size);
     m_field->setSize(QSizeF(size));
     m_other->setSize(QSizeF(size.width(), HeightOfFields));
@@ -85,12 +86,9 @@ bool Stage::show(VkbLayoutType type)
 
 void Stage::awaitFrame()
 {
-    bool isPainted = false;
-    const QMetaObject::Connection painting = QObject::connect(
-        m_window.get(), &QQuickWindow::frameSwapped, m_window.get(), [&isPainted] { isPainted = true; });
+    const int before = m_frames;
     m_window->update();
-    waitFor([&isPainted] { return isPainted; }, PatienceMs);
-    QObject::disconnect(painting);
+    waitFor([this, before] { return m_frames > before; }, PatienceMs);
 }
 
 bool Stage::hide()

@@ -63,6 +63,7 @@ private:
     RecordingField *m_other;
     QVkbInterface *m_keyboard;
     bool m_isPrepared = false;
+    int m_frames = 0;
 };
 
 } // namespace Conformance

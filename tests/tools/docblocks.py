@@ -102,7 +102,6 @@ class Programs:
             "./setup": self.parses_itself,
             "./test": self.test,
             "apt": self.apt,
-            "bench/run": self.script,
             "cmake": self.cmake_command,
             "packaging/debian/make-packages": self.packer,
             "panel-host": self.parses_itself,
@@ -114,6 +113,8 @@ class Programs:
         check = self.checks.get(name)
         if check:
             return check(words)
+        if "/" in name and (self.root / name).is_file():
+            return self.script(words)
         if re.match(r"build/\w+/", name):
             return self.target(pathlib.PurePath(name).name)
         if name.startswith("build/"):
@@ -150,8 +151,9 @@ class Programs:
         return f"ctest has no {unknown[0]}" if unknown else None
 
     def script(self, words):
+        """A script of this tree, which names the options that it has."""
         known = options_in((self.root / words[0]).read_text(encoding="utf-8"))
-        unknown = [word for word in words[1:] if word not in known]
+        unknown = [word for word in words[1:] if word.startswith("-") and word not in known]
         return f"{words[0]} has no {unknown[0]}" if unknown else None
 
     def conformance(self, words):

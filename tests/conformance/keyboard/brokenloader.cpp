@@ -22,14 +22,11 @@ std::map<QQuickWindow *, Loader *> &loaders()
     return all;
 }
 
-struct End {
-    ~End()
-    {
-        if (BrokenKeyboard::is("life.end"))
-            std::abort();
-    }
-};
-const End end;
+__attribute__((destructor)) void end()
+{
+    if (BrokenKeyboard::is("life.end"))
+        std::abort();
+}
 
 } // namespace
 
