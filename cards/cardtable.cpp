@@ -64,7 +64,6 @@ void wireWifi(AppRootItem *root, QQuickItem *card)
     auto *wifi = qobject_cast<CardWifi *>(card);
     if (!wifi)
         return;
-    QObject::connect(wifi, &CardWifi::wifiReset, &root->panel().wifi(), &WifiLink::reset);
     BeepButton *button = wifi->returnButton();
     if (!button)
         return;

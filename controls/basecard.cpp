@@ -1,10 +1,12 @@
 #include "controls/basecard.h"
 
+#include "shell/base/palette.h"
+
 namespace QSP {
 
 BaseCard::BaseCard(QQuickItem *parent) : QQuickRectangle(parent)
 {
-    setColor(Qt::white);
+    setColor(Palette::instance().surface());
     setHeight(80.0);
     setRadius(10.0);
 }

@@ -1,5 +1,6 @@
 #include "controls/beepswitch.h"
 
+#include "shell/base/palette.h"
 #include "shell/base/qmltype.h"
 
 #include <QtQuick/private/qquickitem_p.h>
@@ -7,18 +8,11 @@
 
 namespace QSP {
 
-namespace {
-
-constexpr QRgb offColor = qRgb(0xC9, 0xCD, 0xD4);
-constexpr QRgb onColor = qRgb(0x34, 0x82, 0xFF);
-
-} // namespace
-
 BeepSwitch::BeepSwitch(QQuickItem *parent)
     : BeepButton(parent), m_background(new QQuickRectangle(this)), m_front(new QQuickRectangle(this))
 {
     setBackground(m_background);
-    m_background->setColor(offColor);
+    m_background->setColor(Palette::instance().track());
     m_front->setColor(QColorConstants::White);
     QQuickItemPrivate::get(m_front)->anchors()->setVerticalCenter(
         QQuickItemPrivate::get(this)->verticalCenter());
@@ -53,7 +47,7 @@ void BeepSwitch::onChangeEnabled(bool bEnabled)
 void BeepSwitch::onOnChanged()
 {
     updateFrontRect();
-    m_background->setColor(m_on ? onColor : offColor);
+    m_background->setColor(m_on ? Palette::instance().accent() : Palette::instance().track());
 }
 
 void BeepSwitch::onClickEvent()

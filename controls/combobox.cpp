@@ -3,6 +3,7 @@
 #include "controls/beepbutton.h"
 #include "controls/touchmask.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/palette.h"
 #include "shell/base/qmltype.h"
 #include "shell/base/vkbmanager.h"
 
@@ -22,7 +23,6 @@ namespace QSP {
 
 namespace {
 
-constexpr QColor closedBorder(226, 226, 226);
 constexpr QColor openBorder(110, 162, 226);
 
 // All that is seen is our own, so that the box looks the same in whatever style the host has its controls.
@@ -30,6 +30,7 @@ const char *const boxText = R"(
 import QtQuick 2.15
 import QtQuick.Controls 2.15
 import QtQuick.Templates 2.15 as T
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 ComboBox {
     id: _com
     property int fontPixelSize: 20
@@ -54,7 +55,7 @@ ComboBox {
         rightPadding: 0.6 * _com.height
         text: _com.displayText
         font: _com.font
-        color: _com.enabled ? "#1D2129" : "#B4B4B4"
+        color: _com.enabled ? Toolkit.Palette.text : Toolkit.Palette.disabledText
         elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter
     }
@@ -79,6 +80,7 @@ ComboBox {
 const char *const rowText = R"(
 import QtQuick 2.15
 import QtQuick.Controls 2.15
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 ItemDelegate {
     width: _com.width
     height: _com.height
@@ -89,7 +91,7 @@ ItemDelegate {
         width: parent.width
         height: Math.round(parent.y + parent.height) - Math.round(parent.y)
         opacity: parent.down ? _com.pressedOpacity : 1.0
-        color: model.index === _com.currentIndex ? "#A8CDF1" : "#FFFFFF"
+        color: model.index === _com.currentIndex ? "#A8CDF1" : Toolkit.Palette.surface
         Text {
             x: 10
             width: Math.max(0, parent.width - 2 * x)
@@ -97,7 +99,7 @@ ItemDelegate {
             anchors.verticalCenter: parent.verticalCenter
             text: modelData.name
             font.pixelSize: _com.fontPixelSize
-            color: "#1D2129"
+            color: Toolkit.Palette.text
         }
     }
 }
@@ -111,6 +113,7 @@ struct Components {
 
 QQmlComponent *makeComponent(QQmlEngine *engine, const char *text)
 {
+    Palette::registerForDocuments();
     auto *component = new QQmlComponent(engine, engine);
     component->setData(text, QUrl());
     if (!component->isReady())
@@ -158,7 +161,7 @@ QQuickRectangle *makeFrame(QQuickItem *parent, const QColor &border)
     auto *frame = new QQuickRectangle(parent);
     frame->border()->setWidth(1.0);
     frame->border()->setColor(border);
-    frame->setColor(Qt::white);
+    frame->setColor(Palette::instance().surface());
     return frame;
 }
 
@@ -210,7 +213,7 @@ void ComboBox::registerType()
 void ComboBox::dressBox()
 {
     QQuickItem *content = m_combo->contentItem();
-    m_background = makeFrame(content, closedBorder);
+    m_background = makeFrame(content, Palette::instance().fieldBorder());
     m_combo->setBackground(m_background);
 
     m_indicator = new QQuickImage(content);
@@ -248,7 +251,7 @@ void ComboBox::connectBox()
             BeepButton::beepIfOn();
     });
     connect(popup, &QQuickPopup::openedChanged, this, [this, popup] {
-        m_background->border()->setColor(popup->isOpened() ? openBorder : closedBorder);
+        m_background->border()->setColor(popup->isOpened() ? openBorder : Palette::instance().fieldBorder());
     });
     connect(m_combo, &QQuickItem::heightChanged, this, &ComboBox::adjustToHeight);
     connect(m_combo, &QQuickItem::enabledChanged, this,

@@ -3,6 +3,7 @@
 #include "controls/beepbutton.h"
 #include "controls/popuptie.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/palette.h"
 #include "shell/base/qmltype.h"
 
 #include <QtGui/QGuiApplication>
@@ -15,9 +16,6 @@
 namespace QSP {
 
 namespace {
-
-constexpr QColor lineColor(0xE6, 0xE7, 0xE9);
-constexpr QColor titleColor(0x86, 0x90, 0x9C);
 
 // Parts of the dialog are drawn for a glass 1920 wide; an upright or compact one has sizes of its own.
 qreal scaled(qreal landscape, qreal fixed)
@@ -48,7 +46,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     auto *background = childOf<QQuickRectangle>(content);
     background->setRadius(scaled(15.0, 8.0));
     background->border()->setWidth(1.0);
-    background->border()->setColor(lineColor);
+    background->border()->setColor(Palette::instance().frame());
     background->setZ(-1.0);
     setBackground(background);
 
@@ -56,7 +54,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     m_titleBar->setHeight(scaled(68.0, 36.0));
 
     m_titleText = childOf<QQuickText>(m_titleBar);
-    m_titleText->setColor(titleColor);
+    m_titleText->setColor(Palette::instance().caption());
     // Titles such as names of networks come from outside.
     m_titleText->setTextFormat(QQuickText::PlainText);
     m_titleText->setElideMode(QQuickText::ElideRight);
@@ -68,7 +66,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     // the dialog is painted again.
     m_separator->setY(qRound(m_titleBar->height()));
     m_separator->setHeight(1.0);
-    m_separator->setColor(lineColor);
+    m_separator->setColor(Palette::instance().frame());
 
     connect(content, &QQuickItem::widthChanged, this, &Dialog::relayout);
     tieToParent(this);

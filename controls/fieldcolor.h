@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QtGui/QColor>
+#include "shell/base/palette.h"
 
 namespace QSP {
 
 /// Colour of the text in an entry field.
 inline QColor fieldTextColor(bool enabled)
 {
-    return enabled ? QColor(0, 0, 0) : QColor(180, 180, 180);
+    return enabled ? Palette::instance().fieldText() : Palette::instance().disabledText();
 }
 
 } // namespace QSP

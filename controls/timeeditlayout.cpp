@@ -1,12 +1,13 @@
-// The looks of the time editor: sizes, fields, separators and button.
-
-#include "controls/timeeditpopup.h"
+// The looks of the time editor, apart from what it does: each fills a file.
 
 #include "controls/beepbutton.h"
+#include "controls/timeeditpopup.h"
 #include "controls/timekeypressfilter.h"
+#include "controls/titlerow.h"
 #include "controls/touchmask.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 #include "shell/base/screenroot.h"
 
 #include <QtCore/QCoreApplication>
@@ -17,12 +18,6 @@
 namespace QSP {
 
 namespace {
-
-constexpr QRgb inkColor = qRgb(0x1D, 0x21, 0x29);
-constexpr QRgb accentColor = qRgb(0x34, 0x82, 0xFF);
-constexpr QRgb boxBorderColor = qRgb(0xE6, 0xE7, 0xE9);
-// The ring around a field that is being edited, as around those of addresses.
-constexpr QRgb ringColor = qRgb(0x32, 0x69, 0xCE);
 
 // All lengths in units of the scale, the row from left to right.
 constexpr qreal rowWidth = 632.0;
@@ -51,13 +46,8 @@ qreal rootWidth()
 
 TimeEditPopup::Sizes TimeEditPopup::sizes()
 {
-    const GlobalInfo &info = GlobalInfo::instance();
-    const int screenWidth = info.screenSize().width();
-    qreal base = screenWidth * 0.053125;
-    if (info.hasFixedSizes())
-        base = screenWidth < 600 ? 43.0 : 54.0;
-
     const qreal width = rootWidth();
+    const qreal base = exactTitleRowHeight();
     qreal scale = qMin(width / 800.0, base / 43.0);
     if (width >= 1920.0)
         scale *= 0.8;
@@ -141,14 +131,14 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     frame->setSize(box.size());
     frame->setRadius(4.0);
     frame->setColor(QColor(0xF7, 0xF8, 0xFA));
-    frame->border()->setColor(boxBorderColor);
+    frame->border()->setColor(Palette::instance().frame());
     frame->border()->setWidth(1.0);
 
     auto *input = new QQuickTextInput(frame);
     input->setSize(box.size());
     input->setFont(withPixelSize(font(), fontPixelSize));
-    input->setColor(inkColor);
-    input->setSelectionColor(accentColor);
+    input->setColor(Palette::instance().text());
+    input->setSelectionColor(Palette::instance().accent());
     input->setSelectedTextColor(Qt::white);
     input->setHAlign(QQuickTextInput::AlignHCenter);
     input->setVAlign(QQuickTextInput::AlignVCenter);
@@ -157,7 +147,7 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     input->installEventFilter(m_keyFilter.get());
     TouchMask::cover(input);
     connect(input, &QQuickItem::activeFocusChanged, this, [this, input, frame](bool focused) {
-        frame->border()->setColor(focused ? ringColor : boxBorderColor);
+        frame->border()->setColor(focused ? Palette::instance().focus() : Palette::instance().frame());
         onInputFocusChanged(input, focused);
     });
     return input;
@@ -167,7 +157,7 @@ void TimeEditPopup::createSeparator(const QString &text, const QRectF &span, int
 {
     auto *separator = new QQuickText(contentItem());
     separator->setFont(withPixelSize(font(), fontPixelSize));
-    separator->setColor(inkColor);
+    separator->setColor(Palette::instance().text());
     separator->setVAlign(QQuickText::AlignVCenter);
     separator->setText(text);
     separator->setX(span.x() + (span.width() - separator->implicitWidth()) * 0.5);
@@ -184,7 +174,7 @@ void TimeEditPopup::createButtons(const QRectF &place, qreal baseFontSize)
     auto *face = new QQuickRectangle(button);
     face->setSize(place.size());
     face->setRadius(5.0);
-    face->setColor(accentColor);
+    face->setColor(Palette::instance().accent());
     button->fadeWhilePressed(face);
 
     auto *text = new QQuickText(face);

@@ -2,6 +2,7 @@
 
 #include "panel/wifilink.h"
 #include "shell/base/guithread.h"
+#include "shell/base/logging.h"
 
 #include <QtCore/QTimer>
 
@@ -25,6 +26,19 @@ constexpr std::array<AddressCalls, g_addresses.size()> g_calls = {{
     {&HMI::SystemSet::getGateway, &HMI::SystemSet::getGatewayFromEE, &HMI::SystemSet::setGateway},
 }};
 
+const char *addressName(Address address)
+{
+    switch (address) {
+    case Address::Ip:
+        return "address";
+    case Address::SubnetMask:
+        return "mask";
+    case Address::Gateway:
+        return "gateway";
+    }
+    return "";
+}
+
 } // namespace
 
 Adapter::Adapter(NIC nic, WifiLink *link, QObject *parent)
@@ -41,6 +55,10 @@ Adapter::Adapter(NIC nic, WifiLink *link, QObject *parent)
     connect(m_link, &WifiLink::wasReset, this, &Adapter::reset);
     const JoinAttempt *attempt = &m_link->attempt();
     connect(attempt, &JoinAttempt::joined, this, &Adapter::onJoined);
+    connect(attempt, &JoinAttempt::stateChanged, this, [this](JoinAttempt::State state) {
+        if (state == JoinAttempt::State::AwaitingName)
+            forget();
+    });
     connect(attempt, &JoinAttempt::underWayChanged, this, [this, attempt](bool isUnderWay) {
         // A new moment, unless it is that of joined(), which came first.
         if (!isUnderWay && attempt->state() != JoinAttempt::State::Joined)
@@ -155,6 +173,8 @@ void Adapter::adoptStatic()
 
 void Adapter::onDhcp(HMI::SystemSet::DHCP_STATE state)
 {
+    qCDebug(logNetwork, "%s: DHCP %s", adapterLabel(m_nic),
+            state == HMI::SystemSet::DHCP_OK ? "done" : "failed");
     forget();
     if (m_link)
         m_link->forget();
@@ -164,9 +184,10 @@ void Adapter::onDhcp(HMI::SystemSet::DHCP_STATE state)
     showInForce();
 }
 
-void Adapter::onJoined()
+void Adapter::onJoined(bool wasLeaseAwaited)
 {
-    forget();
+    if (wasLeaseAwaited)
+        forget();
     if (!isLinked())
         return;
     adoptStatic();
@@ -179,14 +200,19 @@ void Adapter::reset()
         return;
     if (m_isStatic)
         setStatic(false);
-    for (const Address address : g_addresses)
-        show(address, std::nullopt);
+    for (const Address address : g_addresses) {
+        if (shown(address))
+            show(address, std::nullopt);
+    }
 }
 
 // --- What is shown ---
 
 void Adapter::show(Address address, std::optional<HMI::IP> value)
 {
+    if (m_shown[index(address)] != value)
+        qCDebug(logNetwork, "%s: %s shows %s", adapterLabel(m_nic), addressName(address),
+                value ? qPrintable(dotted(*value)) : "nothing");
     m_shown[index(address)] = value;
     emit shownChanged(address);
 }
@@ -255,6 +281,7 @@ void Adapter::offerStored()
 
 void Adapter::setEnabled(bool enabled)
 {
+    qCDebug(logNetwork, "%s: switched %s", adapterLabel(m_nic), enabled ? "on" : "off");
     m_isEnabled = enabled;
     emit enabling(enabled);
     writeEnabled(enabled);
@@ -283,6 +310,7 @@ void Adapter::writeEnabled(bool enabled)
 
 void Adapter::setStatic(bool isStatic)
 {
+    qCDebug(logNetwork, "%s: %s chosen", adapterLabel(m_nic), isStatic ? "static" : "DHCP");
     m_isStatic = isStatic;
     if (isStatic)
         m_leaseTimer->stop();
@@ -297,13 +325,15 @@ void Adapter::setStatic(bool isStatic)
 
 void Adapter::writeDhcp(bool on)
 {
-    const auto done =
-        onGuiThread(this, [](Adapter *adapter, HMI::SystemSet::DHCP_STATE state) { adapter->onDhcp(state); });
+    const auto done = onGuiThread(
+        "setDHCP", this, [](Adapter *adapter, HMI::SystemSet::DHCP_STATE state) { adapter->onDhcp(state); });
     systemSet().setDHCP(m_nic, on, done, true);
 }
 
 void Adapter::setAddress(Address address, HMI::IP value)
 {
+    qCDebug(logNetwork, "%s: %s set to %s", adapterLabel(m_nic), addressName(address),
+            qPrintable(dotted(value)));
     m_shown[index(address)] = value;
     m_live[index(address)].forget();
     m_stored[index(address)].forget();
@@ -312,6 +342,8 @@ void Adapter::setAddress(Address address, HMI::IP value)
 
 void Adapter::setDns(const Dns &dns)
 {
+    qCDebug(logNetwork, "%s: name servers set to %s and %s", adapterLabel(m_nic),
+            qPrintable(dotted(dns.first)), qPrintable(dotted(dns.second)));
     m_dns.forget();
     systemSet().setDns(m_nic, dns);
 }

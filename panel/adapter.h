@@ -43,6 +43,8 @@ public:
     bool isDhcpOn() const;
     Dns dns() const;
     HMI::MAC mac() const;
+    /// Whether an address is in force.
+    bool hasAddress() const { return live(Address::Ip) != 0; }
 
     // What the operator chose. The service's own values once the adapter is shown.
     bool isEnabled() const { return m_isEnabled; }
@@ -111,7 +113,7 @@ private:
     void showStored();
     void offerStored();
 
-    void onJoined();
+    void onJoined(bool wasLeaseAwaited);
     void writeEnabled(bool enabled);
     void writeDhcp(bool on);
 

@@ -3,6 +3,7 @@
 #include "panel/adapters.h"
 #include "panel/servicelimits.h"
 #include "shell/base/guithread.h"
+#include "shell/base/logging.h"
 
 namespace QSP {
 
@@ -34,6 +35,7 @@ NIC DefaultAdapter::current() const
 
 void DefaultAdapter::choose(NIC nic)
 {
+    qCDebug(logNetwork, "default adapter: %s chosen", adapterLabel(nic));
     systemSet().setDefaultNIC(nic, false);
     // It may have been refused because the adapter vanished while the operator chose.
     read();
@@ -58,9 +60,11 @@ void DefaultAdapter::startTest()
     // The service's, whatever was read before.
     m_current.forget();
     m_tested = current();
+    qCDebug(logNetwork, "ping %d: over %s", test, adapterLabel(m_tested));
     await(test);
-    const auto done = onGuiThread(
-        this, [test](DefaultAdapter *adapter, bool hasReached) { adapter->report(test, hasReached); });
+    const auto done = onGuiThread("pingTest", this, [test](DefaultAdapter *adapter, bool hasReached) {
+        adapter->report(test, hasReached);
+    });
     systemSet().pingTest(m_tested, done);
 }
 
@@ -91,6 +95,7 @@ void DefaultAdapter::report(int test, bool hasReached)
     if (test == 0 || test != m_awaitedTest)
         return;
     await(0);
+    qCDebug(logNetwork, "ping %d: %s", test, hasReached ? "answered" : "not answered");
     emit tested(hasReached);
 }
 

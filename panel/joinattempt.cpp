@@ -5,6 +5,7 @@
 #include "panel/ssid.h"
 #include "panel/wifilink.h"
 #include "shell/base/guithread.h"
+#include "shell/base/logging.h"
 
 #include <array>
 
@@ -82,7 +83,10 @@ bool tellsOfLink(Report report)
 } // namespace
 
 JoinAttempt::JoinAttempt(WifiLink &link)
-    : QObject(&link), m_link(link), m_limit(ServiceLimits::join, "joinLimit", this)
+    : QObject(&link)
+    , m_link(link)
+    , m_limit(ServiceLimits::join, "joinLimit", this)
+    , m_hasAddress([] { return systemSet().getIp(SystemSet::WIFI) != 0; })
 {
     connect(&m_limit, &QTimer::timeout, this, [this] { take(Report::LimitReached); });
     connect(&m_link, &WifiLink::wasRead, this, &JoinAttempt::onLinkRead);
@@ -100,6 +104,7 @@ void JoinAttempt::begin(const HMI::SSID &ssid, const QString &password)
 {
     m_ssid = terminatedSsid(ssid);
     m_digest = m_refusals.digestOf(m_ssid, password);
+    qCDebug(logWifi, "joining \"%s\"", qUtf8Printable(displayName(getSsidFromScan(m_ssid))));
     m_receiver = std::make_unique<QObject>();
     m_limit.start();
     const bool wasUnderWay = isUnderWay();
@@ -114,10 +119,10 @@ void JoinAttempt::start(const QString &password)
     QByteArray utf8 = password.toUtf8();
     std::string bytes = utf8.toStdString();
     overwrite(utf8);
-    systemSet().connectWifi(m_ssid, bytes,
-                            onGuiThread(m_receiver.get(), [this](QObject *, SystemSet::StateWifi value) {
-                                take(reportOf(value));
-                            }));
+    systemSet().connectWifi(
+        m_ssid, bytes,
+        onGuiThread("connectWifi", m_receiver.get(),
+                    [this](QObject *, SystemSet::StateWifi value) { take(reportOf(value)); }));
     overwrite(bytes);
 }
 
@@ -130,15 +135,17 @@ void JoinAttempt::reset()
 void JoinAttempt::take(Report report)
 {
     const State next = after(m_state, report);
+    qCDebug(logWifi, "attempt: %s in %s leads to %s", nameOf(report), nameOf(m_state), nameOf(next));
     if (next == m_state)
         return;
     const bool wasUnderWay = isUnderWay();
+    const bool wasLeaseAwaited = m_state == State::AwaitingLease;
     enter(next);
     if (tellsOfLink(report))
         m_link.read();
     // Unless another was begun meanwhile.
     if (next == State::Joined && m_state == next)
-        emit joined();
+        emit joined(wasLeaseAwaited);
     if (wasUnderWay && !isUnderWay())
         emit underWayChanged(false);
 }
@@ -175,15 +182,15 @@ void JoinAttempt::onLinkRead()
 
 bool JoinAttempt::needsLease() const
 {
-    return m_isNearby && m_isNearby(m_link.ssid()) && systemSet().getIp(SystemSet::WIFI) == 0;
+    return m_isNearby && m_isNearby(m_link.ssid()) && !m_hasAddress();
 }
 
 void JoinAttempt::askForLease()
 {
-    systemSet().setDHCP(
-        SystemSet::WIFI, true,
-        onGuiThread(m_receiver.get(), [this](QObject *, SystemSet::DHCP_STATE) { take(Report::Lease); }),
-        true);
+    systemSet().setDHCP(SystemSet::WIFI, true,
+                        onGuiThread("setDHCP", m_receiver.get(),
+                                    [this](QObject *, SystemSet::DHCP_STATE) { take(Report::Lease); }),
+                        true);
 }
 
 } // namespace QSP

@@ -55,6 +55,8 @@ public:
 
     /// Tells of a network whether it is listed as one nearby.
     using IsNearby = std::function<bool(const HMI::SSID &)>;
+    /// Tells whether the adapter has an address on the network that was joined.
+    using HasAddress = std::function<bool()>;
 
     /// @p link owns the attempt and is read when the service has reported something of it.
     explicit JoinAttempt(WifiLink &link);
@@ -74,6 +76,8 @@ public:
 
     /// An address is asked for only on networks of which @p isNearby is true; on none without it.
     void setNearby(IsNearby isNearby) { m_isNearby = std::move(isNearby); }
+    /// Whoever knows the adapter tells whether it has an address; else the service is asked.
+    void setHasAddress(HasAddress hasAddress) { m_hasAddress = std::move(hasAddress); }
 
     /// Starts an attempt in place of any other.
     void begin(const HMI::SSID &ssid, const QString &password);
@@ -87,8 +91,9 @@ signals:
     void stateChanged(QSP::JoinAttempt::State state);
     /// After false the link shows how it went: it was read right before, and need not be read again for this.
     void underWayChanged(bool underWay);
-    /// The panel has joined, with an address or without need of one. The link was read before.
-    void joined();
+    /// The panel has joined, with an address or without need of one. The link was read before, and unless a
+    /// lease was awaited the address, too.
+    void joined(bool wasLeaseAwaited);
 
 private:
     void start(const QString &password);
@@ -101,6 +106,7 @@ private:
     AnswerLimit m_limit;
     WifiRefusals m_refusals;
     IsNearby m_isNearby;
+    HasAddress m_hasAddress;
     State m_state = State::Idle;
     HMI::SSID m_ssid{};
     WifiRefusals::Digest m_digest;

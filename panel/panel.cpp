@@ -11,7 +11,9 @@ Panel::Panel(QObject *parent)
     , m_defaultAdapter(m_adapters, this)
     , m_modem(m_adapters.of(HMI::SystemSet::MOBILE_4G), this)
     , m_tunnel(m_adapters.of(HMI::SystemSet::VPN), this)
-{}
+{
+    m_wifi.attempt().setHasAddress([this] { return m_adapters.of(HMI::SystemSet::WIFI).hasAddress(); });
+}
 
 void Panel::select(NIC nic)
 {

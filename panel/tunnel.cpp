@@ -1,6 +1,7 @@
 #include "panel/tunnel.h"
 
 #include "panel/adapter.h"
+#include "shell/base/logging.h"
 
 namespace QSP {
 
@@ -31,6 +32,7 @@ void Tunnel::endAddress()
 
 void Tunnel::choose(Server server)
 {
+    qCDebug(logNetwork, "VPN: server %d chosen", static_cast<int>(server));
     systemSet().setVPNServer(server);
     systemSet().resetVPNIp(server);
     forget();

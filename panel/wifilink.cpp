@@ -2,6 +2,7 @@
 
 #include "panel/nic.h"
 #include "panel/ssid.h"
+#include "shell/base/logging.h"
 
 #include <tuple>
 
@@ -35,8 +36,11 @@ void WifiLink::read()
     };
     const bool isNew = !m_reading || values(*m_reading) != values(now);
     m_reading = now;
-    if (isNew)
+    if (isNew) {
+        qCDebug(logWifi, "link: %s \"%s\", %d %%", now.isConnected ? "connected to" : "not connected,",
+                qUtf8Printable(displayName(getSsidFromCurWifi(now.ssid))), now.signalStrength);
         emit changed();
+    }
     emit wasRead();
 }
 
@@ -44,6 +48,12 @@ void WifiLink::refresh()
 {
     if (!m_reading)
         read();
+}
+
+void WifiLink::reset()
+{
+    m_attempt.reset();
+    emit wasReset();
 }
 
 QString WifiLink::name() const

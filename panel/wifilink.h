@@ -38,8 +38,8 @@ public:
     /// The newest attempt to join a network.
     JoinAttempt &attempt() { return m_attempt; }
 
-    /// The operator asked for a reset of the Wi-Fi settings.
-    void reset() { emit wasReset(); }
+    /// The operator asked for a reset of the Wi-Fi settings, which ends the attempt.
+    void reset();
 
 signals:
     /// After every reading, also one that found nothing new.

@@ -4,6 +4,7 @@
 #include "shell/base/embeddedcomponent.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/hostoptions.h"
+#include "shell/base/logging.h"
 #include "shell/base/qmltype.h"
 #include "shell/cardinfo.h"
 
@@ -63,7 +64,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
     info.setCompactLandscape(options.wantsCompactLandscape);
     info.setRootPopupZ(rootPopupZ);
     info.setScreenWidth(width);
-    info.setQmlEngine(engine);
+    qCDebug(QSP::logShell, "built for %dx%d", width, height);
     root->init(engine, options);
     return root;
 }

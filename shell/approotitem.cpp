@@ -5,6 +5,9 @@
 #include "shell/base/documentalias.h"
 #include "shell/base/documentend.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/logging.h"
+#include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 #include "shell/base/qmltype.h"
 #include "shell/base/screenroot.h"
 #include "shell/base/service.h"
@@ -43,7 +46,7 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     // For the buttons of the menu.
     registerQmlType<BeepButton>();
     qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
-    setColor(QColor(0xF4, 0xF5, 0xF5));
+    setColor(Palette::instance().background());
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
     // Before any card looks.
     connect(this, &AppRootItem::opened, &m_panel, &Panel::read);
@@ -100,7 +103,10 @@ void AppRootItem::touchEvent(QTouchEvent *event)
 void AppRootItem::followVisibility()
 {
     connect(this, &QQuickItem::visibleChanged, this, [this] {
+        if (m_isOpen != isVisible())
+            qCDebug(logShell, isVisible() ? "shown" : "hidden");
         m_isFocusDue = !isVisible();
+        m_isOpen = isVisible();
         if (m_isFocusDue) {
             // With an older screen that a host hides at last goes only what it edits itself.
             if (g_root == this)
@@ -166,7 +172,7 @@ void AppRootItem::init(QQmlEngine *engine, const HostOptions &options)
     m_cardPool = aliasOf<QQuickFlickable>(this, "cardPool");
     // Long enough to tell a scroll from a tap with a glove.
     m_cardPool->setPressDelay(200);
-    connect(&info, &GlobalInfo::localeChanged, this, &AppRootItem::updateTitle);
+    followLanguage(this, [this] { updateTitle(); });
     if (window())
         info.initializeNativeOrientation(window());
     else
@@ -190,13 +196,8 @@ void AppRootItem::onWindowAvailable(QQuickWindow *window)
 
 void AppRootItem::open()
 {
-    followLanguage();
+    GlobalInfo::instance().checkExternalLanguageChange();
     setVisible(true);
-}
-
-void AppRootItem::followLanguage()
-{
-    GlobalInfo::instance().checkExternalLanguageChange(m_options.languages);
 }
 
 AppRootItem::MenuIndex AppRootItem::firstPage() const
@@ -247,6 +248,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
     }
     if (isHidden(page))
         return;
+    qCDebug(logShell, "page: %s in place of %s", nameOf(page), nameOf(m_currentPage));
     const MenuIndex old = m_currentPage;
     m_currentPage = page;
     emit currentPageChanged(page, old);
@@ -256,7 +258,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
 
 void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
 {
-    followLanguage();
+    GlobalInfo::instance().checkExternalLanguageChange();
     highlightMenuButton(oldPage, false);
     returnHighlight();
     showCard(oldPage, false);
@@ -307,6 +309,7 @@ void AppRootItem::reboot()
 {
     highlightMenuButton(m_currentPage, false);
     highlightMenuButton(MenuIndex::Reboot, true);
+    qCDebug(logDevice, "reboot asked for");
     systemSet().reboot();
 }
 

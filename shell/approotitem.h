@@ -72,8 +72,10 @@ public:
     QQuickItem *titleBar() const;
     int titleHeight() const;
     bool shouldMenuFill() const;
+    /// Whether opened() was told since the screen is seen.
+    bool isOpen() const { return m_isOpen; }
 
-    // The steps of init(), which does each in its turn.
+    // How menu, title bar and cards are built, for whoever builds more of them.
     void adjustTitle();
     void adjustMenu();
     QQuickItem *createMenuButton(QQuickItem *parent);
@@ -113,7 +115,6 @@ private:
     void followVisibility();
     void hide();
     MenuIndex firstPage() const;
-    void followLanguage();
     void takeEntry(MenuIndex entry);
     void takeReboot();
     void reboot();
@@ -127,6 +128,7 @@ private:
     Panel m_panel{this};
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;
+    bool m_isOpen = false;
     std::unique_ptr<Menu> m_menu;
     std::unique_ptr<TitleBar> m_titleBar;
     QQuickFlickable *m_cardPool = nullptr;

@@ -7,7 +7,7 @@ class QQuickImage;
 
 namespace QSP {
 
-/// What menu and title bar are made of alike.
+// Pieces that menu, title bar and cards have in common.
 
 /// Where an icon of the screen is.
 QUrl iconUrl(const char *name);

@@ -3,6 +3,7 @@
 #include "cards/about/qrpicture.h"
 #include "controls/titlerow.h"
 #include "shell/base/documenttext.h"
+#include "shell/base/logging.h"
 #include "shell/base/service.h"
 
 #include <QtCore/QCoreApplication>
@@ -45,6 +46,7 @@ void CardVersion::checkIconStatus(int status)
 void CardVersion::loadSerialNumber()
 {
     const QString serial = QString::fromStdString(systemSet().getSerialNumber());
+    qCDebug(logDevice, "serial number: %d characters", serial.size());
     const QString shown = serial == QLatin1String(noSerialNumber) ? QString() : serial;
     if (shown != m_serialNumber) {
         m_serialNumber = shown;

@@ -5,6 +5,7 @@
 #include "controls/touchmask.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documenttext.h"
+#include "shell/base/logging.h"
 #include "shell/base/service.h"
 
 #include <QtCore/QCoreApplication>
@@ -46,6 +47,7 @@ void CardBrightness::saveBrightness()
 {
     // A level that was told from beyond the ends is never written back, let alone stored.
     setBrightnessValue(m_brightnessValue);
+    qCDebug(logDevice, "brightness: %d to be stored", m_brightnessValue);
     systemSet().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
 }
 

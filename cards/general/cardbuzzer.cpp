@@ -4,6 +4,7 @@
 #include "controls/titlerow.h"
 #include "shell/approotitem.h"
 #include "shell/base/documenttext.h"
+#include "shell/base/logging.h"
 #include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
@@ -35,6 +36,7 @@ void CardBuzzer::switchClicked()
 
 void CardBuzzer::setBuzzerOn(bool on)
 {
+    qCDebug(logDevice, "buzzer: to be switched %s", on ? "on" : "off");
     BeepButton::setBuzzerOn(on);
 }
 

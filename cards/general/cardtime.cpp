@@ -6,6 +6,7 @@
 #include "shell/approotitem.h"
 #include "shell/base/documenttext.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/logging.h"
 #include "shell/base/service.h"
 #include "shell/rootof.h"
 
@@ -79,7 +80,9 @@ void CardTime::addDialog()
 void CardTime::setSystemTime(const QDateTime &dateTime)
 {
     auto &service = systemSet();
-    if (!service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch())))
+    const bool isSet = service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch()));
+    qCDebug(logDevice, "clock: %s %s", qPrintable(dateTime.toString(Qt::ISODate)), isSet ? "set" : "refused");
+    if (!isSet)
         return;
     service.syncHwclock();
     catchUp();

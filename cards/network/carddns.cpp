@@ -50,7 +50,7 @@ void CardDNS::componentComplete()
             showServers();
     });
     for (const CIpInput *input : {m_first, m_second}) {
-        if (input)
+        if (m_first && m_second)
             connect(input, &CIpInput::ipChangedByEdit, this, [this] {
                 saveDns({m_first->ip(), m_second->ip()});
             });

@@ -7,7 +7,7 @@
 #include "shell/approotitem.h"
 #include "shell/base/documentalias.h"
 #include "shell/base/documenttext.h"
-#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
 #include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
@@ -71,7 +71,14 @@ void CardNIC::componentComplete()
     connect(&adapter(), &DefaultAdapter::changed, this, &CardNIC::show);
     // Adapters may have been switched elsewhere while the screen was away.
     connect(&panelOf(this), &Panel::wasRead, this, &CardNIC::show);
-    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &CardNIC::updateComboBoxModel);
+    followLanguage(this, [this] {
+        // On its way to be opened the screen reads all of it right after.
+        const AppRootItem *root = rootOf(this);
+        if (!root || root->isOpen())
+            updateComboBoxModel();
+        else
+            show();
+    });
 }
 
 QVariantList CardNIC::model() const

@@ -1,6 +1,6 @@
 #include "cards/network/outcomemark.h"
 
-#include "cards/network/statustext.h"
+#include "shell/base/palette.h"
 
 #include <QtCore/QLineF>
 #include <QtQuick/private/qquickrectangle_p.h>
@@ -11,12 +11,12 @@ namespace {
 
 constexpr double strokeWidth = 0.1;
 
-QQuickRectangle *addDisc(OutcomeMark *mark, QRgb color)
+QQuickRectangle *addDisc(OutcomeMark *mark, const QColor &color)
 {
     auto *disc = new QQuickRectangle(mark);
     disc->setSize(mark->size());
     disc->setRadius(mark->width() / 2.0);
-    disc->setColor(QColor::fromRgba(color));
+    disc->setColor(color);
     return disc;
 }
 
@@ -39,10 +39,10 @@ void addStroke(QQuickItem *disc, QLineF line)
 OutcomeMark::OutcomeMark(int side, QQuickItem *parent) : QQuickItem(parent)
 {
     setSize(QSizeF(side, side));
-    m_tick = addDisc(this, StatusText::good);
+    m_tick = addDisc(this, Palette::instance().success());
     addStroke(m_tick, {0.29, 0.53, 0.44, 0.67});
     addStroke(m_tick, {0.44, 0.67, 0.72, 0.36});
-    m_cross = addDisc(this, StatusText::error);
+    m_cross = addDisc(this, Palette::instance().failure());
     addStroke(m_cross, {0.35, 0.35, 0.65, 0.65});
     addStroke(m_cross, {0.35, 0.65, 0.65, 0.35});
 }

@@ -5,6 +5,7 @@
 #include "controls/modalshade.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtQuick/private/qquicktext_p.h>
@@ -16,7 +17,6 @@ namespace {
 constexpr double widthFactor = 0.416015625;
 constexpr double heightFactor = 0.5704225352112676;
 constexpr double fontFactor = 0.021484375;
-constexpr QRgb textColor = 0xFF3269CE;
 constexpr int portraitWidth = 426;
 constexpr int portraitHeight = 243;
 constexpr int portraitFontPixelSize = 18;
@@ -65,7 +65,7 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     QFont font = m_text->font();
     font.setPixelSize(fontPixelSize());
     m_text->setFont(font);
-    m_text->setColor(QColor::fromRgba(textColor));
+    m_text->setColor(Palette::instance().focus());
     m_text->setHAlign(QQuickText::AlignHCenter);
     m_text->setVAlign(QQuickText::AlignVCenter);
     m_text->setWrapMode(QQuickText::WordWrap);
@@ -75,7 +75,7 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     m_dialog->setBodyItem(m_text);
 
     translateTitle();
-    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &PingDialog::translateTitle);
+    followLanguage(this, [this] { translateTitle(); });
 }
 
 void PingDialog::place()

@@ -8,6 +8,7 @@
 #include "controls/cmacinput.h"
 #include "controls/combobox.h"
 #include "shell/base/globalinfo.h"
+#include "shell/base/palette.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
 #include <QtQuick/private/qquickimage_p.h>
@@ -55,7 +56,7 @@ QQuickItem *RowFactory::labelledRow(const char *source, double height) const
 {
     QQuickItem *parent = row(height);
     auto *label = new QQuickText(parent);
-    label->setColor(QColor::fromRgba(StatusText::normal));
+    label->setColor(Palette::instance().text());
     label->setElideMode(QQuickText::ElideRight);
     anchorsOf(label)->setLeft(QQuickItemPrivate::get(parent)->left());
     anchorsOf(label)->setVerticalCenter(QQuickItemPrivate::get(parent)->verticalCenter());
@@ -131,7 +132,7 @@ QQuickText *RowFactory::text(QQuickItem *row) const
 {
     auto *text = new QQuickText(row);
     follow(text, [text](int, int fontPixelSize) { setPixelSize(text, fontPixelSize); });
-    text->setColor(QColor::fromRgba(StatusText::normal));
+    text->setColor(Palette::instance().text());
     placeRight(text, row);
     return text;
 }

@@ -1,5 +1,6 @@
 #include "cards/network/statustext.h"
 
+#include "shell/base/logging.h"
 #include "shell/base/multilingualtext.h"
 
 #include <QtCore/QCoreApplication>
@@ -12,15 +13,16 @@ void setNetworkText(QQuickText *text, const char *source)
     setMultilingualText(text, [source] { return QCoreApplication::translate("CardNetwork", source); });
 }
 
-void StatusText::show(const char *source, QRgb color)
+void StatusText::show(const char *source, const QColor &color)
 {
     if (!m_item)
         return;
     if (qstrcmp(m_source, source) != 0) {
+        qCDebug(logNetwork, "status: %s", source);
         m_source = source;
         setNetworkText(m_item, source);
     }
-    m_item->setColor(QColor::fromRgba(color));
+    m_item->setColor(color);
 }
 
 } // namespace QSP

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGui/QColor>
+#include "shell/base/palette.h"
 
 class QQuickText;
 
@@ -13,16 +13,12 @@ void setNetworkText(QQuickText *text, const char *source);
 class StatusText
 {
 public:
-    static constexpr QRgb normal = 0xFF1D2129;
-    static constexpr QRgb error = 0xFFFF4D4F;
-    static constexpr QRgb good = 0xFF00BC79;
-
     /// The item to write to; null until the row is built.
     void setItem(QQuickText *item) { m_item = item; }
     bool hasItem() const { return m_item != nullptr; }
 
     /// @p source is an untranslated text of static duration.
-    void show(const char *source, QRgb color = normal);
+    void show(const char *source, const QColor &color = Palette::instance().text());
 
 private:
     QQuickText *m_item = nullptr;

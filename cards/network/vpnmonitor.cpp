@@ -2,7 +2,8 @@
 
 #include "controls/combobox.h"
 #include "panel/panel.h"
-#include "shell/base/globalinfo.h"
+#include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QScopedValueRollback>
@@ -19,24 +20,25 @@ constexpr int interval = 3000;
 constexpr std::array<const char *, 2> g_servers = {QT_TRANSLATE_NOOP("CardNetwork", "Asia"),
                                                    QT_TRANSLATE_NOOP("CardNetwork", "Europe")};
 
-std::pair<const char *, QRgb> statusOf(int state)
+std::pair<const char *, QColor> statusOf(int state)
 {
+    const Palette &palette = Palette::instance();
     switch (state) {
     case 0:
         // Without an entry in the catalogues, as makers of them have it.
-        return {"Not connected", StatusText::normal};
+        return {"Not connected", palette.text()};
     case 1:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "Connecting..."), StatusText::normal};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Connecting..."), palette.text()};
     case 2:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "HMI not authorized"), StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "HMI not authorized"), palette.failure()};
     case 3:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "SSL Error"), StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "SSL Error"), palette.failure()};
     case 4:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "Certificate Error"), StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Certificate Error"), palette.failure()};
     case 5:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "VPN connected"), StatusText::good};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "VPN connected"), palette.success()};
     default:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "Unknown Status"), StatusText::error};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Unknown Status"), palette.failure()};
     }
 }
 
@@ -65,7 +67,7 @@ void VpnMonitor::setServerBox(ComboBox *box)
     translateServers();
     showServer();
     box->setEnabled(!m_panel.adapter(HMI::SystemSet::VPN).isUp());
-    connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &VpnMonitor::translateServers);
+    followLanguage(this, [this] { translateServers(); });
     connect(box, &ComboBox::currentIndexChanged, this, &VpnMonitor::chooseServer);
 }
 

@@ -1,8 +1,9 @@
 #include "cards/network/wifitile.h"
 
 #include "cards/network/statustext.h"
+#include "shell/barparts.h"
+#include "shell/base/palette.h"
 
-#include <QtCore/QUrl>
 #include <QtQuick/private/qquickanchors_p.h>
 #include <QtQuick/private/qquickimage_p.h>
 #include <QtQuick/private/qquickitem_p.h>
@@ -16,23 +17,21 @@ namespace {
 constexpr double cornerRadius = 8.0;
 constexpr double paleOpacity = 0.5;
 constexpr QRgb borderColor = 0xFFE2E3E5;
-constexpr QRgb pressedColor = 0xFFF2F3F5;
-constexpr QRgb hintColor = 0xFF656F7D;
 
 QQuickImage *addIcon(QQuickItem *parent, const char *icon)
 {
     auto *image = new QQuickImage(parent);
     image->setSourceSize({40, 40});
-    image->setSource(QUrl(QLatin1String("qrc:/setting/icons/") + QLatin1String(icon)));
+    image->setSource(iconUrl(icon));
     QQuickItemPrivate::get(image)->anchors()->setVerticalCenter(
         QQuickItemPrivate::get(parent)->verticalCenter());
     return image;
 }
 
-QQuickText *addText(QQuickItem *parent, QRgb color)
+QQuickText *addText(QQuickItem *parent, const QColor &color)
 {
     auto *text = new QQuickText(parent);
-    text->setColor(QColor::fromRgba(color));
+    text->setColor(color);
     return text;
 }
 
@@ -49,8 +48,8 @@ void placeText(QQuickText *text, qreal x, int pixelSize)
 WifiTile::WifiTile(QQuickItem *parent)
     : BeepButton(parent)
     , m_icon(addIcon(this, "4@2x.png"))
-    , m_status(addText(this, StatusText::normal))
-    , m_hint(addText(this, hintColor))
+    , m_status(addText(this, Palette::instance().text()))
+    , m_hint(addText(this, Palette::instance().hint()))
     , m_marker(addIcon(this, "rightArrow0@2x.png"))
 {
     auto *frame = new QQuickRectangle(this);
@@ -59,7 +58,7 @@ WifiTile::WifiTile(QQuickItem *parent)
     frame->border()->setColor(QColor::fromRgba(borderColor));
     setBackground(frame);
     connect(this, &QQuickAbstractButton::pressedChanged, frame, [this, frame] {
-        frame->setColor(isPressed() ? QColor::fromRgba(pressedColor) : QColor(Qt::white));
+        frame->setColor(isPressed() ? Palette::instance().markedSurface() : Palette::instance().surface());
     });
 
     // Two lines, one above and one below the middle.

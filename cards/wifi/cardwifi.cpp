@@ -116,12 +116,15 @@ void CardWifi::followLink()
 {
     connect(&link(), &WifiLink::wasRead, this,
             [this] { m_hold.run(FingerHold::What::Link, [this] { showJoined(); }); });
+    connect(&panelOf(this), &Panel::wasRead, this, [this] {
+        if (isVisible())
+            link().refresh();
+    });
     JoinAttempt &attempt = link().attempt();
     connect(&attempt, &JoinAttempt::stateChanged, this, &CardWifi::onAttempt);
     connect(&attempt, &JoinAttempt::joined, this, &CardWifi::onJoined);
-    attempt.setNearby([list = QPointer<WifiList>(m_list)](const HMI::SSID &ssid) {
-        return list && list->findWifiBySsid(ssid);
-    });
+    attempt.setNearby(
+        [list = QPointer<WifiList>(m_list)](const HMI::SSID &ssid) { return list && list->isNearby(ssid); });
 }
 
 void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
@@ -136,7 +139,11 @@ void CardWifi::itemChange(ItemChange change, const ItemChangeData &data)
     if (!isComponentComplete())
         return;
     if (data.boolValue) {
-        updateCurrentWifi();
+        // With the whole screen it is seen before the screen has begun a new moment; while a screen dies, for
+        // no moment at all.
+        const AppRootItem *root = rootOf(this);
+        if (window() && (!root || root->isOpen()))
+            updateCurrentWifi();
         return;
     }
     m_hold.forget();
@@ -219,7 +226,7 @@ void CardWifi::showEmptiness()
 
 void CardWifi::onWifiReset()
 {
-    link().attempt().reset();
+    link().reset();
     if (m_dialog)
         m_dialog->close();
     if (m_current)

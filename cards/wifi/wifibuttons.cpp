@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "shell/approotitem.h"
+#include "shell/barparts.h"
 #include "shell/base/multilingualtext.h"
 #include "shell/rootof.h"
 
@@ -18,7 +19,6 @@ namespace {
 
 constexpr qreal narrowX = 40.0;
 constexpr qreal besideMenu = 20.0;
-constexpr int arrowSourceSize = 64;
 // It takes the panel off the network: not one to be tapped in passing.
 constexpr QColor dangerColor(0xD9, 0x2D, 0x20);
 
@@ -73,10 +73,7 @@ BeepButton *addWifiReturnButton(QQuickItem *card)
     QObject::connect(titleBar, &QQuickItem::heightChanged, button, place);
     QObject::connect(root->menuBar(), &QQuickItem::widthChanged, button, place);
 
-    auto *arrow = new QQuickImage(button);
-    arrow->setSourceSize({arrowSourceSize, arrowSourceSize});
-    arrow->setSource(QStringLiteral("qrc:/setting/icons/leftArrow0@2x.png"));
-    anchorsOf(arrow)->setCenterIn(button);
+    anchorsOf(addArrowImage(button, "leftArrow0@2x.png"))->setCenterIn(button);
     return button;
 }
 

@@ -2,6 +2,7 @@
 
 #include "cards/wifi/wifiicon.h"
 #include "panel/ssid.h"
+#include "shell/base/palette.h"
 
 #include <QtQuick/private/qquickanchors_p.h>
 #include <QtQuick/private/qquickimage_p.h>
@@ -23,7 +24,7 @@ WifiCurrentRow::WifiCurrentRow(QQuickItem *container, int rowHeight, QObject *pa
     anchors->setRight(QQuickItemPrivate::get(container)->right());
 
     m_name->setTextFormat(QQuickText::PlainText);
-    m_name->setColor(QColor(0x1D, 0x21, 0x29));
+    m_name->setColor(Palette::instance().text());
     m_name->setHAlign(QQuickText::AlignLeft);
     m_name->setVAlign(QQuickText::AlignVCenter);
     m_name->setElideMode(QQuickText::ElideRight);

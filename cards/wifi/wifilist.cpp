@@ -105,6 +105,12 @@ void WifiList::placeRows()
     emit shownChanged();
 }
 
+bool WifiList::isNearby(const HMI::SSID &ssid) const
+{
+    return std::any_of(m_infos.begin(), m_infos.end(),
+                       [&ssid](const WifiInfo &info) { return isSameNetwork(info.ssid, ssid); });
+}
+
 WifiInfo *WifiList::findWifiBySsid(const HMI::SSID &ssid)
 {
     const auto found = std::find_if(m_infos.begin(), m_infos.end(),

@@ -45,6 +45,8 @@ public:
     const QVector<WifiInfo> &infos() const { return m_infos; }
     /// Whether no row can be seen, be it that the joined network is the only one.
     bool isBlank() const { return m_shown.isEmpty(); }
+    /// Whether the list has a network of that name, up to its end.
+    bool isNearby(const HMI::SSID &ssid) const;
     /// The first network of that name, comparing all bytes; null when there is none.
     WifiInfo *findWifiBySsid(const HMI::SSID &ssid);
 

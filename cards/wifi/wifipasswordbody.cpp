@@ -5,6 +5,7 @@
 #include "controls/keypressfilter.h"
 #include "controls/touchmask.h"
 #include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 #include "shell/base/vkbmanager.h"
 
 #include <QtCore/QCoreApplication>
@@ -16,10 +17,8 @@ namespace QSP {
 
 namespace {
 
-constexpr QColor accent(0x34, 0x82, 0xFF);
 // White stands out against it, as it would not against the accent.
 constexpr QColor connectColor(0x1D, 0x6B, 0xE5);
-constexpr QColor outline(0x86, 0x90, 0x9C);
 constexpr QColor errorColor(0xFF, 0x00, 0x00);
 
 void setFontSize(QQuickText *text, int pixelSize)
@@ -71,7 +70,7 @@ void WifiPasswordBody::addField()
     m_frame = new QQuickRectangle(m_entry);
     m_frame->setRadius(4.0);
     m_frame->border()->setWidth(1.0);
-    m_frame->border()->setColor(outline);
+    m_frame->border()->setColor(Palette::instance().caption());
 
     // A field that cut off its own text at its sides would cut its touch area as well, above and below.
     m_inputView = new QQuickItem(m_frame);
@@ -81,8 +80,8 @@ void WifiPasswordBody::addField()
     QFont font = m_input->font();
     font.setPixelSize(qMax(1, static_cast<int>(m_fontPixelSize * 0.8)));
     m_input->setFont(font);
-    m_input->setColor(QColor(0x1D, 0x21, 0x29));
-    m_input->setSelectionColor(accent);
+    m_input->setColor(Palette::instance().text());
+    m_input->setSelectionColor(Palette::instance().accent());
     m_input->setVAlign(QQuickTextInput::AlignVCenter);
     m_input->setHAlign(QQuickTextInput::AlignLeft);
     m_input->setInputMethodHints(Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
@@ -103,7 +102,7 @@ void WifiPasswordBody::addShowButton()
     tick->setFillMode(QQuickImage::PreserveAspectFit);
     m_tick = tick;
     m_showText = addText(m_showButton, QT_TRANSLATE_NOOP("CardWifi", "Show Password"));
-    m_showText->setColor(QColor(0x4E, 0x59, 0x69));
+    m_showText->setColor(Palette::instance().strongHint());
     connect(m_showText, &QQuickItem::implicitWidthChanged, this, &WifiPasswordBody::layout);
     connect(m_showButton, &QQuickAbstractButton::checkedChanged, this, &WifiPasswordBody::updateEcho);
     updateEcho();
@@ -125,7 +124,7 @@ void WifiPasswordBody::addConnectButton()
 
 void WifiPasswordBody::onFocusChanged(bool focused)
 {
-    m_frame->border()->setColor(focused ? accent : outline);
+    m_frame->border()->setColor(focused ? Palette::instance().accent() : Palette::instance().caption());
     VkbManager &keyboard = VkbManager::instance();
     if (focused) {
         keyboard.showVkb(true);
@@ -139,7 +138,7 @@ void WifiPasswordBody::updateEcho()
 {
     const bool shown = m_showButton->isChecked();
     m_input->setEchoMode(shown ? QQuickTextInput::Normal : QQuickTextInput::Password);
-    m_box->border()->setColor(shown ? accent : outline);
+    m_box->border()->setColor(shown ? Palette::instance().accent() : Palette::instance().caption());
     m_tick->setVisible(shown);
 }
 

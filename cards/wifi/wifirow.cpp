@@ -3,6 +3,7 @@
 #include "cards/wifi/wifiicon.h"
 #include "controls/beepbutton.h"
 #include "panel/ssid.h"
+#include "shell/base/palette.h"
 
 #include <QtQuick/private/qquickimage_p.h>
 #include <QtQuick/private/qquickrectangle_p.h>
@@ -42,7 +43,7 @@ void WifiRow::make()
 
     m_button = new BeepButton(this);
     auto *background = new QQuickRectangle(m_button);
-    background->setColor(QColor(0xF2, 0xF3, 0xF5));
+    background->setColor(Palette::instance().markedSurface());
     background->setRadius(6.0);
     background->setVisible(false);
     m_button->setBackground(background);
@@ -51,7 +52,7 @@ void WifiRow::make()
     connect(m_button, &QQuickAbstractButton::clicked, this, &WifiRow::clicked);
 
     auto *line = new QQuickRectangle(m_button);
-    line->setColor(QColor(0xE5, 0xE6, 0xEB));
+    line->setColor(Palette::instance().separator());
     line->setHeight(1.0);
     line->setVisible(!m_isFirst);
     m_line = line;
@@ -64,7 +65,7 @@ void WifiRow::make()
     QFont font = label->font();
     font.setPixelSize(qMax(1, m_look.fontPixelSize));
     label->setFont(font);
-    label->setColor(QColor(0x1D, 0x21, 0x29));
+    label->setColor(Palette::instance().text());
     label->setHAlign(QQuickText::AlignLeft);
     label->setVAlign(QQuickText::AlignVCenter);
     label->setElideMode(QQuickText::ElideRight);

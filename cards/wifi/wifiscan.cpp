@@ -2,6 +2,7 @@
 
 #include "panel/nic.h"
 #include "shell/base/guithread.h"
+#include "shell/base/logging.h"
 
 namespace QSP {
 
@@ -14,25 +15,31 @@ WifiScan::~WifiScan() = default;
 
 void WifiScan::scan()
 {
-    systemSet().scanWifi(receiver());
+    systemSet().scanWifi(receiver("scanWifi"));
 }
 
 void WifiScan::reset()
 {
-    systemSet().resetWifi(receiver());
+    systemSet().resetWifi(receiver("resetWifi"));
 }
 
-HMI::SystemSet::WifiListCallback WifiScan::receiver()
+HMI::SystemSet::WifiListCallback WifiScan::receiver(const char *operation)
 {
+    qCDebug(logWifi, "%s asked for", operation);
     m_receiver = std::make_unique<QObject>();
     m_limit.start();
-    return onGuiThread(m_receiver.get(), [this](QObject *, const Records &records) { answer(records); });
+    return onGuiThread(operation, m_receiver.get(),
+                       [this](QObject *, const Records &records) { answer(records); });
 }
 
 void WifiScan::answer(const Records &records)
 {
     m_receiver.reset();
     m_limit.stop();
+    if (records)
+        qCDebug(logWifi, "scan: %d networks", static_cast<int>(records->size()));
+    else
+        qCDebug(logWifi, "scan: no list");
     emit answered(records);
 }
 

@@ -29,7 +29,7 @@ signals:
     void answered(const QSP::WifiScan::Records &records);
 
 private:
-    HMI::SystemSet::WifiListCallback receiver();
+    HMI::SystemSet::WifiListCallback receiver(const char *operation);
     void answer(const Records &records);
 
     AnswerLimit m_limit;

@@ -38,7 +38,7 @@ AppRootItem {
             anchors.left: titleLeftBg.right
             width: parent.width - titleLeftBg.width
             height: parent.height
-            color: _app.isNarrow ? "#FFFFFF" : "#F4F5F5"
+            color: _app.isNarrow ? Toolkit.Palette.surface : Toolkit.Palette.background
         }
 
         Rectangle {
@@ -47,7 +47,7 @@ AppRootItem {
             width: _app.menuWidth
             height: parent.height
             visible: _menu.shown
-            color: "#FFFFFF"
+            color: Toolkit.Palette.surface
 
             Text {
                 id: _settingsText
@@ -56,7 +56,7 @@ AppRootItem {
                 text: "Setting"
                 font.family: "1"
                 font.pixelSize: Math.max(1, _title.height / 3)
-                color: "#2C2E30"
+                color: Toolkit.Palette.title
             }
         }
 
@@ -66,7 +66,7 @@ AppRootItem {
             anchors.verticalCenter: parent.verticalCenter
             font.family: "1"
             font.pixelSize: Math.max(1, _title.height / 3)
-            color: "#2C2E30"
+            color: Toolkit.Palette.title
         }
     }
 
@@ -146,7 +146,7 @@ AppRootItem {
 
         contentItem: Rectangle {
             radius: width / 2
-            color: _scrollBar.pressed ? "#86909C" : "#C9CDD4"
+            color: _scrollBar.pressed ? Toolkit.Palette.caption : Toolkit.Palette.track
         }
     }
 }

@@ -1,8 +1,8 @@
 #include "shell/base/documenttext.h"
 
+#include "shell/base/documentalias.h"
 #include "shell/base/multilingualtext.h"
 
-#include <QtCore/QVariant>
 #include <QtQuick/private/qquicktext_p.h>
 
 #include <utility>
@@ -11,8 +11,7 @@ namespace QSP {
 
 void setDocumentText(const QQuickItem *card, const char *alias, std::function<QString()> textOf)
 {
-    setMultilingualText(qobject_cast<QQuickText *>(card->property(alias).value<QObject *>()),
-                        std::move(textOf));
+    setMultilingualText(aliasOf<QQuickText>(card, alias), std::move(textOf));
 }
 
 } // namespace QSP

@@ -17,7 +17,7 @@ public:
     TextSource(QQuickText *text, std::function<QString()> textOf)
         : QObject(text), m_text(text), m_textOf(std::move(textOf))
     {
-        connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, this, &TextSource::apply);
+        followLanguage(this, [this] { apply(); });
     }
 
     static TextSource *of(QQuickText *text)
@@ -51,6 +51,11 @@ void setMultilingualText(QQuickText *text, std::function<QString()> textOf)
         source->replace(std::move(textOf));
     else
         new TextSource(text, std::move(textOf));
+}
+
+void followLanguage(QObject *owner, const std::function<void()> &apply)
+{
+    QObject::connect(&GlobalInfo::instance(), &GlobalInfo::localeChanged, owner, apply);
 }
 
 } // namespace QSP

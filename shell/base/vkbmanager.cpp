@@ -1,6 +1,7 @@
 #include "shell/base/vkbmanager.h"
 
 #include "shell/base/globalinfo.h"
+#include "shell/base/logging.h"
 #include "shell/base/screenroot.h"
 
 #include <QtGui/QGuiApplication>
@@ -13,6 +14,7 @@ void VkbManager::loadPlugin()
     QQuickItem *root = ScreenRoot::item();
     QQuickWindow *window = root ? root->window() : nullptr;
     QVkbInterface *keyboard = window ? QVkbPluginLoader::instance(window)->vkb() : nullptr;
+    qCDebug(logKeyboard, keyboard ? "loaded" : "there is none");
     if (!keyboard)
         return;
     keyboard->initialize(window, GlobalInfo::instance().rootPopupZ());
@@ -59,6 +61,7 @@ void VkbManager::show()
         m_savedModal = popup->isModal();
         popup->setModal(false);
     }
+    qCDebug(logKeyboard, "to be shown");
     m_keyboard->show(true);
 }
 
@@ -95,6 +98,7 @@ bool VkbManager::isVisible() const
 
 void VkbManager::setLayoutType(VkbLayoutType type) const
 {
+    qCDebug(logKeyboard, "layout %d", static_cast<int>(type));
     if (isLoaded())
         m_keyboard->setLayoutType(type);
 }
@@ -107,6 +111,7 @@ qreal VkbManager::getHeight() const
 
 void VkbManager::fieldFocusChanged(QQuickItem *field, bool focused)
 {
+    qCDebug(logKeyboard, "edit %s in %s", focused ? "begins" : "ends", field->metaObject()->className());
     if (focused) {
         m_field = field;
         // Going from field to field while the keyboard is up brings no visible change to react to.
@@ -122,6 +127,7 @@ void VkbManager::fieldFocusChanged(QQuickItem *field, bool focused)
 
 void VkbManager::onVkbVisibleChange()
 {
+    qCDebug(logKeyboard, isVisible() ? "shown" : "hidden");
     if (isVisible()) {
         slideColumn();
         return;

@@ -292,12 +292,15 @@ void TestAdapter::resetEmptiesAndGoesBackToDhcp()
     Adapter &adapter = m_panel->adapter(wifi);
     adapter.begin();
     QVERIFY(adapter.isStatic());
+    QSignalSpy shown(&adapter, &Adapter::shownChanged);
     m_panel->wifi().reset();
+    QCOMPARE(shown.size(), 3);
     QVERIFY(!adapter.isStatic());
     for (const Address address : QSP::g_addresses)
         QVERIFY(!adapter.shown(address));
     QCOMPARE(Journal::calls(), QStringList("setDHCP(WIFI, true, persist)"));
     m_panel->wifi().reset();
+    QCOMPARE(shown.size(), 3);
     QCOMPARE(Journal::calls().size(), 1);
     // Whatever comes without a lease, there is nothing to show.
     m_panel->read();
@@ -316,7 +319,7 @@ void TestAdapter::joiningShowsTheLease()
     HmiSimulator::setDhcpOn(wifi, true);
     HmiSimulator::setLiveAddress(wifi, live, mask, live);
     m_panel->wifi().forget();
-    emit m_panel->wifi().attempt().joined();
+    emit m_panel->wifi().attempt().joined(true);
     QVERIFY(!adapter.isStatic());
     QCOMPARE(shownIp(adapter), live);
 }

@@ -29,7 +29,7 @@ void TestGuiThread::runsOnTheGuiThread()
     QObject object;
     QThread *thread = nullptr;
     int value = 0;
-    const std::function<void(int)> callback = onGuiThread(&object, [&](QObject *self, int number) {
+    const std::function<void(int)> callback = onGuiThread("report", &object, [&](QObject *self, int number) {
         QCOMPARE(self, &object);
         thread = QThread::currentThread();
         value = number;
@@ -45,7 +45,7 @@ void TestGuiThread::neverRunsInsideTheCall()
 {
     QObject object;
     int calls = 0;
-    const std::function<void()> callback = onGuiThread(&object, [&calls](QObject *) { ++calls; });
+    const std::function<void()> callback = onGuiThread("report", &object, [&calls](QObject *) { ++calls; });
     callback();
     callback();
     QCOMPARE(calls, 0);
@@ -58,7 +58,7 @@ void TestGuiThread::keepsTheOrderOfOneThread()
     QObject object;
     std::vector<int> seen;
     const std::function<void(int)> callback =
-        onGuiThread(&object, [&seen](QObject *, int number) { seen.push_back(number); });
+        onGuiThread("report", &object, [&seen](QObject *, int number) { seen.push_back(number); });
     std::thread([&callback] {
         for (int i = 0; i < 100; ++i)
             callback(i);
@@ -72,7 +72,8 @@ void TestGuiThread::isDroppedWhenTheObjectHasGone()
 {
     auto object = std::make_unique<QObject>();
     int calls = 0;
-    const std::function<void()> callback = onGuiThread(object.get(), [&calls](QObject *) { ++calls; });
+    const std::function<void()> callback =
+        onGuiThread("report", object.get(), [&calls](QObject *) { ++calls; });
     object.reset();
     std::thread(callback).join();
     QCoreApplication::processEvents();
@@ -83,7 +84,8 @@ void TestGuiThread::isDroppedWhenTheObjectGoesBetween()
 {
     auto object = std::make_unique<QObject>();
     int calls = 0;
-    const std::function<void()> callback = onGuiThread(object.get(), [&calls](QObject *) { ++calls; });
+    const std::function<void()> callback =
+        onGuiThread("report", object.get(), [&calls](QObject *) { ++calls; });
     std::thread(callback).join();
     object.reset();
     QCoreApplication::processEvents();
@@ -94,8 +96,9 @@ void TestGuiThread::carriesWhatCannotBeCopied()
 {
     QObject object;
     int value = 0;
-    const std::function<void(std::unique_ptr<int>)> callback = onGuiThread(
-        &object, [&value](QObject *, std::unique_ptr<int> number) { value = number ? *number : -1; });
+    const std::function<void(std::unique_ptr<int>)> callback =
+        onGuiThread("report", &object,
+                    [&value](QObject *, std::unique_ptr<int> number) { value = number ? *number : -1; });
     std::thread([&callback] { callback(std::make_unique<int>(7)); }).join();
     QCoreApplication::processEvents();
     QCOMPARE(value, 7);
@@ -110,7 +113,8 @@ void TestGuiThread::objectsComeAndGoUnderFire()
     int made = 0;
     for (int round = 0; round < 50; ++round) {
         auto object = std::make_unique<QObject>();
-        const std::function<void()> callback = onGuiThread(object.get(), [&calls](QObject *) { ++calls; });
+        const std::function<void()> callback =
+            onGuiThread("report", object.get(), [&calls](QObject *) { ++calls; });
         std::vector<std::thread> threads;
         threads.reserve(4);
         for (int i = 0; i < 4; ++i)

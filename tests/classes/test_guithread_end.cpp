@@ -63,7 +63,7 @@ void TestGuiThreadEnd::reportsMayComeWhileTheApplicationEnds()
     for (int i = 0; i < ends; ++i) {
         QObject card;
         auto application = std::make_unique<QCoreApplication>(argumentCount, arguments);
-        const Storm storm(QSP::onGuiThread(&card, [&arrived](QObject *, int) { ++arrived; }));
+        const Storm storm(QSP::onGuiThread("report", &card, [&arrived](QObject *, int) { ++arrived; }));
         QCoreApplication::processEvents();
         application.reset();
     }
@@ -79,7 +79,8 @@ void TestGuiThreadEnd::reportsArriveInTheNextApplication()
         const QCoreApplication application(argumentCount, arguments);
         QObject card;
         int arrived = 0;
-        const Report report = QSP::onGuiThread(&card, [&arrived](QObject *, int value) { arrived += value; });
+        const Report report =
+            QSP::onGuiThread("report", &card, [&arrived](QObject *, int value) { arrived += value; });
         std::thread(report, 3).join();
         QCoreApplication::processEvents();
         QCOMPARE(arrived, 3);
@@ -96,7 +97,7 @@ void TestGuiThreadEnd::nothingArrivesAfterTheEnd()
     Report report;
     {
         const QCoreApplication application(argumentCount, arguments);
-        report = QSP::onGuiThread(&card, [&arrived](QObject *, int) { ++arrived; });
+        report = QSP::onGuiThread("report", &card, [&arrived](QObject *, int) { ++arrived; });
     }
     // Neither without an application nor in one that the screen has nothing to do with.
     report(1);

@@ -274,8 +274,9 @@ void TestKeyboardTouch::backspaceRepeats()
         QCOMPARE(recorder.strokes[i].type, i % 2 == 0 ? QEvent::KeyPress : QEvent::KeyRelease);
     }
     fixture.touchUp(0, point);
+    QCOMPARE(timersOf(fixture.keyboardItem()), 0);
     const int count = recorder.strokes.size();
-    QTest::qWait(200);
+    QCoreApplication::processEvents();
     QCOMPARE(recorder.strokes.size(), count);
 }
 
@@ -286,14 +287,15 @@ void TestKeyboardTouch::repeatEndsWithTheTouch()
     fixture.show(VkbPlainDigits);
     const QPoint point = fixture.center(QStringLiteral("backspace"));
     fixture.touchDown(0, point);
+    QCOMPARE(timersOf(fixture.keyboardItem()), 1);
     fixture.touchUp(0, point);
-    QTest::qWait(600);
+    QCOMPARE(timersOf(fixture.keyboardItem()), 0);
     QCOMPARE(fixture.field->text(), QStringLiteral("012345678"));
 
     // Sliding off the key ends it too, and so does another key.
     fixture.touchDown(0, point);
     fixture.touchMove(0, fixture.center(QStringLiteral("4")));
-    QTest::qWait(600);
+    QTRY_COMPARE(timersOf(fixture.keyboardItem()), 0);
     fixture.touchUp(0, fixture.center(QStringLiteral("4")));
     QCOMPARE(fixture.field->text(), QStringLiteral("01234567"));
 
@@ -301,7 +303,7 @@ void TestKeyboardTouch::repeatEndsWithTheTouch()
     const QPoint nine = fixture.center(QStringLiteral("9"));
     QTest::touchEvent(&fixture.window, m_finger).stationary(0).press(1, nine, &fixture.window);
     QTest::touchEvent(&fixture.window, m_finger).stationary(0).release(1, nine, &fixture.window);
-    QTest::qWait(600);
+    QTRY_COMPARE(timersOf(fixture.keyboardItem()), 0);
     QTest::touchEvent(&fixture.window, m_finger).release(0, point, &fixture.window);
     QCOMPARE(fixture.field->text(), QStringLiteral("01234569"));
 }
@@ -316,10 +318,10 @@ void TestKeyboardTouch::repeatStaysInItsField()
     const QPoint point = fixture.center(QStringLiteral("backspace"));
     fixture.touchDown(0, point);
     other.forceActiveFocus();
-    QTest::qWait(700);
+    // The next repeat finds another field, and is the last.
+    QTRY_COMPARE(timersOf(fixture.keyboardItem()), 0);
     QCOMPARE(other.text(), QStringLiteral("untouched"));
     QCOMPARE(fixture.field->text(), QStringLiteral("ab"));
-    QCOMPARE(timersOf(fixture.keyboardItem()), 0);
     fixture.touchUp(0, point);
 }
 
@@ -349,7 +351,7 @@ void TestKeyboardTouch::repeatEndsWhenHidden()
     else
         fixture.touchUp(0, point);
     fixture.keyboard->show(true);
-    QTest::qWait(600);
+    QCOMPARE(timersOf(fixture.keyboardItem()), 0);
     QCOMPARE(fixture.field->text(), QStringLiteral("abcde"));
     QVERIFY(!fixture.key(QStringLiteral("backspace"))->property("pressed").toBool());
 }

@@ -2,6 +2,8 @@
 
 #include <QtGui/QColor>
 
+#include <algorithm>
+
 namespace {
 
 QQuickItem *alias(const QObject *item, const char *name)
@@ -161,6 +163,12 @@ void NetworkPage::tap(QQuickItem *item)
 {
     reveal(item);
     Operator::tap(item);
+}
+
+bool NetworkPage::isLeaseDue() const
+{
+    const auto timers = m_screen->root()->findChildren<QTimer *>(QStringLiteral("leaseRequest"));
+    return std::any_of(timers.begin(), timers.end(), [](const QTimer *timer) { return timer->isActive(); });
 }
 
 QTimer *NetworkPage::timer(int interval) const

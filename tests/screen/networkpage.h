@@ -71,6 +71,8 @@ public:
     /// The status timer of that interval, or null before it was needed.
     QTimer *timer(int interval) const;
     bool isWatching(int interval) const { return timer(interval) && timer(interval)->isActive(); }
+    /// Whether an adapter that was switched on is to ask for a lease yet.
+    bool isLeaseDue() const;
     /// Lets the timer expire now.
     static void expire(QTimer *timer) { QMetaObject::invokeMethod(timer, "timeout"); }
 

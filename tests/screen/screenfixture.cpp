@@ -14,6 +14,15 @@ std::shared_ptr<ISystemSet> screenOf(QLibrary *library)
     return std::static_pointer_cast<ISystemSet>(factories.at(typeid(ISystemSet))());
 }
 
+QVector<QPointer<QTimer>> timersBelow(const QObject *root)
+{
+    QVector<QPointer<QTimer>> timers;
+    const auto found = root->findChildren<QTimer *>();
+    for (QTimer *timer : found)
+        timers << timer;
+    return timers;
+}
+
 struct ScreenFixture::Plugin {
     explicit Plugin(const QString &file) : library(file), screen(screenOf(&library)) {}
     ~Plugin()

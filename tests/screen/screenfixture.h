@@ -5,6 +5,8 @@
 #include "tests/support/paneltest.h"
 
 #include <QtCore/QLibrary>
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
 
@@ -13,6 +15,9 @@
 /// The interface of the plug-in in @p library, as a host obtains it; null, and the test fails, when
 /// the library does not load. VexPluginCloseInstance() is the caller's.
 std::shared_ptr<ISystemSet> screenOf(QLibrary *library);
+
+/// The timers of a screen, to see whether they go with it.
+QVector<QPointer<QTimer>> timersBelow(const QObject *root);
 
 /// The sizes of glass that the screen is made for, the narrow ones that lie with the options of a host for them.
 inline QVector<QSize> glassSizes()

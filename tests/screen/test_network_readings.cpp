@@ -29,6 +29,7 @@ private slots:
     void opening_data();
     void opening();
     void openingWithAllRows();
+    void openingInAnotherLanguage();
     void poll_data();
     void poll();
     void selection_data();
@@ -105,6 +106,19 @@ void TestNetworkReadings::openingWithAllRows()
     page.screen().open();
     QCOMPARE(questions.repeated().join('\n'), QString());
     QVERIFY(questions.all().contains("enableNIC(LAN0, false, persist)"));
+}
+
+void TestNetworkReadings::openingInAnotherLanguage()
+{
+    NetworkPage page;
+    page.screen().close();
+    HmiSimulator::setLanguage(HMI::SystemSet::CHINESE);
+    Questions questions;
+    page.screen().open();
+    QCOMPARE(questions.repeated().join('\n'), QString());
+    page.screen().close();
+    HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
+    page.screen().open();
 }
 
 void TestNetworkReadings::poll_data()

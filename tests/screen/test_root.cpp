@@ -3,6 +3,8 @@
 
 #include <QtGui/QGuiApplication>
 
+#include <algorithm>
+
 namespace {
 
 const QString plugin = QStringLiteral(PANEL_PLUGIN);
@@ -295,10 +297,14 @@ void TestRoot::hostMayDeleteTheScreen()
 {
     ScreenFixture fixture(plugin, {1024, 600});
     fixture.open();
+    const auto timers = timersBelow(fixture.root());
+    QVERIFY(!timers.isEmpty());
     delete fixture.root();
     fixture.screen()->open();
     fixture.screen()->close();
-    Operator::settle(1100); // a tick of the clock that is gone
+    Operator::settle();
+    // No tick of a clock that is gone.
+    QVERIFY(std::all_of(timers.begin(), timers.end(), [](const auto &timer) { return timer.isNull(); }));
     QQuickItem *root = fixture.screen()->init(fixture.engine(), 800, 480, 5);
     QVERIFY(root);
     root->setParentItem(fixture.glass());

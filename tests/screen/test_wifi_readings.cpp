@@ -73,6 +73,9 @@ private slots:
     void reports_data();
     void reports();
     void lease();
+    void joinedWithAnAddress();
+    void shownAgainByTheHost();
+    void deletedByTheHost();
     void reset();
 };
 
@@ -174,6 +177,42 @@ void TestWifiReadings::lease()
     report("setDHCP");
     QCOMPARE(questions.repeated().join('\n'), QString());
     QCOMPARE(questions.all().filter("isWifiConnected").size(), 1);
+}
+
+void TestWifiReadings::joinedWithAnAddress()
+{
+    HmiSimulator::change([](HmiSimulator::Panel &panel) {
+        panel.adapters[HMI::SystemSet::WIFI].dhcp = false;
+        panel.faults.connect = {2};
+    });
+    const Page page;
+    page.tapNetwork("Works Hall Guests");
+    HmiSimulator::joinNetwork("Works Hall Guests");
+    HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, HMI::IP(0x0A000002), HMI::IP(0xFFFFFF00),
+                                 HMI::IP(0x0A000001));
+    Questions questions;
+    report("connectWifi");
+    QCOMPARE(questions.repeated().join('\n'), QString());
+    QCOMPARE(questions.all().filter("getIp(WIFI)").size(), 1);
+    QCOMPARE(questions.all().filter("setDHCP"), QStringList());
+}
+
+void TestWifiReadings::shownAgainByTheHost()
+{
+    const Page page;
+    page.root()->setVisible(false);
+    Questions questions;
+    page.root()->setVisible(true);
+    QCOMPARE(questions.repeated().join('\n'), QString());
+    QCOMPARE(ofLink(questions.all()).filter("Ssid").size(), 1);
+}
+
+void TestWifiReadings::deletedByTheHost()
+{
+    const Page page;
+    Questions questions;
+    delete page.root();
+    QCOMPARE(questions.all().join('\n'), QString());
 }
 
 void TestWifiReadings::reset()

@@ -11,7 +11,7 @@ side by side and do not know each other:
 
 The folders of cards/ do not know each other, but for what panel/ tells them.
 
-The simulator and the keyboard stand-in know the contracts alone. The host sees the screen only as
+The simulator, the keyboard stand-in and the conformance program know the contracts alone. The host sees the screen only as
 isystemset.h and pluginregistry.h. Tests and benches may include everything.
 """
 
@@ -34,6 +34,7 @@ BELOW = {
     "interface": set(),
     "simulator": {"contracts"},
     "keyboard": {"contracts"},
+    "conformance": {"contracts"},
     "host": {"contracts", "interface"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
@@ -66,7 +67,7 @@ def resolve(root, file, name):
 
 def read_includes(root):
     graph = {}
-    for top in ("platform", "shell", "panel", "controls", "cards", "plugin", "host"):
+    for top in ("platform", "shell", "panel", "controls", "cards", "plugin", "host", "conformance"):
         for path in sorted((root / top).rglob("*")):
             if path.suffix in (".h", ".cpp") and path.is_file():
                 file = path.relative_to(root)
@@ -127,6 +128,7 @@ def selftest():
         ("cards/network/card.h", '#include "cards/wifi/card.h"\n', "card.h (cards/network) includes cards/wifi/card.h"),
         ("cards/network/card.h", '#include "cards/card.h"\n', "card.h (cards/network) includes cards/card.h"),
         ("cards/new/card.h", "", "cards/new/card.h: on no floor"),
+        ("conformance/main.h", '#include "simulator/simulator.h"\n', "main.h (conformance) includes platform/simulator"),
         ("panel/nic.h", '#include "controls/button.h"\n', "panel/nic.h (panel) includes controls/button.h"),
         ("controls/button.h", '#include "panel/nic.h"\n', "controls/button.h (controls) includes panel/nic.h"),
     ]

@@ -17,7 +17,7 @@ int g_raced = 0;
 void passOn(QCoreApplication &app)
 {
     bool isCalled = false;
-    std::thread thread([call = QSP::onGuiThread(&app, [&isCalled](QCoreApplication *) {
+    std::thread thread([call = QSP::onGuiThread("report", &app, [&isCalled](QCoreApplication *) {
                             ++g_ordered;
                             isCalled = true;
                         })] {
@@ -33,7 +33,7 @@ void passOn(QCoreApplication &app)
 void race(QCoreApplication &app)
 {
     bool isCalled = false;
-    std::thread thread([call = QSP::onGuiThread(&app, [&isCalled](QCoreApplication *) {
+    std::thread thread([call = QSP::onGuiThread("report", &app, [&isCalled](QCoreApplication *) {
                             ++g_raced;
                             isCalled = true;
                         })] {

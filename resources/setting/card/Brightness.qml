@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 import "../flatui" as FlatUI
 
 CardBrightness {
@@ -74,7 +75,7 @@ CardBrightness {
                 text: _card.brightnessValue
                 font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
                 font.bold: true
-                color: "#3482FF"
+                color: Toolkit.Palette.accent
             }
         }
 

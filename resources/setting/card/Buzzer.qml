@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 import "../flatui" as FlatUI
 
 CardBuzzer {
@@ -35,7 +36,7 @@ CardBuzzer {
             anchors.verticalCenter: _content.verticalCenter
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
-            color: "#1D2129"
+            color: Toolkit.Palette.text
             elide: Text.ElideRight
         }
 

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 import "../flatui" as FlatUI
 
 CardDNS {
@@ -43,7 +44,7 @@ CardDNS {
 
                 anchors.verticalCenter: _dns1Row.verticalCenter
                 x: _card.labelMargin
-                color: "#1D2129"
+                color: Toolkit.Palette.text
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _dns1Input.x - x)
@@ -74,7 +75,7 @@ CardDNS {
 
                 anchors.verticalCenter: _dns2Row.verticalCenter
                 x: _card.labelMargin
-                color: "#1D2129"
+                color: Toolkit.Palette.text
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _dns2Input.x - x)

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 import "../flatui" as FlatUI
 
 CardTime {
@@ -34,7 +35,7 @@ CardTime {
             width: 0.4 * _content.width
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
-            color: "#1D2129"
+            color: Toolkit.Palette.text
             elide: Text.ElideRight
         }
 
@@ -50,7 +51,7 @@ CardTime {
             opacity: _edit.pressFade
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
-            color: "#3482FF"
+            color: Toolkit.Palette.accent
         }
 
         BeepButton {

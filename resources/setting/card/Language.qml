@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 CardLanguage {
     id: _card
@@ -37,14 +38,14 @@ CardLanguage {
                     id: _ground
 
                     radius: 8
-                    color: "#FFFFFF"
+                    color: Toolkit.Palette.surface
 
                     // Rows inside the list are square where they meet.
                     Rectangle {
                         visible: !_row.isFirst
                         width: _row.width
                         height: 8
-                        color: "#FFFFFF"
+                        color: Toolkit.Palette.surface
                     }
 
                     Rectangle {
@@ -52,7 +53,7 @@ CardLanguage {
                         y: _row.height - 8
                         width: _row.width
                         height: 8
-                        color: "#FFFFFF"
+                        color: Toolkit.Palette.surface
                     }
 
                     Rectangle {
@@ -60,7 +61,7 @@ CardLanguage {
                         anchors.margins: 8
                         visible: _row.pressed || _row.marked
                         radius: 6
-                        color: "#F2F3F5"
+                        color: Toolkit.Palette.markedSurface
                     }
                 }
 
@@ -95,7 +96,7 @@ CardLanguage {
                         textFormat: Text.PlainText
                         font.pixelSize: Math.max(1, 0.31 * _card.rowHeight)
                         font.weight: Font.Medium
-                        color: "#4E5969"
+                        color: Toolkit.Palette.strongHint
                         elide: Text.ElideRight
                     }
                 }

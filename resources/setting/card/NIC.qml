@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 import "../flatui" as FlatUI
 
 CardNIC {
@@ -41,7 +42,7 @@ CardNIC {
 
                 anchors.verticalCenter: _networkRow.verticalCenter
                 x: _card.labelMargin
-                color: "#1D2129"
+                color: Toolkit.Palette.text
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _combobox.x - x)
@@ -71,7 +72,7 @@ CardNIC {
 
                 anchors.verticalCenter: _pingTestRow.verticalCenter
                 x: _card.labelMargin
-                color: "#1D2129"
+                color: Toolkit.Palette.text
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _pingBusy.x - x)
@@ -112,7 +113,7 @@ CardNIC {
 
                     anchors.right: _testBeepButton.right
                     anchors.verticalCenter: _testBeepButton.verticalCenter
-                    color: "#3269CE"
+                    color: Toolkit.Palette.focus
                     font.pixelSize: _title.label.font.pixelSize
                 }
             }

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 CardNetwork {
     id: _card
@@ -38,7 +39,7 @@ CardNetwork {
                 anchors.left: _icon.right
                 anchors.leftMargin: 8
                 anchors.verticalCenter: _titleRow.verticalCenter
-                color: "#86909C"
+                color: Toolkit.Palette.caption
                 font.pixelSize: _card.fontPixelSize
             }
         }

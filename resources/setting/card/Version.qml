@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 import "../flatui" as FlatUI
 
 CardVersion {
@@ -80,7 +81,7 @@ CardVersion {
                 visible: _qrCode.status !== Image.Ready
                 horizontalAlignment: Text.AlignHCenter
                 font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
-                color: "#86909C"
+                color: Toolkit.Palette.caption
                 elide: Text.ElideRight
             }
 
@@ -89,7 +90,7 @@ CardVersion {
                 anchors.fill: _frame
                 color: "transparent"
                 border.width: 1
-                border.color: "#E5E6EB"
+                border.color: Toolkit.Palette.separator
             }
         }
 
@@ -108,7 +109,7 @@ CardVersion {
 
                 width: _texts.width
                 font.pixelSize: Math.max(1, 0.31 * _card.rowHeight)
-                color: "#656F7D"
+                color: Toolkit.Palette.hint
                 elide: Text.ElideRight
             }
 
@@ -118,7 +119,7 @@ CardVersion {
                 textFormat: Text.PlainText
                 font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
                 font.weight: Font.Medium
-                color: "#1D2129"
+                color: Toolkit.Palette.text
                 wrapMode: Text.WrapAnywhere
                 maximumLineCount: 4
                 elide: Text.ElideRight

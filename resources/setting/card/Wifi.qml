@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 CardWifi {
     id: _card
@@ -7,7 +8,7 @@ CardWifi {
     readonly property int margin: fontSize
     readonly property int iconSize: rowHeight / 2
     // Dark enough to be read in a bright hall.
-    readonly property color captionColor: "#656F7D"
+    readonly property color captionColor: Toolkit.Palette.hint
 
     property alias layout: _column
     property alias connectedWlanText: _connectedText
@@ -74,7 +75,7 @@ CardWifi {
                 anchors.verticalCenter: _currentSpace.verticalCenter
                 visible: false
                 font.pixelSize: Math.max(1, _card.fontSize)
-                color: "#1D2129"
+                color: Toolkit.Palette.text
                 elide: Text.ElideRight
             }
         }

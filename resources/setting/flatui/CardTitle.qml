@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 // The first row of a card: an icon and the card's name.
 Item {
@@ -29,7 +30,7 @@ Item {
         anchors.rightMargin: _row.margin
         anchors.verticalCenter: _row.verticalCenter
         font.pixelSize: Math.max(1, 0.383 * _row.height)
-        color: "#86909C"
+        color: Toolkit.Palette.caption
         elide: Text.ElideRight
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 CIpInput {
     id: _ip
@@ -30,7 +31,7 @@ CIpInput {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
             font.pixelSize: _ip.fontPixelSize
-            color: _ip.enabled ? "#000000" : "#B4B4B4"
+            color: _ip.enabled ? Toolkit.Palette.fieldText : Toolkit.Palette.disabledText
         }
 
         IpInputRect {
@@ -44,7 +45,7 @@ CIpInput {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
             font.pixelSize: _ip.fontPixelSize
-            color: _ip.enabled ? "#000000" : "#B4B4B4"
+            color: _ip.enabled ? Toolkit.Palette.fieldText : Toolkit.Palette.disabledText
         }
 
         IpInputRect {
@@ -58,7 +59,7 @@ CIpInput {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
             font.pixelSize: _ip.fontPixelSize
-            color: _ip.enabled ? "#000000" : "#B4B4B4"
+            color: _ip.enabled ? Toolkit.Palette.fieldText : Toolkit.Palette.disabledText
         }
 
         IpInputRect {

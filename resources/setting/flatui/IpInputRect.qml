@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 // One of the four fields of an address.
 Item {
@@ -18,7 +19,7 @@ Item {
         height: _rect.height
         radius: 4
         border.width: 1
-        border.color: _input.activeFocus ? '#3269CE' : "#E2E2E2"
+        border.color: _input.activeFocus ? Toolkit.Palette.focus : Toolkit.Palette.fieldBorder
         visible: _input.enabled
     }
 
@@ -38,7 +39,7 @@ Item {
         verticalAlignment: TextInput.AlignVCenter
         font.pixelSize: _rect.fontPixelSize
         text: "0"
-        selectionColor: "#3482FF"
+        selectionColor: Toolkit.Palette.accent
         validator: RegularExpressionValidator {
             regularExpression: /^(0?(25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?)?)$/
         }

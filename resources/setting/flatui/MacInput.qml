@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 CMacInput {
     id: _mac
@@ -10,7 +11,7 @@ CMacInput {
         anchors.fill: parent
         radius: 4
         border.width: 1
-        border.color: _input.activeFocus ? '#3269CE' : "#E2E2E2"
+        border.color: _input.activeFocus ? Toolkit.Palette.focus : Toolkit.Palette.fieldBorder
         visible: _input.enabled
     }
 
@@ -23,7 +24,7 @@ CMacInput {
         horizontalAlignment: TextInput.AlignHCenter
         verticalAlignment: TextInput.AlignVCenter
         text: "00:00:00:00:00:00"
-        selectionColor: "#3482FF"
+        selectionColor: Toolkit.Palette.accent
         inputMask: "HH:HH:HH:HH:HH:HH"
         validator: RegularExpressionValidator {
             regularExpression: /^(?:[0-9A-Fa-f]{2}[:-]){5}[0-9A-Fa-f]{2}$/

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 BeepButton {
     id: _button
@@ -28,7 +29,7 @@ BeepButton {
         width: Math.max(0, _button.width - x - 4)
         text: _button.text
         font.pixelSize: Math.max(1, 0.357 * _button.height)
-        color: "#1D2129"
+        color: Toolkit.Palette.text
         elide: Text.ElideRight
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 BeepButton {
     id: _button
@@ -12,8 +13,8 @@ BeepButton {
 
     background: Rectangle {
         radius: 4
-        color: _button.checked ? "#3482FF" : "#FFFFFF"
-        border.color: "#3482FF"
+        color: _button.checked ? Toolkit.Palette.accent : Toolkit.Palette.surface
+        border.color: Toolkit.Palette.accent
         border.width: _button.checked ? 0 : 1
     }
 
@@ -21,6 +22,6 @@ BeepButton {
         id: _text
 
         anchors.centerIn: _button
-        color: _button.checked ? "white" : "#3482FF"
+        color: _button.checked ? "white" : Toolkit.Palette.accent
     }
 }

@@ -17,13 +17,13 @@ Toolkit.StepSlider {
         width: _slider.width
         height: _slider.grooveHeight
         radius: height / 2
-        color: "#C9CDD4"
+        color: Toolkit.Palette.track
 
         Rectangle {
             width: Math.round(_groove.width * _slider.value / _slider.to)
             height: _groove.height
             radius: _groove.radius
-            color: "#3482FF"
+            color: Toolkit.Palette.accent
         }
     }
 
@@ -33,8 +33,8 @@ Toolkit.StepSlider {
         width: _slider.handleSize
         height: width
         radius: width / 2
-        color: _slider.pressed ? "#BEDAFF" : "#FFFFFF"
-        border.color: _slider.pressed ? "#3482FF" : "#d0d0d0"
+        color: _slider.pressed ? "#BEDAFF" : Toolkit.Palette.surface
+        border.color: _slider.pressed ? Toolkit.Palette.accent : "#d0d0d0"
         border.width: _slider.pressed ? 3 : 1
     }
 }

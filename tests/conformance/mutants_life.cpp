@@ -1,0 +1,69 @@
+#include "hmi/systemset.h"
+
+#include "keeping.h"
+#include "mutants.h"
+#include "original.h"
+#include "simulator/simulator.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <thread>
+
+using namespace Mutants;
+
+namespace HMI {
+
+namespace {
+
+constexpr int QuickMilliseconds = 5;
+
+void sleep(int milliseconds)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+/// The panel that PANEL_SCENARIO names, or the simulator's own; in any case a quick one.
+void prepare()
+{
+    const char *scenario = std::getenv("PANEL_SCENARIO");
+    std::string error;
+    if (scenario != nullptr && !HmiSimulator::loadScenario(scenario, &error)) {
+        std::cerr << error << '\n';
+        std::abort();
+    }
+    HmiSimulator::setDelays(QuickMilliseconds);
+    const bool isKept = is(Mutant::BrightCrash) || is(Mutant::BrightHang);
+    if (const std::optional<int> level = isKept ? keptLevel() : std::nullopt)
+        HmiSimulator::setBright(*level);
+}
+
+} // namespace
+
+SystemSet::SystemSet()
+{
+    if (is(Mutant::SlowStart))
+        sleep(150);
+    if (is(Mutant::StartCrash))
+        std::abort();
+    original<void(SystemSet *)>("SystemSet")(this);
+    prepare();
+}
+
+SystemSet::~SystemSet()
+{
+    writeState();
+    if (is(Mutant::EndCrash))
+        std::abort();
+    while (is(Mutant::EndHang))
+        sleep(1000);
+    original<void(SystemSet *)>("~SystemSet")(this);
+    if (is(Mutant::ReportAfterEnd)) {
+        std::thread([] {
+            sleep(5);
+            lastPing()(false);
+        }).detach();
+    }
+}
+
+} // namespace HMI
