@@ -196,13 +196,8 @@ void AppRootItem::onWindowAvailable(QQuickWindow *window)
 
 void AppRootItem::open()
 {
-    checkLanguage();
+    GlobalInfo::instance().checkExternalLanguageChange();
     setVisible(true);
-}
-
-void AppRootItem::checkLanguage()
-{
-    GlobalInfo::instance().checkExternalLanguageChange(m_options.languages);
 }
 
 AppRootItem::MenuIndex AppRootItem::firstPage() const
@@ -263,7 +258,7 @@ void AppRootItem::setCurrentPage(MenuIndex page)
 
 void AppRootItem::changePage(MenuIndex newPage, MenuIndex oldPage)
 {
-    checkLanguage();
+    GlobalInfo::instance().checkExternalLanguageChange();
     highlightMenuButton(oldPage, false);
     returnHighlight();
     showCard(oldPage, false);

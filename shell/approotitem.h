@@ -115,7 +115,6 @@ private:
     void followVisibility();
     void hide();
     MenuIndex firstPage() const;
-    void checkLanguage();
     void takeEntry(MenuIndex entry);
     void takeReboot();
     void reboot();

@@ -5,6 +5,7 @@
 #include "controls/modalshade.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QGuiApplication>
@@ -21,7 +22,8 @@ constexpr qreal leastMargin = 12.0;
 constexpr qreal widthOfScreenWidth = 0.416015625;
 // What a finger in a glove finds.
 constexpr qreal leastButtonHeight = 60.0;
-constexpr QRgb questionColor = qRgb(0x1D, 0x21, 0x29);
+// White stands out against it, as it would not against the accent.
+constexpr QColor confirmColor(0x1D, 0x6B, 0xE5);
 
 // Like the other dialogs, but never too small for its buttons where the screen has the room.
 QSizeF dialogSize(const QQuickItem *root)
@@ -63,8 +65,8 @@ RebootDialog::RebootDialog(QQuickItem *root)
     , m_dialog(new Dialog(root))
     , m_body(new QQuickItem)
     , m_question(new QQuickText(m_body))
-    , m_cancel(addButton({qRgb(0xF2, 0xF3, 0xF5), qRgb(0x4E, 0x59, 0x69)}, cancelText))
-    , m_restart(addButton({qRgb(0x1D, 0x6B, 0xE5), qRgb(0xFF, 0xFF, 0xFF)}, restartText))
+    , m_cancel(addButton({Palette::instance().markedSurface(), Palette::instance().strongHint()}, cancelText))
+    , m_restart(addButton({confirmColor, Qt::white}, restartText))
 {
     m_dialog->setParent(this);
     m_dialog->setModal(true);
@@ -73,7 +75,7 @@ RebootDialog::RebootDialog(QQuickItem *root)
     m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
     m_dialog->setBodyItem(m_body);
 
-    m_question->setColor(QColor::fromRgb(questionColor));
+    m_question->setColor(Palette::instance().text());
     m_question->setHAlign(QQuickText::AlignHCenter);
     m_question->setVAlign(QQuickText::AlignVCenter);
     m_question->setWrapMode(QQuickText::WordWrap);
@@ -101,10 +103,10 @@ BeepButton *RebootDialog::addButton(const Look &look, QString (*textOf)())
     auto *button = new BeepButton(m_body);
     auto *ground = new QQuickRectangle(button);
     ground->setRadius(8.0);
-    ground->setColor(QColor::fromRgb(look.ground));
+    ground->setColor(look.ground);
     button->setBackground(ground);
     auto *text = new QQuickText(button);
-    text->setColor(QColor::fromRgb(look.ink));
+    text->setColor(look.ink);
     text->setHAlign(QQuickText::AlignHCenter);
     text->setVAlign(QQuickText::AlignVCenter);
     text->setElideMode(QQuickText::ElideRight);

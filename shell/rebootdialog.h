@@ -3,7 +3,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtCore/QTimer>
-#include <QtGui/QRgb>
+#include <QtGui/QColor>
 
 class QQuickItem;
 class QQuickText;
@@ -32,8 +32,8 @@ signals:
 
 private:
     struct Look {
-        QRgb ground;
-        QRgb ink;
+        QColor ground;
+        QColor ink;
     };
 
     BeepButton *addButton(const Look &look, QString (*textOf)());

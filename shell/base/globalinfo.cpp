@@ -71,16 +71,12 @@ void GlobalInfo::switchLanguage(const QLocale &locale)
 
 void GlobalInfo::checkExternalLanguageChange()
 {
-    checkExternalLanguageChange({});
-}
-
-void GlobalInfo::checkExternalLanguageChange(const QVector<QLocale::Language> &offered)
-{
-    const QLocale chosen = localeOf(systemSet().getLanguage());
-    if (chosen.language() == m_locale.language())
+    const HMI::SystemSet::Language found = systemSet().getLanguage();
+    const bool isChinese = found == HMI::SystemSet::CHINESE;
+    // Any other language is told to the service as English, and is not to be mistaken for a choice of it.
+    if (isChinese == (m_locale.language() == QLocale::Chinese))
         return;
-    if (offered.contains(m_locale.language()) && recordedAs(chosen) == recordedAs(m_locale))
-        return;
+    const QLocale chosen = localeOf(found);
     qCDebug(logShell, "language: %s found on the panel", qPrintable(chosen.name()));
     m_locale = chosen;
     emit localeChanged();

@@ -37,9 +37,6 @@ public:
 
     /// Follows a language that was chosen elsewhere on the panel. Writes nothing back.
     Q_INVOKABLE void checkExternalLanguageChange();
-    /// The same where the operator can choose from @p offered: a language that the service takes for English is
-    /// not given up for the English that was recorded for it.
-    void checkExternalLanguageChange(const QVector<QLocale::Language> &offered);
 
     /// Whether the screen can be read in that language.
     static bool hasCatalogue(QLocale::Language language);

@@ -48,6 +48,7 @@ private slots:
     void aLanguageWithACatalogueOfItsOwn();
     void followsTheLanguageChosenElsewhere_data();
     void followsTheLanguageChosenElsewhere();
+    void aThirdLanguageStays();
     void translationPrecedesOtherReceivers();
     void oneTranslatorForAllSwitches();
     void sizes_data();
@@ -153,6 +154,19 @@ void TestGlobalInfo::followsTheLanguageChosenElsewhere()
     QCOMPARE(info.locale(), after);
     QCOMPARE(changed.size(), before == after ? 0 : 1);
     QCOMPARE(Journal::calls(), QStringList());
+    info.setLocale(Locales::english());
+}
+
+// The service knows Chinese and English alone, and was told English.
+void TestGlobalInfo::aThirdLanguageStays()
+{
+    GlobalInfo &info = GlobalInfo::instance();
+    info.setLocale(QLocale(QLocale::Esperanto));
+    info.checkExternalLanguageChange();
+    QCOMPARE(info.locale().language(), QLocale::Esperanto);
+    HmiSimulator::setLanguage(0);
+    info.checkExternalLanguageChange();
+    QCOMPARE(info.locale(), Locales::chinese());
     info.setLocale(Locales::english());
 }
 

@@ -30,7 +30,6 @@ private slots:
     void init();
     void isKeptWhileTheServiceSaysEnglish();
     void goesForWhatIsChosenElsewhere();
-    void goesOnAScreenThatDoesNotOfferIt();
 
 private:
     static void tapMenu(const char *english);
@@ -87,14 +86,6 @@ void TestThirdLanguage::goesForWhatIsChosenElsewhere()
     scene.close();
     HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
     scene.open();
-    QCOMPARE(language(), QLocale::English);
-}
-
-void TestThirdLanguage::goesOnAScreenThatDoesNotOfferIt()
-{
-    const CardScene scene({1024, 600}, withEsperanto());
-    choose(scene, "Esperanto");
-    const CardScene other;
     QCOMPARE(language(), QLocale::English);
 }
 

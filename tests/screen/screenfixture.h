@@ -18,6 +18,7 @@ std::shared_ptr<ISystemSet> screenOf(QLibrary *library);
 
 /// The timers of a screen, to see whether they go with it.
 QVector<QPointer<QTimer>> timersBelow(const QObject *root);
+
 /// The sizes of glass that the screen is made for, the narrow ones that lie with the options of a host for them.
 inline QVector<QSize> glassSizes()
 {

@@ -12,6 +12,8 @@ private slots:
     void timeEditor();
     void listAndTestResult_data() { addSizes(); }
     void listAndTestResult();
+    void rebootQuestion_data() { addSizes(); }
+    void rebootQuestion();
     void wifi_data() { addSizes(); }
     void wifi();
 };
@@ -42,6 +44,18 @@ void TestTouchPopups::listAndTestResult()
     HmiSimulator::waitIdle();
     QTRY_VERIFY(isShown("Test Result"));
     look("test result", 1);
+}
+
+void TestTouchPopups::rebootQuestion()
+{
+    m_options.insert(QStringLiteral("panelConfirmReboot"), true);
+    build();
+    m_fixture->tapMenu(QStringLiteral("Reboot"));
+    QQuickItem *answer = Operator::ancestorOf(Operator::byText(m_fixture->glass(), QStringLiteral("Cancel")),
+                                              "QSP::BeepButton");
+    QVERIFY(answer);
+    QTRY_VERIFY(answer->isEnabled());
+    look("question", 2);
 }
 
 void TestTouchPopups::wifi()

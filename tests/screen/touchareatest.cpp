@@ -18,6 +18,7 @@ void TouchAreaTest::addSizes()
 void TouchAreaTest::init()
 {
     beginWatch();
+    m_options = compactOptions();
     HmiSimulator::reset();
     HmiSimulator::setAdapters(1 | 2 | 4 | 16 | 64);
     HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
@@ -37,7 +38,7 @@ void TouchAreaTest::cleanup()
 
 void TouchAreaTest::build(const QSize &size)
 {
-    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size, compactOptions());
+    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size, m_options);
     QVERIFY(m_fixture->isBuilt());
     m_fixture->open();
     m_check = std::make_unique<TouchCheck>(*m_fixture);

@@ -39,6 +39,8 @@ protected:
 
     qreal longestWay() const;
 
+    /// What the screens to be built are asked for.
+    QVariantMap m_options = compactOptions();
     std::unique_ptr<ScreenFixture> m_fixture;
     std::unique_ptr<TouchCheck> m_check;
 

@@ -4,6 +4,7 @@
 #include <isystemset.h>
 #include <meyersingleton.h>
 
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -19,6 +20,10 @@ public:
     /// Builds the screen in @p window, still hidden. False when it cannot be built.
     bool build(QQmlEngine *engine, QQuickWindow *window)
     {
+        // Before the screen is built, which reads them.
+        engine->setProperty("panelLanguages", QStringList{"en", "zh_CN"});
+        engine->setProperty("panelHiddenCards", QStringList{"buzzer", "wifi"});
+
         // Building the screen records English in the service. A panel that keeps its language says it
         // again afterwards: open() follows the service.
         HMI::SystemSet &service = MeyerSingleton<HMI::SystemSet>::instance();
