@@ -1,0 +1,71 @@
+#include "linux/service.h"
+
+#include "linux/log.h"
+#include "linux/serialnumber.h"
+#include "linux/worker.h"
+
+namespace HmiLinux {
+
+namespace {
+
+using HMI::SystemSet;
+
+Config configuration(const Root &root)
+{
+    QStringList problems;
+    const Config config = readConfig(root.path(QStringLiteral("/etc/panelsettings/linux.conf")), &problems);
+    for (const QString &problem : qAsConst(problems))
+        qCWarning(configLog, "%s", qPrintable(problem));
+    return config;
+}
+
+/// Without those that this service does not drive yet: the screen would offer what has no effect.
+Interfaces drivenInterfaces(const Root &root, const Config &config)
+{
+    Interfaces interfaces = chooseInterfaces(root, config);
+    for (const SystemSet::NIC nic : {SystemSet::WIFI, SystemSet::MOBILE_4G, SystemSet::VPN})
+        interfaces.at(*placeOf(nic)).clear();
+    return interfaces;
+}
+
+} // namespace
+
+Service::Service(const Root &root, const QString &bus)
+    : m_config(configuration(root))
+    , m_interfaces(drivenInterfaces(root, m_config))
+    , m_mask(adapterMask(m_interfaces))
+    , m_serialNumber(readSerialNumber(root, m_config))
+{
+    // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
+    QDBusConnection(QStringLiteral("panelsettings"));
+    m_worker = new Worker(root, m_config, m_interfaces, bus, &m_state);
+    m_worker->moveToThread(&m_thread);
+    QObject::connect(&m_thread, &QThread::started, m_worker, &Worker::start);
+    QObject::connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
+    const Later onWorker = [this](std::function<void()> work) { later(std::move(work)); };
+    m_brightness = std::make_unique<Brightness>(root, m_config, onWorker);
+    m_language = std::make_unique<LanguageFile>(root, m_config, onWorker);
+    m_thread.setObjectName(QStringLiteral("panelsettings"));
+    m_thread.start();
+}
+
+Service::~Service()
+{
+    // What was to be kept is written first.
+    later([this] { m_thread.quit(); });
+    if (QThread::currentThread() != &m_thread)
+        m_thread.wait();
+}
+
+std::optional<std::size_t> Service::place(SystemSet::NIC nic) const
+{
+    const std::optional<std::size_t> place = placeOf(nic);
+    return place && (m_mask & nic) != 0 ? place : std::nullopt;
+}
+
+void Service::later(std::function<void()> work) const
+{
+    QMetaObject::invokeMethod(m_worker, std::move(work), Qt::QueuedConnection);
+}
+
+} // namespace HmiLinux
