@@ -18,6 +18,8 @@ namespace {
 // Long enough for a page that writes all its fields, short enough not to be noticed.
 constexpr int g_gatherTime = 200;
 constexpr int g_graceTime = 3000;
+// A daemon was met (1.42) that took changed servers over without putting them in force, shortly after an activation.
+constexpr int g_checkTime = 1500;
 
 } // namespace
 
@@ -31,6 +33,7 @@ AdapterWriter::AdapterWriter(std::size_t place, QString interface, const State *
     , m_bus(QString())
     , m_gather(this)
     , m_grace(this)
+    , m_check(this)
     , m_activation(this)
     , m_requests(std::make_unique<QObject>(this))
 {
@@ -41,6 +44,13 @@ AdapterWriter::AdapterWriter(std::size_t place, QString interface, const State *
     m_grace.setInterval(g_graceTime);
     connect(&m_grace, &QTimer::timeout, this,
             [this] { answer(!m_wanted.dhcp || m_state->read()->adapters.at(m_place).live.ip != 0); });
+    m_check.setSingleShot(true);
+    m_check.setInterval(g_checkTime);
+    connect(&m_check, &QTimer::timeout, this, [this] {
+        if (!isInForce())
+            activate(m_state->read()->adapters.at(m_place).profile,
+                     QStringLiteral("what was changed is not in force"));
+    });
     connect(&m_activation, &Activation::ended, this, &AdapterWriter::activated);
 }
 
@@ -54,9 +64,10 @@ void AdapterWriter::interrupt()
     m_requests = std::make_unique<QObject>(this);
     m_activation.cancel();
     m_grace.stop();
+    m_check.stop();
     takeAsked();
     answer(false);
-    if (m_writing)
+    if (m_writing && !m_settling)
         settle();
 }
 
@@ -83,11 +94,16 @@ void AdapterWriter::writeEnabled()
 void AdapterWriter::write()
 {
     m_gather.stop();
+    m_check.stop();
     if (m_writing) {
         m_again = true;
         return;
     }
     const std::shared_ptr<const Snapshot> snapshot = m_state->read();
+    if (snapshot->round == 0) {
+        m_again = true; // until it is known what there is
+        return;
+    }
     const Wish &wish = snapshot->wishes.at(m_place);
     m_now = snapshot->adapters.at(m_place);
     m_number = wish.number;
@@ -166,7 +182,7 @@ void AdapterWriter::add()
 
 void AdapterWriter::stored(const QString &path)
 {
-    if (!m_writing)
+    if (!m_writing || m_settling)
         return; // the daemon went meanwhile
     if (m_wanted != m_now.values || m_activate)
         apply(path);
@@ -186,7 +202,9 @@ void AdapterWriter::apply(const QString &path)
     if (m_now.deviceState <= Nm::Unavailable)
         return answer(!m_wanted.dhcp); // the daemon puts it in force as soon as there is a cable
     const bool isInForce = m_now.activeProfile == path && m_now.deviceState == Nm::Activated;
-    if (isInForce && !m_activate) {
+    // The servers of a lease come with a lease.
+    const bool needsLease = m_wanted.dhcp && m_wanted.dns == Dns() && m_now.values.dns != Dns();
+    if (isInForce && !m_activate && !needsLease) {
         ProfileValues kept = m_now.values;
         kept.stored = m_wanted.stored;
         // Static addresses are only kept while a lease is in force.
@@ -202,14 +220,28 @@ void AdapterWriter::reapply(const QString &path)
 {
     QDBusMessage question = Nm::call(m_now.device, Nm::device(), "Reapply");
     question << QVariant::fromValue(Sections()) << qulonglong(0) << uint(0);
-    ask(m_bus, question, m_requests.get(),
-        [this, path, device = m_now.device](const QDBusMessage &reapplied) {
-            if (!isError(reapplied))
-                return;
-            qCInfo(networkLog, "%s is put in force anew: %s", qPrintable(name()),
-                   qPrintable(reasonOf(reapplied)));
-            m_activation.start(m_bus, path, device);
-        });
+    ask(m_bus, question, m_requests.get(), [this, path](const QDBusMessage &reapplied) {
+        if (isError(reapplied))
+            activate(path, reasonOf(reapplied));
+        else
+            m_check.start();
+    });
+}
+
+bool AdapterWriter::isInForce() const
+{
+    const AdapterState &now = m_state->read()->adapters.at(m_place);
+    if (!now.known || now.deviceState != Nm::Activated)
+        return true; // its next activation puts it in force
+    if (!m_wanted.dhcp && now.live != m_wanted.stored)
+        return false;
+    return m_wanted.dns == Dns() || now.liveDns == m_wanted.dns;
+}
+
+void AdapterWriter::activate(const QString &path, const QString &why)
+{
+    qCInfo(networkLog, "%s is put in force anew: %s", qPrintable(name()), qPrintable(why));
+    m_activation.start(m_bus, path, m_now.device);
 }
 
 void AdapterWriter::switchOff()
@@ -238,10 +270,9 @@ void AdapterWriter::allowAutoconnect()
 
 void AdapterWriter::settle()
 {
-    m_writing = false;
+    // A further write begins with a snapshot that knows of this one, or it would make the profile a second time.
+    m_settling = true;
     emit settled(m_number);
-    if (std::exchange(m_again, false))
-        write();
 }
 
 void AdapterWriter::fail(const QString &why)
@@ -270,6 +301,10 @@ void AdapterWriter::deviceChanged(const QString &device, uint state, uint reason
 
 void AdapterWriter::published()
 {
+    if (std::exchange(m_settling, false))
+        m_writing = false;
+    if (!m_writing && std::exchange(m_again, false))
+        write();
     if (!m_grace.isActive())
         return;
     const std::shared_ptr<const Snapshot> snapshot = m_state->read();

@@ -54,6 +54,8 @@ private:
     void stored(const QString &path);
     void apply(const QString &path);
     void reapply(const QString &path);
+    bool isInForce() const;
+    void activate(const QString &path, const QString &why);
     void switchOff();
     void allowAutoconnect();
     void settle();
@@ -70,6 +72,7 @@ private:
     QDBusConnection m_bus;
     QTimer m_gather;
     QTimer m_grace; ///< for the addresses to be told of an adapter that is up
+    QTimer m_check; ///< for what was reapplied to be in force
     AddressDraft m_draft;
     Activation m_activation;
     std::unique_ptr<QObject> m_requests; ///< answers die with it
@@ -81,6 +84,7 @@ private:
     bool m_again = false;
     // Of the write under way.
     bool m_writing = false;
+    bool m_settling = false; ///< it is done, and the next snapshot will tell
     bool m_activate = false;
     bool m_persist = true;
     quint64 m_number = 0;

@@ -63,6 +63,7 @@ void Network::detach()
         if (writer != nullptr)
             writer->attach(QDBusConnection(QString()));
     }
+    note();
 }
 
 void Network::deviceStateChanged(const QDBusMessage &signal)

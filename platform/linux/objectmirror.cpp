@@ -80,6 +80,7 @@ void ObjectMirror::fetch()
                 qCWarning(busLog, "%s does not answer: %s", qPrintable(m_service),
                           qPrintable(reasonOf(answer)));
             m_told = true;
+            emit changed();
             return;
         }
         m_told = true; // one that was there and restarts is no fault

@@ -186,7 +186,8 @@ Sections newWiredSettings(const QString &adapter, const QString &interface)
     connection.insert(QStringLiteral("autoconnect-retries"), 0);
     settings[QStringLiteral("802-3-ethernet")];
     settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
-    settings[QStringLiteral("ipv6")].insert(QStringLiteral("method"), QStringLiteral("auto"));
+    // Nothing here is set for IPv6. Waited for, it would fail an adapter without an IPv4 address where no router is.
+    settings[QStringLiteral("ipv6")].insert(QStringLiteral("method"), QStringLiteral("ignore"));
     return settings;
 }
 

@@ -3,6 +3,7 @@
 #include "linux/log.h"
 #include "linux/serialnumber.h"
 #include "linux/worker.h"
+#include "linux/workerthread.h"
 
 namespace HmiLinux {
 
@@ -37,24 +38,24 @@ Service::Service(const Root &root, const QString &bus)
     , m_serialNumber(readSerialNumber(root, m_config))
 {
     // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
-    QDBusConnection(QStringLiteral("panelsettings"));
-    m_worker = new Worker(root, m_config, m_interfaces, bus, &m_state);
-    m_worker->moveToThread(&m_thread);
-    QObject::connect(&m_thread, &QThread::started, m_worker, &Worker::start);
-    QObject::connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
-    const Later onWorker = [this](std::function<void()> work) { later(std::move(work)); };
-    m_brightness = std::make_unique<Brightness>(root, m_config, onWorker);
-    m_language = std::make_unique<LanguageFile>(root, m_config, onWorker);
-    m_thread.setObjectName(QStringLiteral("panelsettings"));
-    m_thread.start();
+    const QDBusConnection first(QStringLiteral("panelsettings"));
+    Q_UNUSED(first)
+    m_thread =
+        std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
+    m_worker = m_thread->worker();
+    const Later keep = [this](std::function<void()> work) {
+        m_files.add(std::move(work));
+        later([this] { m_files.run(); });
+    };
+    m_brightness = std::make_unique<Brightness>(root, m_config, keep);
+    m_language = std::make_unique<LanguageFile>(root, m_config, keep);
+    m_thread->start();
 }
 
 Service::~Service()
 {
-    // What was to be kept is written first.
-    later([this] { m_thread.quit(); });
-    if (QThread::currentThread() != &m_thread)
-        m_thread.wait();
+    m_thread.reset();
+    m_files.run(); // what was to be kept and came too late for the worker
 }
 
 std::optional<std::size_t> Service::place(SystemSet::NIC nic) const

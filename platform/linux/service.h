@@ -2,11 +2,10 @@
 
 #include "linux/brightness.h"
 #include "linux/config.h"
+#include "linux/filejobs.h"
 #include "linux/interfaces.h"
 #include "linux/languagefile.h"
 #include "linux/published.h"
-
-#include <QtCore/QThread>
 
 #include <atomic>
 #include <memory>
@@ -14,6 +13,7 @@
 namespace HmiLinux {
 
 class Worker;
+class WorkerThread;
 
 /// The service of a panel: what it knows, for any thread, and its worker on a thread of its own.
 class Service
@@ -58,8 +58,9 @@ private:
     Published<Snapshot> m_state;
     std::atomic<quint64> m_wishes{0};
     std::string m_serialNumber;
-    QThread m_thread;
-    Worker *m_worker; ///< on m_thread, deleted at its end
+    FileJobs m_files;
+    std::unique_ptr<WorkerThread> m_thread;
+    Worker *m_worker; ///< of m_thread
     std::unique_ptr<Brightness> m_brightness;
     std::unique_ptr<LanguageFile> m_language;
 };

@@ -22,6 +22,8 @@ Worker::Worker(const Root &root, const Config &config, const Interfaces &interfa
 void Worker::start()
 {
     m_bus.open();
+    if (!m_bus.isOpen())
+        m_network.detach();
 }
 
 void Worker::ping(std::size_t place, const std::function<void(bool)> &done)

@@ -5,6 +5,8 @@
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusArgument>
 
+#include <algorithm>
+
 using namespace HmiLinux;
 
 namespace {
@@ -126,9 +128,15 @@ Sections FakeNetworkManager::wiredProfile(const QString &uuid, const QVariantMap
 
 QDBusMessage FakeNetworkManager::addConnection(const QDBusMessage &message)
 {
-    if (m_refusesWrites)
+    const Sections settings = unpacked(qdbus_cast<Sections>(message.arguments().constFirst()));
+    const QVariant uuid = settings.value(text("connection")).value(text("uuid"));
+    const bool isThere =
+        std::any_of(m_profiles.cbegin(), m_profiles.cend(), [&uuid](const Sections &profile) {
+            return profile.value(text("connection")).value(text("uuid")) == uuid;
+        });
+    if (m_refusesWrites || isThere)
         return refusal(message);
-    const QString path = addProfile(unpacked(qdbus_cast<Sections>(message.arguments().constFirst())));
+    const QString path = addProfile(settings);
     QDBusMessage reply = message.createReply();
     reply << objectPath(path) << QVariantMap();
     return reply;
@@ -191,7 +199,7 @@ void FakeNetworkManager::putInForce(const QString &interface, const QString &pro
     const QString gateway = isManual ? ipv4.value(text("gateway")).toString()
                                      : m_lease.left(m_lease.lastIndexOf(QLatin1Char('.'))) + text(".1");
     const Records addresses{{{text("address"), address}, {text("prefix"), prefix}}};
-    if (address.isEmpty())
+    if (address.isEmpty() || ipv4.value(text("method")) == text("disabled"))
         return setActive(interface, profile);
     add(configPath(interface),
         {{Nm::ip4(),

@@ -1,88 +1,26 @@
 #pragma once
 
 #include "tests/linux/fakenetworkmanager.h"
-#include "tests/linux/paneldirectory.h"
 #include "tests/linux/privatebus.h"
-#include "tests/support/paneltest.h"
+#include "tests/linux/servicescene.h"
 
-#include "linux/addressrules.h"
 #include "linux/nmnames.h"
-#include "linux/service.h"
-#include "linux/worker.h"
 
-#include <QtCore/QMutex>
-
-/// A panel with two ports, its service, and the daemon that it speaks to.
-struct NetworkScene {
+/// A panel whose daemon is the test's own.
+struct NetworkScene : ServiceScene {
     explicit NetworkScene(bool withDaemon = true)
     {
-        panel.put(QStringLiteral("/etc/panelsettings/linux.conf"), "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n");
         daemon.addPort(QStringLiteral("lan0"), QStringLiteral("02:00:00:00:00:10"));
         daemon.addPort(QStringLiteral("lan1"), QStringLiteral("02:00:00:00:00:11"));
         isUp = bus.start() && (!withDaemon || daemon.publish(bus.address()));
     }
+    ~NetworkScene() { service.reset(); }
+    NetworkScene(const NetworkScene &) = delete;
+    NetworkScene &operator=(const NetworkScene &) = delete;
 
-    void startService() { service = std::make_unique<HmiLinux::Service>(panel.root(), bus.address()); }
-    /// Whether the service has read the daemon.
-    bool waitForDaemon() const
-    {
-        return QTest::qWaitFor([this] { return lan0().known; }, Patience);
-    }
-    HmiLinux::AdapterState lan0() const { return service->snapshot()->adapters.at(0); }
-    HmiLinux::AdapterState lan1() const { return service->snapshot()->adapters.at(1); }
-    HmiLinux::ProfileValues values(std::size_t place = 0) const { return service->snapshot()->values(place); }
-    bool hasWish(std::size_t place = 0) const { return !service->snapshot()->wishes.at(place).isEmpty(); }
-    bool waitForWishes() const
-    {
-        return QTest::qWaitFor([this] { return !hasWish(0) && !hasWish(1); }, Patience);
-    }
+    void startService() { startOn(bus.address()); }
 
-    template <class Ask> void gather(std::size_t place, const Ask &ask)
-    {
-        service->wish(place, true, ask);
-        service->later([this, place] { service->worker().network().writer(place)->gather(); });
-    }
-    void setAddresses(const HmiLinux::Addresses &addresses)
-    {
-        // One after the other, as a page does.
-        gather(0, [&](HmiLinux::Wish &wish) { wish.ip = addresses.ip; });
-        gather(0, [&](HmiLinux::Wish &wish) { wish.mask = addresses.mask; });
-        gather(0, [&](HmiLinux::Wish &wish) { wish.gateway = addresses.gateway; });
-    }
-    void enable(bool on, std::size_t place = 0)
-    {
-        service->wish(place, true, [on](HmiLinux::Wish &wish) { wish.enabled = on; });
-        service->later([this, place] { service->worker().network().writer(place)->writeEnabled(); });
-    }
-    void setDhcp(bool on, std::size_t place = 0)
-    {
-        service->wish(place, true, [on](HmiLinux::Wish &wish) { wish.dhcp = on; });
-        service->later([this, place] {
-            service->worker().network().writer(place)->writeDhcp([this](HMI::SystemSet::DHCP_STATE state) {
-                const QMutexLocker lock(&mutex);
-                reported.append(state);
-            });
-        });
-    }
-    QVector<int> reports()
-    {
-        const QMutexLocker lock(&mutex);
-        return reported;
-    }
-    /// Waits until as many requests have been answered.
-    bool waitForReports(int count)
-    {
-        return QTest::qWaitFor([this, count] { return reports().size() >= count; }, Patience);
-    }
-
-    static HMI::IP ip(const char *dotted) { return *HmiLinux::addressOf(QString::fromLatin1(dotted)); }
-
-    static constexpr int Patience = 30000;
-    PanelDirectory panel;
     PrivateBus bus;
     FakeNetworkManager daemon;
     bool isUp = false;
-    QMutex mutex;
-    QVector<int> reported;
-    std::unique_ptr<HmiLinux::Service> service;
 };

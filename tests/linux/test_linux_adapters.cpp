@@ -41,6 +41,7 @@ private slots:
     void profileOfSomebodyElseIsLeftAlone();
     void defaultAdapterIsOne();
     void requestsInARowAreAllAnswered();
+    void profileIsMadeOnce();
     void daemonGoneInTheMiddle();
     void adapterThatIsNotThere();
 
@@ -334,6 +335,23 @@ void TestLinuxAdapters::requestsInARowAreAllAnswered()
     QVERIFY(m_scene->values().dhcp); // the newest counts
     QTRY_COMPARE(dotted(m_scene->lan0().live.ip), text("192.168.50.109"));
     QCOMPARE(m_scene->reports().size(), 5);
+}
+
+void TestLinuxAdapters::profileIsMadeOnce()
+{
+    for (int i = 0; i < 20; ++i) {
+        m_scene->setDhcp(i % 2 == 0);
+        m_scene->enable(i % 3 != 0);
+        m_scene->setDhcp(true);
+        QTest::qWait(i);
+    }
+    m_scene->enable(true);
+    QVERIFY(m_scene->waitForReports(40));
+    QVERIFY(m_scene->waitForWishes());
+    QCOMPARE(m_scene->daemon.profiles().size(), 1);
+    QCOMPARE(m_scene->daemon.calls().count(text("AddConnection2")), 1);
+    QVERIFY(m_scene->values().dhcp);
+    QVERIFY(m_scene->values().enabled);
 }
 
 void TestLinuxAdapters::daemonGoneInTheMiddle()

@@ -19,6 +19,9 @@ private slots:
     void ownerLostAndBack();
     void busKilledAndRestarted();
     void daemonThatComesLater();
+    void wishesBeforeTheFirstSnapshot();
+    void nobodyThereAtAll();
+    void whatWasSavedLastIsKept();
     void stormIsOneSnapshot();
     void endlessStormIsPublishedAllTheSame();
     void gettersAreCheap();
@@ -144,6 +147,45 @@ void TestLinuxNetwork::daemonThatComesLater()
     QTest::qWait(100);
     QVERIFY(scene.daemon.publish(scene.bus.address()));
     QVERIFY(scene.waitForDaemon());
+}
+
+void TestLinuxNetwork::wishesBeforeTheFirstSnapshot()
+{
+    NetworkScene scene;
+    QVERIFY(scene.isUp);
+    scene.startService();
+    // The daemon has not answered: no event has been handled here.
+    scene.setDhcp(true);
+    scene.gather(0, [](Wish &wish) { wish.dns = Dns(NetworkScene::ip("9.9.9.9"), HMI::IP()); });
+    QVERIFY(scene.waitForReports(1));
+    QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_OK});
+    QVERIFY(scene.waitForWishes());
+    QCOMPARE(dotted(scene.values().dns.first), QStringLiteral("9.9.9.9"));
+}
+
+void TestLinuxNetwork::nobodyThereAtAll()
+{
+    ServiceScene scene;
+    expectMessage(QStringLiteral("there is no message bus"));
+    expectMessage(
+        QStringLiteral("the settings of LAN0 stay as they are: there is no such adapter at the moment"));
+    scene.startOn(QStringLiteral("unix:path=/nonexistent/bus"));
+    scene.setDhcp(true);
+    QVERIFY(scene.waitForReports(1));
+    QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_FAILED});
+    QVERIFY(scene.waitForWishes());
+    QVERIFY(!scene.values().dhcp);
+    QCOMPARE(scene.service->adapters(), SystemSet::LAN0 | SystemSet::LAN1);
+}
+
+void TestLinuxNetwork::whatWasSavedLastIsKept()
+{
+    NetworkScene scene;
+    QVERIFY(scene.isUp);
+    scene.startService();
+    scene.service->brightness().setLevel(7, true);
+    scene.service.reset(); // at once
+    QCOMPARE(scene.panel.contents(QStringLiteral("/var/lib/panelsettings/brightness")), QByteArray("7\n"));
 }
 
 void TestLinuxNetwork::stormIsOneSnapshot()
