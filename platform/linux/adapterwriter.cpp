@@ -94,7 +94,6 @@ void AdapterWriter::writeEnabled()
 void AdapterWriter::write()
 {
     m_gather.stop();
-    m_check.stop();
     if (m_writing) {
         m_again = true;
         return;
@@ -113,12 +112,13 @@ void AdapterWriter::write()
     if (!m_now.known && m_now.profile.isEmpty())
         return fail(QStringLiteral("there is no such adapter at the moment"));
     m_wanted = wanted(m_now, wish);
-    if (m_wanted != m_now.values)
+    // A lease may be had anew with the profile of somebody else that is in force; only a change needs one of ours.
+    const QString path = m_now.profile.isEmpty() ? m_now.activeProfile : m_now.profile;
+    const bool needsProfile = m_activate && path.isEmpty() && m_now.deviceState > Nm::Unavailable;
+    if (m_wanted != m_now.values || needsProfile)
         store();
-    else if (m_activate && m_now.profile.isEmpty())
-        store(); // what is put in force is the panel's own profile
     else
-        stored(m_now.profile);
+        stored(path);
 }
 
 ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
@@ -144,6 +144,7 @@ ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
 
 void AdapterWriter::store()
 {
+    m_check.stop();
     if (m_now.profile.isEmpty())
         return add();
     ask(m_bus, Nm::call(m_now.profile, Nm::profile(), "GetSettings"), m_requests.get(),

@@ -7,7 +7,8 @@
 #include "linux/service.h"
 #include "linux/worker.h"
 
-#include <QtCore/QMutex>
+#include <mutex>
+#include <vector>
 
 /// A panel with two wired ports and its service, as an operator uses it.
 struct ServiceScene {
@@ -55,15 +56,20 @@ struct ServiceScene {
         service->wish(place, true, [on](HmiLinux::Wish &wish) { wish.dhcp = on; });
         service->later([this, place] {
             service->worker().network().writer(place)->writeDhcp([this](HMI::SystemSet::DHCP_STATE state) {
-                const QMutexLocker lock(&mutex);
-                reported.append(state);
+                const std::lock_guard<std::mutex> lock(mutex);
+                reported.push_back(state);
             });
         });
     }
     QVector<int> reports()
     {
-        const QMutexLocker lock(&mutex);
-        return reported;
+        const std::lock_guard<std::mutex> lock(mutex);
+        return QVector<int>(reported.begin(), reported.end());
+    }
+    void forgetReports()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        reported.clear();
     }
     /// Waits until as many requests have been answered.
     bool waitForReports(int count)
@@ -75,7 +81,7 @@ struct ServiceScene {
 
     static constexpr int Patience = 30000;
     PanelDirectory panel;
-    QMutex mutex;
-    QVector<int> reported;
+    std::mutex mutex;
+    std::vector<int> reported;
     std::unique_ptr<HmiLinux::Service> service; // ends before what its reports are put into
 };

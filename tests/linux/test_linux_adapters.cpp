@@ -29,6 +29,7 @@ private slots:
     void freshLeaseIsTaken();
     void silentServerIsAFailure();
     void pulledCableIsAFailure();
+    void lookingMakesNoProfile();
     void staticAndBack();
     void staticWithoutAddress();
     void addressesAreOneWrite();
@@ -52,7 +53,7 @@ private:
         m_scene->setDhcp(true);
         QVERIFY(m_scene->waitForReports(1));
         QVERIFY(m_scene->waitForWishes());
-        m_scene->reported.clear();
+        m_scene->forgetReports();
         m_scene->daemon.forgetCalls();
     }
     QVariantMap ipv4() const { return m_scene->daemon.profile(m_scene->lan0().profile).value(text("ipv4")); }
@@ -128,6 +129,17 @@ void TestLinuxAdapters::pulledCableIsAFailure()
     QVERIFY(m_scene->waitForReports(2));
     QCOMPARE(m_scene->reports().constLast(), int(SystemSet::DHCP_OK));
     QVERIFY(!m_scene->daemon.calls().contains(text("ActivateConnection")));
+}
+
+void TestLinuxAdapters::lookingMakesNoProfile()
+{
+    m_scene->daemon.unplug(text("lan0"));
+    QTRY_COMPARE(m_scene->lan0().deviceState, uint(Nm::Unavailable));
+    m_scene->setDhcp(true); // what the screen does whenever it is opened
+    QVERIFY(m_scene->waitForReports(1));
+    QCOMPARE(m_scene->reports(), QVector<int>{SystemSet::DHCP_FAILED});
+    QVERIFY(m_scene->waitForWishes());
+    QVERIFY(m_scene->daemon.profiles().isEmpty());
 }
 
 void TestLinuxAdapters::staticAndBack()
@@ -299,6 +311,13 @@ void TestLinuxAdapters::profileOfSomebodyElseIsLeftAlone()
     const QString profile = m_scene->daemon.addProfile(settings);
     m_scene->daemon.activate(profile, text("lan0"));
     QTRY_VERIFY(m_scene->lan0().live.ip != 0);
+    // A fresh lease needs no profile of ours.
+    m_scene->daemon.setLease(text("192.168.50.222"));
+    m_scene->setDhcp(true);
+    QVERIFY(m_scene->waitForReports(1));
+    QCOMPARE(m_scene->reports(), QVector<int>{SystemSet::DHCP_OK});
+    QCOMPARE(dotted(m_scene->lan0().live.ip), text("192.168.50.222"));
+    QCOMPARE(m_scene->daemon.profiles(), QStringList{profile});
     m_scene->setAddresses(usual());
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(m_scene->values().stored == usual());

@@ -30,7 +30,8 @@ private slots:
 
 void TestLinuxNetwork::firstSnapshotIsNeutral()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QCOMPARE(scene.service->adapters(), SystemSet::LAN0 | SystemSet::LAN1);
@@ -44,7 +45,8 @@ void TestLinuxNetwork::firstSnapshotIsNeutral()
 
 void TestLinuxNetwork::adaptersAreRead()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     Sections settings =
         withValues(newWiredSettings(QStringLiteral("LAN0"), QStringLiteral("lan0")), ProfileValues());
@@ -68,7 +70,8 @@ void TestLinuxNetwork::adaptersAreRead()
 
 void TestLinuxNetwork::profileOfSomebodyElseIsShown()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     const Records addresses{
         {{QStringLiteral("address"), QStringLiteral("10.1.2.3")}, {QStringLiteral("prefix"), 16U}}};
@@ -88,7 +91,8 @@ void TestLinuxNetwork::profileOfSomebodyElseIsShown()
 
 void TestLinuxNetwork::cablePulledAndPutBack()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     const QString profile = scene.daemon.addProfile(
         withValues(newWiredSettings(QStringLiteral("LAN0"), QStringLiteral("lan0")), ProfileValues()));
@@ -104,7 +108,8 @@ void TestLinuxNetwork::cablePulledAndPutBack()
 
 void TestLinuxNetwork::ownerLostAndBack()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(scene.waitForDaemon());
@@ -120,7 +125,8 @@ void TestLinuxNetwork::ownerLostAndBack()
 
 void TestLinuxNetwork::busKilledAndRestarted()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(scene.waitForDaemon());
@@ -136,7 +142,8 @@ void TestLinuxNetwork::busKilledAndRestarted()
 
 void TestLinuxNetwork::daemonThatComesLater()
 {
-    NetworkScene scene(false);
+    const auto owner = std::make_unique<NetworkScene>(false);
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     expectMessage(QStringLiteral("org.freedesktop.NetworkManager does not answer"));
     scene.startService();
@@ -151,7 +158,8 @@ void TestLinuxNetwork::daemonThatComesLater()
 
 void TestLinuxNetwork::wishesBeforeTheFirstSnapshot()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     // The daemon has not answered: no event has been handled here.
@@ -180,7 +188,8 @@ void TestLinuxNetwork::nobodyThereAtAll()
 
 void TestLinuxNetwork::whatWasSavedLastIsKept()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     scene.service->brightness().setLevel(7, true);
@@ -190,7 +199,8 @@ void TestLinuxNetwork::whatWasSavedLastIsKept()
 
 void TestLinuxNetwork::stormIsOneSnapshot()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(scene.waitForDaemon());
@@ -205,7 +215,8 @@ void TestLinuxNetwork::stormIsOneSnapshot()
 
 void TestLinuxNetwork::endlessStormIsPublishedAllTheSame()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(scene.waitForDaemon());
@@ -220,7 +231,8 @@ void TestLinuxNetwork::endlessStormIsPublishedAllTheSame()
 
 void TestLinuxNetwork::gettersAreCheap()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(scene.waitForDaemon());
@@ -238,7 +250,8 @@ void TestLinuxNetwork::gettersAreCheap()
 
 void TestLinuxNetwork::frozenDaemonHoldsNobodyUp()
 {
-    NetworkScene scene;
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
     QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(scene.waitForDaemon());
