@@ -1,5 +1,6 @@
 #include "linux/service.h"
 
+#include "linux/filewatch.h"
 #include "linux/log.h"
 #include "linux/serialnumber.h"
 #include "linux/worker.h"
@@ -50,6 +51,10 @@ Service::Service(const Root &root, const QString &bus)
     m_brightness = std::make_unique<Brightness>(root, m_config, keep);
     m_language = std::make_unique<LanguageFile>(root, m_config, keep);
     m_thread->start();
+    later([this] {
+        auto *watch = new FileWatch(m_language->file(), m_worker);
+        QObject::connect(watch, &FileWatch::changed, watch, [this] { m_language->readAgain(); });
+    });
 }
 
 Service::~Service()

@@ -22,6 +22,7 @@ private slots:
     void wishesBeforeTheFirstSnapshot();
     void nobodyThereAtAll();
     void whatWasSavedLastIsKept();
+    void languageOfAnotherProgram();
     void stormIsOneSnapshot();
     void endlessStormIsPublishedAllTheSame();
     void gettersAreCheap();
@@ -195,6 +196,28 @@ void TestLinuxNetwork::whatWasSavedLastIsKept()
     scene.service->brightness().setLevel(7, true);
     scene.service.reset(); // at once
     QCOMPARE(scene.panel.contents(QStringLiteral("/var/lib/panelsettings/brightness")), QByteArray("7\n"));
+}
+
+void TestLinuxNetwork::languageOfAnotherProgram()
+{
+    const auto owner = std::make_unique<NetworkScene>();
+    NetworkScene &scene = *owner;
+    QVERIFY(scene.isUp);
+    scene.startService();
+    QVERIFY(scene.waitForDaemon());
+    const QString file = QStringLiteral("/var/lib/panelsettings/language");
+    LanguageFile &language = scene.service->language();
+    for (const bool replaces : {false, true, false, true}) {
+        if (replaces)
+            QVERIFY(scene.panel.root().replace(file, "zh\n"));
+        else
+            scene.panel.put(file, "zh\n");
+        QTRY_COMPARE(language.language(), SystemSet::CHINESE);
+        language.setLanguage(SystemSet::ENGLISH);
+        QCOMPARE(language.language(), SystemSet::ENGLISH);
+        QTRY_COMPARE(scene.panel.contents(file), QByteArray("en\n"));
+        QCOMPARE(language.language(), SystemSet::ENGLISH);
+    }
 }
 
 void TestLinuxNetwork::stormIsOneSnapshot()
