@@ -20,6 +20,16 @@ struct NetworkScene : ServiceScene {
 
     void startService() { startOn(bus.address()); }
 
+    /// Puts LAN0 on a lease with a profile of the panel's own.
+    bool giveProfile()
+    {
+        setDhcp(true);
+        const bool isThere = waitForReports(1) && waitForWishes();
+        forgetReports();
+        daemon.forgetCalls();
+        return isThere;
+    }
+
     PrivateBus bus;
     FakeNetworkManager daemon;
     bool isUp = false;

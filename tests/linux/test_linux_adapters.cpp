@@ -41,21 +41,8 @@ private slots:
     void offAndOn();
     void profileOfSomebodyElseIsLeftAlone();
     void defaultAdapterIsOne();
-    void requestsInARowAreAllAnswered();
-    void profileIsMadeOnce();
-    void daemonGoneInTheMiddle();
-    void adapterThatIsNotThere();
 
 private:
-    /// LAN0 with a profile of the panel's own, on a lease.
-    void giveProfile()
-    {
-        m_scene->setDhcp(true);
-        QVERIFY(m_scene->waitForReports(1));
-        QVERIFY(m_scene->waitForWishes());
-        m_scene->forgetReports();
-        m_scene->daemon.forgetCalls();
-    }
     QVariantMap ipv4() const { return m_scene->daemon.profile(m_scene->lan0().profile).value(text("ipv4")); }
 
     std::unique_ptr<NetworkScene> m_scene;
@@ -95,7 +82,7 @@ void TestLinuxAdapters::leaseIsTaken()
 
 void TestLinuxAdapters::freshLeaseIsTaken()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->daemon.setLease(text("192.168.50.222"));
     m_scene->setDhcp(true);
     QVERIFY(m_scene->waitForReports(1));
@@ -107,7 +94,7 @@ void TestLinuxAdapters::freshLeaseIsTaken()
 
 void TestLinuxAdapters::silentServerIsAFailure()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->daemon.setSteps(
         {{110, 60}, {Nm::Preparing, 0}, {50, 0}, {70, 0}, {Nm::Failed, 5}, {Nm::Disconnected, 0}});
     m_scene->setDhcp(true);
@@ -118,7 +105,7 @@ void TestLinuxAdapters::silentServerIsAFailure()
 
 void TestLinuxAdapters::pulledCableIsAFailure()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->daemon.unplug(text("lan0"));
     QTRY_COMPARE(m_scene->lan0().deviceState, uint(Nm::Unavailable));
     m_scene->setDhcp(true);
@@ -144,7 +131,7 @@ void TestLinuxAdapters::lookingMakesNoProfile()
 
 void TestLinuxAdapters::staticAndBack()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->setAddresses(usual());
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(m_scene->values().stored == usual());
@@ -167,7 +154,7 @@ void TestLinuxAdapters::staticAndBack()
 
 void TestLinuxAdapters::staticWithoutAddress()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->daemon.setLease({});
     m_scene->setDhcp(false);
     QVERIFY(m_scene->waitForReports(1));
@@ -179,7 +166,7 @@ void TestLinuxAdapters::staticWithoutAddress()
 
 void TestLinuxAdapters::addressesAreOneWrite()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->setDhcp(false);
     QVERIFY(m_scene->waitForReports(1));
     QVERIFY(m_scene->waitForWishes());
@@ -198,7 +185,7 @@ void TestLinuxAdapters::addressesAreOneWrite()
 
 void TestLinuxAdapters::unchangedAddressesAreNotWritten()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     const Addresses before = m_scene->values().stored;
     m_scene->setAddresses(usual());
     m_scene->setAddresses(before);
@@ -209,7 +196,7 @@ void TestLinuxAdapters::unchangedAddressesAreNotWritten()
 
 void TestLinuxAdapters::impossibleAddressesAreRefused()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->setAddresses(usual());
     QVERIFY(m_scene->waitForWishes());
     m_scene->daemon.forgetCalls();
@@ -224,7 +211,7 @@ void TestLinuxAdapters::impossibleAddressesAreRefused()
 
 void TestLinuxAdapters::valuesOneByOneReachAnotherNetwork()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->setAddresses(usual());
     QVERIFY(m_scene->waitForWishes());
 
@@ -245,7 +232,7 @@ void TestLinuxAdapters::valuesOneByOneReachAnotherNetwork()
 
 void TestLinuxAdapters::serversAreOwnOrThoseOfTheLease()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     const Dns leased(NetworkScene::ip("192.168.50.1"), HMI::IP());
     QVERIFY(m_scene->service->snapshot()->dns(0) == leased);
     // Those of the lease written back are no choice.
@@ -268,7 +255,7 @@ void TestLinuxAdapters::serversAreOwnOrThoseOfTheLease()
 
 void TestLinuxAdapters::refusedWriteLeavesAllAsItWas()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->daemon.refuseWrites(true);
     expectMessage(text("the settings of LAN0 stay as they are: refused"), 2);
     m_scene->setAddresses(usual());
@@ -284,7 +271,7 @@ void TestLinuxAdapters::refusedWriteLeavesAllAsItWas()
 
 void TestLinuxAdapters::offAndOn()
 {
-    giveProfile();
+    QVERIFY(m_scene->giveProfile());
     m_scene->enable(false);
     QVERIFY(!m_scene->values().enabled); // at the call
     QVERIFY(m_scene->waitForWishes());
@@ -342,59 +329,6 @@ void TestLinuxAdapters::defaultAdapterIsOne()
     }
     QVERIFY(m_scene->lan0().values.isDefault);
     QVERIFY(!m_scene->lan1().values.isDefault);
-}
-
-void TestLinuxAdapters::requestsInARowAreAllAnswered()
-{
-    giveProfile();
-    for (int i = 0; i < 5; ++i)
-        m_scene->setDhcp(i % 2 == 0);
-    QVERIFY(m_scene->waitForReports(5));
-    QVERIFY(m_scene->waitForWishes());
-    QVERIFY(m_scene->values().dhcp); // the newest counts
-    QTRY_COMPARE(dotted(m_scene->lan0().live.ip), text("192.168.50.109"));
-    QCOMPARE(m_scene->reports().size(), 5);
-}
-
-void TestLinuxAdapters::profileIsMadeOnce()
-{
-    for (int i = 0; i < 20; ++i) {
-        m_scene->setDhcp(i % 2 == 0);
-        m_scene->enable(i % 3 != 0);
-        m_scene->setDhcp(true);
-        QTest::qWait(i);
-    }
-    m_scene->enable(true);
-    QVERIFY(m_scene->waitForReports(40));
-    QVERIFY(m_scene->waitForWishes());
-    QCOMPARE(m_scene->daemon.profiles().size(), 1);
-    QCOMPARE(m_scene->daemon.calls().count(text("AddConnection2")), 1);
-    QVERIFY(m_scene->values().dhcp);
-    QVERIFY(m_scene->values().enabled);
-}
-
-void TestLinuxAdapters::daemonGoneInTheMiddle()
-{
-    giveProfile();
-    m_scene->daemon.setSteps({{Nm::Preparing, 0}}); // and then nothing
-    m_scene->setDhcp(true);
-    QTRY_COMPARE(m_scene->lan0().deviceState, uint(Nm::Preparing));
-    m_scene->daemon.vanish();
-    QVERIFY(m_scene->waitForReports(1));
-    QCOMPARE(m_scene->reports(), QVector<int>{SystemSet::DHCP_FAILED});
-    QVERIFY(m_scene->waitForWishes());
-    QVERIFY(!m_scene->lan0().known);
-}
-
-void TestLinuxAdapters::adapterThatIsNotThere()
-{
-    m_scene->daemon.remove(FakeNetworkManager::devicePath(text("lan1")));
-    QTRY_VERIFY(!m_scene->lan1().known);
-    expectMessage(text("the settings of LAN1 stay as they are: there is no such adapter at the moment"));
-    m_scene->setDhcp(true, 1);
-    QVERIFY(m_scene->waitForReports(1));
-    QCOMPARE(m_scene->reports(), QVector<int>{SystemSet::DHCP_FAILED});
-    QVERIFY(m_scene->waitForWishes());
 }
 
 PANEL_TEST_MAIN(TestLinuxAdapters)
