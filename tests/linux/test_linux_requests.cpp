@@ -1,6 +1,6 @@
 #include "tests/linux/networkscene.h"
 
-#include <QtCore/QSemaphore>
+#include <future>
 
 using namespace HmiLinux;
 using HMI::SystemSet;
@@ -80,14 +80,10 @@ void TestLinuxRequests::roundsLeaveNothingBehind()
 {
     QVERIFY(m_scene->giveProfile());
     const auto objects = [this] {
-        int count = 0;
-        QSemaphore counted;
-        m_scene->service->later([&] {
-            count = m_scene->service->worker().findChildren<QObject *>().size();
-            counted.release();
-        });
-        counted.acquire();
-        return count;
+        const auto count = std::make_shared<std::promise<int>>();
+        m_scene->service->later(
+            [this, count] { count->set_value(m_scene->service->worker().findChildren<QObject *>().size()); });
+        return count->get_future().get();
     };
     // Answers that were handled are deleted in the next turn of the event loop.
     const int before = objects();
