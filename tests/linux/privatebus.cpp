@@ -2,6 +2,9 @@
 
 #include <QtCore/QFile>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 namespace {
 
 constexpr int g_patience = 30000;
@@ -22,6 +25,11 @@ const char g_configuration[] =
 )";
 
 } // namespace
+
+void BoundProcess::setupChildProcess()
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
 
 PrivateBus::PrivateBus()
 {

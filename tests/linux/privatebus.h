@@ -3,6 +3,13 @@
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 
+/// A process that does not outlive a test that crashes.
+class BoundProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override;
+};
+
 /// A message bus of the test's own, which it may take away and bring back at the same address.
 class PrivateBus
 {
@@ -19,5 +26,5 @@ public:
 
 private:
     QTemporaryDir m_directory;
-    QProcess m_daemon;
+    BoundProcess m_daemon;
 };
