@@ -76,6 +76,7 @@ Judge::Work serviceWork(const Options &options)
         order.adapters = options.adapters;
         order.isReadOnly = options.isReadOnly;
         order.patience = options.patience;
+        order.settling = options.settling;
         order.isDone = [&past](const std::string &title) { return past.report.has(title); };
         order.settings = past.settings;
         trial.run(order, witness);

@@ -82,8 +82,10 @@ std::string take(const std::string &name, const std::string &value, Options *opt
     if (name == "--adapters")
         return unless(readAdapters(value, &options->adapters),
                       "takes lan0, lan1, wifi, 4g and vpn, with commas: ");
-    if (name == "--patience" || name == "--limit") {
-        std::chrono::seconds &seconds = name == "--limit" ? options->limit : options->patience;
+    if (name == "--patience" || name == "--limit" || name == "--settle") {
+        std::chrono::seconds &seconds = name == "--limit"      ? options->limit
+                                        : name == "--patience" ? options->patience
+                                                               : options->settling;
         return unless(readSeconds(value, &seconds), "takes seconds, 1 to 3600: ");
     }
     if (name == "--tap" || name == "--junit") {
@@ -157,6 +159,7 @@ contract of the settings screen, in a process of its own.
   --read-only          only what changes nothing
   --patience SECONDS   wait no longer for a report (60)
   --limit SECONDS      a library that keeps a check from going on for so long hangs (30)
+  --settle SECONDS     ask nothing for so long after the service was started (0)
   --tap FILE           write the results as TAP, too
   --junit FILE         write the results as JUnit XML, too
   --help               show this

@@ -21,6 +21,7 @@ struct Options {
     std::string junitFile;
     std::chrono::seconds patience{60};
     std::chrono::seconds limit{30};
+    std::chrono::seconds settling{0};
 
     /// Reads @p arguments (without the program's name). Null when something is wrong with them; @p error then says
     /// what.

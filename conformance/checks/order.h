@@ -16,6 +16,8 @@ struct Order {
     bool isReadOnly = false;      ///< no check that changes the panel
     /// How long to wait for a report, at most; what the contract grants less time gets less.
     std::chrono::seconds patience{60};
+    /// How long the service gets between its start and the first question.
+    std::chrono::seconds settling{0};
     /// Whether a result of this title is there already, from a process before this one.
     std::function<bool(const std::string &)> isDone;
     /// What Witness::keep() was told by that process; empty in the first one.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <thread>
 
 using HMI::SystemSet;
 
@@ -96,6 +97,8 @@ bool isFrame(std::string_view group)
 void Sequence::run()
 {
     start(StartInfo);
+    // Until its worker has read the panel a service may answer neutral, which is not to be taken for the panel.
+    std::this_thread::sleep_for(m_order.settling);
     m_adapters = service().getAllNIC();
     // In a process that follows one that died the panel is no longer what it was.
     if (const std::optional<Settings> settings = Settings::decoded(m_order.settings))

@@ -27,6 +27,7 @@ private:
         auto *ordered = static_cast<OrderedSlot *>(self);
         switch (which) {
         case Destroy:
+            __tsan_acquire(ordered); // one that was never called
             ordered->m_slot->destroyIfLastRef();
             delete ordered;
             break;

@@ -11,8 +11,8 @@ side by side and do not know each other:
 
 The folders of cards/ do not know each other, but for what panel/ tells them.
 
-The simulator, the keyboard stand-in and the conformance program know the contracts alone. The host sees the screen only as
-isystemset.h and pluginregistry.h. Tests and benches may include everything.
+The simulator, the service on Linux, the keyboard stand-in and the conformance program know the contracts
+alone. The host sees the screen only as isystemset.h and pluginregistry.h. Tests and benches may include everything.
 """
 
 import pathlib
@@ -33,6 +33,7 @@ BELOW = {
     "plugin": BELOW_CARDS | CARDS | {"cards", "interface"},
     "interface": set(),
     "simulator": {"contracts"},
+    "linux": {"contracts"},
     "keyboard": {"contracts"},
     "conformance": {"contracts"},
     "host": {"contracts", "interface"},
@@ -120,6 +121,9 @@ def selftest():
         ("shell/base/globalinfo.h", '#include "controls/button.h"\n', "shell/base/globalinfo.h (shell/base) includes"),
         ("shell/approotitem.h", '#  include "cards/card.h"\n', "shell/approotitem.h (shell) includes"),
         ("cards/card.h", '#include "simulator/simulator.h"\n', "cards/card.h (cards) includes platform/simulator"),
+        ("platform/linux/bus.h", '#include "simulator/simulator.h"\n', "platform/linux/bus.h (linux) includes"),
+        ("platform/linux/bus.h", '#include "shell/base/globalinfo.h"\n', "platform/linux/bus.h (linux) includes"),
+        ("cards/card.h", '#include "linux/bus.h"\n', "cards/card.h (cards) includes platform/linux"),
         ("plugin/exports.cpp", '#include "host/main.h"\n', "plugin/exports.cpp (plugin) includes host"),
         ("host/main.h", '#include "shell/base/globalinfo.h"\n', "host/main.h (host) includes shell"),
         ("host/main.h", '#include "plugin/exports.h"\n', "host/main.h (host) includes plugin/exports.h"),
@@ -135,6 +139,7 @@ def selftest():
     base = {
         "platform/include/hmi/systemset.h": "",
         "platform/simulator/simulator.h": '#include "hmi/systemset.h"\n',
+        "platform/linux/bus.h": '#include "hmi/systemset.h"\n',
         "shell/base/globalinfo.h": '#include "hmi/systemset.h"\n',
         "shell/approotitem.h": '#include "shell/base/globalinfo.h"\n',
         "panel/nic.h": '#include "hmi/systemset.h"\n',

@@ -1,0 +1,78 @@
+#include "linux/activation.h"
+
+#include "linux/ask.h"
+#include "linux/nmnames.h"
+
+#include <QtDBus/QDBusObjectPath>
+
+namespace HmiLinux {
+
+namespace {
+
+// The daemon's own limit for a lease is below.
+constexpr int g_limit = 40000;
+
+// Steps from one activation to the next, not ends.
+constexpr uint g_dependencyReason = 38;
+constexpr uint g_newActivationReason = 60;
+constexpr uint g_noLeaseReason = 5;
+
+} // namespace
+
+Activation::Activation(QObject *parent) : QObject(parent), m_limit(this)
+{
+    m_limit.setSingleShot(true);
+    m_limit.setInterval(g_limit);
+    connect(&m_limit, &QTimer::timeout, this, [this] { end(QStringLiteral("it takes too long")); });
+}
+
+void Activation::start(const QDBusConnection &bus, const QString &profile, const QString &device)
+{
+    m_device = device;
+    m_prepared = false;
+    m_limit.start();
+    m_request = std::make_unique<QObject>(this);
+    QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "ActivateConnection");
+    question << QDBusObjectPath(profile) << QDBusObjectPath(device) << QDBusObjectPath(QStringLiteral("/"));
+    ask(bus, question, m_request.get(), [this](const QDBusMessage &answer) {
+        if (isError(answer))
+            end(reasonOf(answer));
+    });
+}
+
+void Activation::cancel()
+{
+    m_limit.stop();
+    m_request.reset();
+}
+
+void Activation::deviceChanged(uint state, uint reason)
+{
+    if (!isRunning())
+        return;
+    if (state == Nm::Preparing) {
+        m_prepared = true;
+        return;
+    }
+    if (!m_prepared || reason == g_dependencyReason)
+        return;
+    if (reason == g_newActivationReason) {
+        m_prepared = false;
+        return;
+    }
+    if (state == Nm::Activated)
+        end({});
+    else if (state == Nm::Failed)
+        end(reason == g_noLeaseReason ? QStringLiteral("no lease was to be had")
+                                      : QStringLiteral("it failed, reason %1").arg(reason));
+    else if (state <= Nm::Disconnected)
+        end(QStringLiteral("the adapter was switched off, reason %1").arg(reason));
+}
+
+void Activation::end(const QString &why)
+{
+    m_limit.stop();
+    emit ended(why);
+}
+
+} // namespace HmiLinux

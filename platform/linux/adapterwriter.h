@@ -1,0 +1,95 @@
+#pragma once
+
+#include "linux/activation.h"
+#include "linux/addressdraft.h"
+#include "linux/published.h"
+
+#include <QtDBus/QDBusMessage>
+
+#include <functional>
+#include <vector>
+
+namespace HmiLinux {
+
+class ProfileBook;
+
+/// Hands the operator's wishes for one wired adapter to the daemon: one update of the panel's own profile, and one
+/// act that puts it in force. Profiles that others made stay as they are.
+class AdapterWriter : public QObject
+{
+    Q_OBJECT
+
+public:
+    using OnDhcp = std::function<void(HMI::SystemSet::DHCP_STATE)>;
+    using State = Published<Snapshot>;
+
+    AdapterWriter(std::size_t place, QString interface, const State *state, ProfileBook *book,
+                  QObject *parent = nullptr);
+
+    void attach(const QDBusConnection &bus);
+    /// The daemon has gone: what is under way has failed.
+    void interrupt();
+
+    /// Addresses and servers come one by one; they are written together.
+    void gather();
+    void write();
+    /// Writes, puts the profile in force anew and reports. Reports of earlier requests come with this one's.
+    void writeDhcp(const OnDhcp &done);
+    /// Writes and puts the profile in force, or the adapter off.
+    void writeEnabled();
+
+    void deviceChanged(const QString &device, uint state, uint reason);
+    /// The snapshot is a new one.
+    void published();
+
+signals:
+    /// The wishes up to @p number are done or refused: the next snapshot is without them.
+    void settled(quint64 number);
+
+private:
+    ProfileValues wanted(const AdapterState &now, const Wish &wish);
+    void store();
+    void update(const QDBusMessage &answer);
+    void add();
+    void stored(const QString &path);
+    void apply(const QString &path);
+    void reapply(const QString &path);
+    bool isInForce() const;
+    void activate(const QString &path, const QString &why);
+    void switchOff();
+    void allowAutoconnect();
+    void settle();
+    void fail(const QString &why);
+    void activated(const QString &why);
+    void takeAsked();
+    void answer(bool succeeded);
+    QString name() const { return nameOf(Adapters.at(m_place)); }
+
+    std::size_t m_place;
+    QString m_interface;
+    const State *m_state;
+    ProfileBook *m_book;
+    QDBusConnection m_bus;
+    QTimer m_gather;
+    QTimer m_grace; ///< for the addresses to be told of an adapter that is up
+    QTimer m_check; ///< for what was reapplied to be in force
+    AddressDraft m_draft;
+    Activation m_activation;
+    std::unique_ptr<QObject> m_requests; ///< answers die with it
+    std::vector<OnDhcp> m_done;          ///< told when the activation ends
+    int m_endRound = 0;                  ///< of the snapshot when it did
+    // For the next write.
+    std::vector<OnDhcp> m_asked;
+    bool m_activateAsked = false;
+    bool m_again = false;
+    // Of the write under way.
+    bool m_writing = false;
+    bool m_settling = false; ///< it is done, and the next snapshot will tell
+    bool m_activate = false;
+    bool m_persist = true;
+    quint64 m_number = 0;
+    AdapterState m_now;
+    ProfileValues m_wanted;
+};
+
+} // namespace HmiLinux

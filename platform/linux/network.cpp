@@ -1,0 +1,126 @@
+#include "linux/network.h"
+
+#include "linux/networkreading.h"
+#include "linux/nmnames.h"
+
+namespace HmiLinux {
+
+namespace {
+
+// One change of an adapter comes as a dozen signals.
+constexpr int g_quietTime = 20;
+// Signals that never end must not keep the screen from what they say.
+constexpr int g_longestSilence = 200;
+
+} // namespace
+
+Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent)
+    : QObject(parent)
+    , m_interfaces(interfaces)
+    , m_state(state)
+    , m_mirror(Nm::service(), Nm::objects(), this)
+    , m_book(&m_mirror, this)
+    , m_quiet(this)
+{
+    registerBusTypes();
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(g_quietTime);
+    connect(&m_quiet, &QTimer::timeout, this, &Network::publish);
+    connect(&m_mirror, &ObjectMirror::changed, this, &Network::mirrorChanged);
+    connect(&m_book, &ProfileBook::changed, this, &Network::note);
+    for (std::size_t place = 0; place < Adapters.size(); ++place) {
+        const HMI::SystemSet::NIC nic = Adapters.at(place);
+        const bool isWired = nic == HMI::SystemSet::LAN0 || nic == HMI::SystemSet::LAN1;
+        if (!isWired || interfaces.at(place).isEmpty())
+            continue;
+        auto *writer = new AdapterWriter(place, interfaces.at(place), m_state, &m_book, this);
+        connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
+            m_settled.at(place) = number;
+            publish();
+        });
+        m_writers.at(place) = writer;
+    }
+}
+
+void Network::attach(const QDBusConnection &bus)
+{
+    QDBusConnection connection = bus;
+    connection.connect(Nm::service(), QString(), Nm::device(), QStringLiteral("StateChanged"), this,
+                       SLOT(deviceStateChanged(QDBusMessage)));
+    m_book.attach(bus);
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->attach(bus);
+    }
+    m_mirror.attach(bus);
+}
+
+void Network::detach()
+{
+    m_mirror.detach();
+    m_book.detach();
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->attach(QDBusConnection(QString()));
+    }
+    note();
+}
+
+void Network::deviceStateChanged(const QDBusMessage &signal)
+{
+    const QVariantList arguments = signal.arguments();
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
+    }
+}
+
+void Network::mirrorChanged()
+{
+    m_book.follow();
+    if (m_wasComplete && !m_mirror.isComplete()) {
+        // What it said does not hold any more: not even for the quiet time.
+        publish();
+        for (AdapterWriter *writer : m_writers) {
+            if (writer != nullptr)
+                writer->interrupt();
+        }
+    }
+    m_wasComplete = m_mirror.isComplete();
+    note();
+}
+
+void Network::note()
+{
+    if (!m_unpublished.isValid())
+        m_unpublished.start();
+    if (!m_quiet.isActive() || m_unpublished.elapsed() < g_longestSilence - g_quietTime)
+        m_quiet.start();
+}
+
+void Network::publish()
+{
+    if (!m_book.isComplete())
+        return; // its last answer comes here again
+    m_quiet.stop();
+    m_unpublished.invalidate();
+    const NetworkReading reading(m_mirror, m_book);
+    std::array<AdapterState, Adapters.size()> adapters;
+    for (std::size_t place = 0; place < adapters.size(); ++place)
+        adapters.at(place) = reading.adapter(Adapters.at(place), m_interfaces.at(place));
+    m_state->change([this, &adapters](Snapshot &snapshot) {
+        snapshot.adapters = adapters;
+        ++snapshot.round;
+        for (std::size_t place = 0; place < adapters.size(); ++place) {
+            // A wish that came after is still to be done.
+            if (snapshot.wishes.at(place).number <= m_settled.at(place))
+                snapshot.wishes.at(place) = {};
+        }
+    });
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->published();
+    }
+}
+
+} // namespace HmiLinux

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "linux/adapterwriter.h"
+#include "linux/interfaces.h"
+#include "linux/objectmirror.h"
+#include "linux/profilebook.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QTimer>
+
+namespace HmiLinux {
+
+/// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
+/// wishes. Lives on the thread of the service, whose event loop it needs.
+class Network : public QObject
+{
+    Q_OBJECT
+
+public:
+    Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent = nullptr);
+
+    void attach(const QDBusConnection &bus);
+    void detach();
+
+    /// The writer of an adapter; null for one that cannot be set.
+    AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
+
+private slots:
+    void deviceStateChanged(const QDBusMessage &signal);
+
+private:
+    void mirrorChanged();
+    void note();
+    void publish();
+
+    Interfaces m_interfaces;
+    Published<Snapshot> *m_state;
+    ObjectMirror m_mirror;
+    ProfileBook m_book;
+    std::array<AdapterWriter *, Adapters.size()> m_writers = {};
+    std::array<quint64, Adapters.size()> m_settled = {};
+    QTimer m_quiet;
+    QElapsedTimer m_unpublished; ///< since the first change that is not published
+    bool m_wasComplete = false;
+};
+
+} // namespace HmiLinux

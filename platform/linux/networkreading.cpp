@@ -1,0 +1,114 @@
+#include "linux/networkreading.h"
+
+#include "linux/nmnames.h"
+#include "linux/objectmirror.h"
+#include "linux/profilebook.h"
+
+namespace HmiLinux {
+
+namespace {
+
+HMI::IP addressIn(const QVariant &value)
+{
+    return addressOf(value.toString()).value_or(HMI::IP());
+}
+
+HMI::MAC macIn(const QString &text)
+{
+    HMI::MAC mac = {};
+    const QStringList bytes = text.split(QLatin1Char(':'));
+    if (std::size_t(bytes.size()) != mac.size())
+        return mac;
+    for (int i = 0; i < bytes.size(); ++i)
+        mac.at(std::size_t(i)) = static_cast<unsigned char>(bytes.at(i).toUInt(nullptr, 16));
+    return mac;
+}
+
+} // namespace
+
+NetworkReading::NetworkReading(const ObjectMirror &mirror, const ProfileBook &book)
+    : m_mirror(mirror), m_book(book)
+{}
+
+AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &interface) const
+{
+    AdapterState state;
+    if (interface.isEmpty() || !m_mirror.isComplete())
+        return state;
+    if (const Profile *own = m_book.byUuid(profileUuid(nameOf(nic))))
+        state.profile = own->path;
+    state.device = deviceOf(interface);
+    state.known = !state.device.isEmpty();
+    if (state.known) {
+        readDevice(&state);
+        readLive(&state);
+    }
+    state.values = valuesOf(state);
+    return state;
+}
+
+QString NetworkReading::deviceOf(const QString &interface) const
+{
+    const QStringList devices = m_mirror.pathsWith(Nm::device());
+    for (const QString &device : devices) {
+        if (m_mirror.property(device, Nm::device(), QStringLiteral("Interface")) == interface)
+            return device;
+    }
+    return {};
+}
+
+void NetworkReading::readDevice(AdapterState *state) const
+{
+    state->deviceState = m_mirror.property(state->device, Nm::device(), QStringLiteral("State")).toUInt();
+    // Up to 1.22 the address was told by the kind of the device alone.
+    QVariant mac = m_mirror.property(state->device, Nm::device(), QStringLiteral("HwAddress"));
+    if (!mac.isValid())
+        mac = m_mirror.property(state->device, Nm::wired(), QStringLiteral("HwAddress"));
+    state->mac = macIn(mac.toString());
+    const QString active = pathIn(state->device, Nm::device(), QStringLiteral("ActiveConnection"));
+    if (active.isEmpty())
+        return;
+    state->activeProfile = pathIn(active, Nm::active(), QStringLiteral("Connection"));
+    state->carriesDefaultRoute = m_mirror.property(active, Nm::active(), QStringLiteral("Default")).toBool();
+}
+
+void NetworkReading::readLive(AdapterState *state) const
+{
+    // There may be no such property while nothing is in force.
+    const QString config = pathIn(state->device, Nm::device(), QStringLiteral("Ip4Config"));
+    if (config.isEmpty())
+        return;
+    const Records addresses = recordsOf(m_mirror.property(config, Nm::ip4(), QStringLiteral("AddressData")));
+    if (!addresses.isEmpty()) {
+        state->live.ip = addressIn(addresses.constFirst().value(QStringLiteral("address")));
+        state->live.mask = maskOf(addresses.constFirst().value(QStringLiteral("prefix")).toInt());
+    }
+    state->live.gateway = addressIn(m_mirror.property(config, Nm::ip4(), QStringLiteral("Gateway")));
+    const Records servers = recordsOf(m_mirror.property(config, Nm::ip4(), QStringLiteral("NameserverData")));
+    const auto server = [&servers](int index) {
+        return addressIn(servers.value(index).value(QStringLiteral("address")));
+    };
+    state->liveDns = {server(0), server(1)};
+}
+
+ProfileValues NetworkReading::valuesOf(const AdapterState &state) const
+{
+    if (const Profile *own = m_book.byPath(state.profile))
+        return own->values;
+    // Until the panel has a profile of its own, the adapter is as others have set it up.
+    ProfileValues values;
+    if (const Profile *active = m_book.byPath(state.activeProfile))
+        values = active->values;
+    values.isDefault = false;
+    values.enabled = state.known && state.deviceState > Nm::Unmanaged &&
+                     m_mirror.property(state.device, Nm::device(), QStringLiteral("Autoconnect")).toBool();
+    return values;
+}
+
+QString NetworkReading::pathIn(const QString &object, const QString &interface, const QString &name) const
+{
+    const QString path = m_mirror.property(object, interface, name).value<QDBusObjectPath>().path();
+    return path == QLatin1String("/") ? QString() : path;
+}
+
+} // namespace HmiLinux

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "linux/interfaces.h"
+
+namespace HmiLinux {
+
+class ObjectMirror;
+class ProfileBook;
+
+/// What the daemon says of the panel's adapters, from what is known of it at this moment.
+class NetworkReading
+{
+public:
+    NetworkReading(const ObjectMirror &mirror, const ProfileBook &book);
+
+    AdapterState adapter(HMI::SystemSet::NIC nic, const QString &interface) const;
+
+private:
+    QString deviceOf(const QString &interface) const;
+    void readDevice(AdapterState *state) const;
+    void readLive(AdapterState *state) const;
+    ProfileValues valuesOf(const AdapterState &state) const;
+    QString pathIn(const QString &object, const QString &interface, const QString &name) const;
+
+    const ObjectMirror &m_mirror;
+    const ProfileBook &m_book;
+};
+
+} // namespace HmiLinux

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <functional>
+#include <optional>
+
+namespace HmiLinux {
+
+/// The directory under which the system's files are sought: "/" on a panel, another one in tests.
+class Root
+{
+public:
+    explicit Root(QString directory = {});
+
+    /// Where the file called @p absolute on a panel lies.
+    QString path(const QString &absolute) const { return m_directory + absolute; }
+
+    /// The contents of a small file; nothing when it cannot be read.
+    std::optional<QByteArray> read(const QString &absolute) const;
+    /// Replaces a file as a whole, making its directory: after a power cut it is the old or the new one.
+    bool replace(const QString &absolute, const QByteArray &contents) const;
+    /// Writes into a file that the kernel made, such as one of sysfs.
+    bool tell(const QString &absolute, const QByteArray &value) const;
+
+private:
+    QString m_directory;
+};
+
+/// Does work that may take long somewhere else than on the caller's thread, in the order in which it was handed in.
+using Later = std::function<void(std::function<void()>)>;
+
+} // namespace HmiLinux

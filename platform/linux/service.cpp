@@ -1,0 +1,77 @@
+#include "linux/service.h"
+
+#include "linux/filewatch.h"
+#include "linux/log.h"
+#include "linux/serialnumber.h"
+#include "linux/worker.h"
+#include "linux/workerthread.h"
+
+namespace HmiLinux {
+
+namespace {
+
+using HMI::SystemSet;
+
+Config configuration(const Root &root)
+{
+    QStringList problems;
+    const Config config = readConfig(root.path(QStringLiteral("/etc/panelsettings/linux.conf")), &problems);
+    for (const QString &problem : qAsConst(problems))
+        qCWarning(configLog, "%s", qPrintable(problem));
+    return config;
+}
+
+/// Without those that this service does not drive yet: the screen would offer what has no effect.
+Interfaces drivenInterfaces(const Root &root, const Config &config)
+{
+    Interfaces interfaces = chooseInterfaces(root, config);
+    for (const SystemSet::NIC nic : {SystemSet::WIFI, SystemSet::MOBILE_4G, SystemSet::VPN})
+        interfaces.at(*placeOf(nic)).clear();
+    return interfaces;
+}
+
+} // namespace
+
+Service::Service(const Root &root, const QString &bus)
+    : m_config(configuration(root))
+    , m_interfaces(drivenInterfaces(root, m_config))
+    , m_mask(adapterMask(m_interfaces))
+    , m_serialNumber(readSerialNumber(root, m_config))
+{
+    // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
+    const QDBusConnection first(QStringLiteral("panelsettings"));
+    Q_UNUSED(first)
+    m_thread =
+        std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
+    m_worker = m_thread->worker();
+    const Later keep = [this](std::function<void()> work) {
+        m_files.add(std::move(work));
+        later([this] { m_files.run(); });
+    };
+    m_brightness = std::make_unique<Brightness>(root, m_config, keep);
+    m_language = std::make_unique<LanguageFile>(root, m_config, keep);
+    m_thread->start();
+    later([this] {
+        auto *watch = new FileWatch(m_language->file(), m_worker);
+        QObject::connect(watch, &FileWatch::changed, watch, [this] { m_language->readAgain(); });
+    });
+}
+
+Service::~Service()
+{
+    m_thread.reset();
+    m_files.run(); // what was to be kept and came too late for the worker
+}
+
+std::optional<std::size_t> Service::place(SystemSet::NIC nic) const
+{
+    const std::optional<std::size_t> place = placeOf(nic);
+    return place && (m_mask & nic) != 0 ? place : std::nullopt;
+}
+
+void Service::later(std::function<void()> work) const
+{
+    QMetaObject::invokeMethod(m_worker, std::move(work), Qt::QueuedConnection);
+}
+
+} // namespace HmiLinux

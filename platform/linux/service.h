@@ -1,0 +1,68 @@
+#pragma once
+
+#include "linux/brightness.h"
+#include "linux/config.h"
+#include "linux/filejobs.h"
+#include "linux/interfaces.h"
+#include "linux/languagefile.h"
+#include "linux/published.h"
+
+#include <atomic>
+#include <memory>
+
+namespace HmiLinux {
+
+class Worker;
+class WorkerThread;
+
+/// The service of a panel: what it knows, for any thread, and its worker on a thread of its own.
+class Service
+{
+public:
+    /// @p bus is the address of a message bus; empty for the system's.
+    explicit Service(const Root &root = Root(), const QString &bus = {});
+    /// After it no report comes.
+    ~Service();
+    Service(const Service &) = delete;
+    Service &operator=(const Service &) = delete;
+
+    /// The adapters that the panel has, as a mask.
+    int adapters() const { return m_mask; }
+    /// The place of one of them; nothing for what the panel does not have.
+    std::optional<std::size_t> place(HMI::SystemSet::NIC nic) const;
+    std::shared_ptr<const Snapshot> snapshot() const { return m_state.read(); }
+
+    /// Lets @p ask put what the operator asks for into the wish of an adapter: getters say so from now on.
+    template <class Ask> void wish(std::size_t place, bool persist, const Ask &ask)
+    {
+        m_state.change([this, place, persist, &ask](Snapshot &snapshot) {
+            Wish &wish = snapshot.wishes.at(place);
+            ask(wish);
+            wish.persist = persist;
+            wish.number = ++m_wishes;
+        });
+    }
+
+    Brightness &brightness() { return *m_brightness; }
+    LanguageFile &language() { return *m_language; }
+    Worker &worker() { return *m_worker; }
+    const std::string &serialNumber() const { return m_serialNumber; }
+
+    /// Does @p work on the worker's thread; returns at once.
+    void later(std::function<void()> work) const;
+
+private:
+    Config m_config;
+    Interfaces m_interfaces;
+    int m_mask;
+    Published<Snapshot> m_state;
+    std::atomic<quint64> m_wishes{0};
+    std::string m_serialNumber;
+    FileJobs m_files;
+    std::unique_ptr<WorkerThread> m_thread;
+    Worker *m_worker; ///< of m_thread
+    std::unique_ptr<Brightness> m_brightness;
+    std::unique_ptr<LanguageFile> m_language;
+};
+
+} // namespace HmiLinux

@@ -1,0 +1,111 @@
+#include "linux/systemset_p.h"
+
+#include "linux/worker.h"
+
+using namespace HmiLinux;
+
+namespace HMI {
+
+namespace {
+
+/// Lets the operator's value stand in for one of the stored addresses until it is written with the others.
+void wishAddress(Service &service, SystemSet::NIC nic, IP value, bool persist, std::optional<IP> Wish::*field)
+{
+    const std::optional<std::size_t> place = service.place(nic);
+    if (!place)
+        return;
+    service.wish(*place, persist, [=](Wish &wish) { wish.*field = value; });
+    service.later([&service, place] { service.worker().network().writer(*place)->gather(); });
+}
+
+} // namespace
+
+IP SystemSet::getIp(NIC nic) const
+{
+    return d->read<IP>(nic,
+                       [](const Snapshot &now, std::size_t place) { return now.adapters.at(place).live.ip; });
+}
+
+IP SystemSet::getSubnetMask(NIC nic) const
+{
+    return d->read<IP>(
+        nic, [](const Snapshot &now, std::size_t place) { return now.adapters.at(place).live.mask; });
+}
+
+IP SystemSet::getGateway(NIC nic) const
+{
+    return d->read<IP>(
+        nic, [](const Snapshot &now, std::size_t place) { return now.adapters.at(place).live.gateway; });
+}
+
+IP SystemSet::getIpFromEE(NIC nic) const
+{
+    return d->read<IP>(nic,
+                       [](const Snapshot &now, std::size_t place) { return now.values(place).stored.ip; });
+}
+
+IP SystemSet::getSubnetMaskFromEE(NIC nic) const
+{
+    return d->read<IP>(nic,
+                       [](const Snapshot &now, std::size_t place) { return now.values(place).stored.mask; });
+}
+
+IP SystemSet::getGatewayFromEE(NIC nic) const
+{
+    return d->read<IP>(
+        nic, [](const Snapshot &now, std::size_t place) { return now.values(place).stored.gateway; });
+}
+
+void SystemSet::setIp(NIC nic, IP ip, bool persist)
+{
+    wishAddress(d->service, nic, ip, persist, &Wish::ip);
+}
+
+void SystemSet::setSubnetMask(NIC nic, IP mask, bool persist)
+{
+    wishAddress(d->service, nic, mask, persist, &Wish::mask);
+}
+
+void SystemSet::setGateway(NIC nic, IP gateway, bool persist)
+{
+    wishAddress(d->service, nic, gateway, persist, &Wish::gateway);
+}
+
+MAC SystemSet::getMac(NIC nic) const
+{
+    return d->read<MAC>(nic,
+                        [](const Snapshot &now, std::size_t place) { return now.adapters.at(place).mac; });
+}
+
+bool SystemSet::isDhcpOn(NIC nic) const
+{
+    return d->read<bool>(nic, [](const Snapshot &now, std::size_t place) { return now.values(place).dhcp; });
+}
+
+void SystemSet::setDHCP(NIC nic, bool on, const std::function<void(DHCP_STATE)> &done, bool persist)
+{
+    const std::optional<std::size_t> place = d->service.place(nic);
+    if (!place) {
+        if (done)
+            d->service.later([done] { done(DHCP_FAILED); });
+        return;
+    }
+    d->service.wish(*place, persist, [on](Wish &wish) { wish.dhcp = on; });
+    d->service.later([this, place, done] { d->service.worker().network().writer(*place)->writeDhcp(done); });
+}
+
+std::pair<IP, IP> SystemSet::getDns(NIC nic) const
+{
+    return d->read<Dns>(nic, [](const Snapshot &now, std::size_t place) { return now.dns(place); });
+}
+
+void SystemSet::setDns(NIC nic, const std::pair<IP, IP> &servers)
+{
+    const std::optional<std::size_t> place = d->service.place(nic);
+    if (!place)
+        return;
+    d->service.wish(*place, true, [&servers](Wish &wish) { wish.dns = servers; });
+    d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });
+}
+
+} // namespace HMI

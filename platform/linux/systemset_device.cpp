@@ -1,0 +1,87 @@
+#include "linux/systemset_p.h"
+
+#include "linux/log.h"
+#include "linux/worker.h"
+
+#include <chrono>
+#include <future>
+
+using namespace HmiLinux;
+
+namespace HMI {
+
+namespace {
+
+// The operator waits for it, and timedated may have to be started first.
+constexpr std::chrono::milliseconds g_clockLimit{1000};
+
+} // namespace
+
+bool SystemSet::setSystemTime(long seconds)
+{
+    if (!Clock::canHold(seconds))
+        return false;
+    const auto outcome = std::make_shared<std::promise<bool>>();
+    std::future<bool> set = outcome->get_future();
+    d->service.later([this, seconds, outcome] {
+        d->service.worker().clock().set(seconds,
+                                        [outcome](bool succeeded) { outcome->set_value(succeeded); });
+    });
+    if (set.wait_for(g_clockLimit) == std::future_status::ready)
+        return set.get();
+    qCWarning(clockLog, "timedated does not answer in time");
+    return false;
+}
+
+void SystemSet::syncHwclock()
+{
+    // timedated has done so together with the system clock.
+}
+
+SystemSet::Bright SystemSet::bright() const
+{
+    return static_cast<Bright>(d->service.brightness().level());
+}
+
+void SystemSet::setBright(Bright level, bool save)
+{
+    d->service.brightness().setLevel(level, save);
+}
+
+bool SystemSet::isBuzzerOn() const
+{
+    return d->service.worker().buzzer().isOn();
+}
+
+void SystemSet::setBuzzerOn(bool on)
+{
+    d->service.worker().buzzer().setOn(on);
+}
+
+void SystemSet::beep(bool on) const
+{
+    if (on)
+        d->service.later([this] { d->service.worker().buzzer().beep(); });
+}
+
+SystemSet::Language SystemSet::getLanguage() const
+{
+    return d->service.language().language();
+}
+
+void SystemSet::setLanguage(Language language)
+{
+    d->service.language().setLanguage(language);
+}
+
+std::string SystemSet::getSerialNumber() const
+{
+    return d->service.serialNumber();
+}
+
+void SystemSet::reboot()
+{
+    d->service.later([this] { d->service.worker().power().reboot(); });
+}
+
+} // namespace HMI

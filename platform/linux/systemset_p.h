@@ -1,0 +1,25 @@
+#pragma once
+
+#include "hmi/systemset.h"
+
+#include "linux/service.h"
+
+#include <atomic>
+
+namespace HMI {
+
+struct SystemSet::Private {
+    Private();
+
+    /// What @p value says of an adapter at this moment; T() for one that the panel does not have.
+    template <class T, class Value> T read(NIC nic, const Value &value) const
+    {
+        const std::optional<std::size_t> place = service.place(nic);
+        return place ? T(value(*service.snapshot(), *place)) : T();
+    }
+
+    HmiLinux::Service service;
+    std::atomic<VPNServer> vpnServer{ASIA};
+};
+
+} // namespace HMI

@@ -1,0 +1,92 @@
+#include "tests/linux/fakenetworkmanager.h"
+#include "tests/linux/paneldirectory.h"
+#include "tests/linux/privatebus.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+
+#include <cstdio>
+
+/// Runs a program on a panel with the service for real ones: files in a temporary directory, timedated and logind of
+/// our own, and NetworkManager too unless the system's bus has a real one.
+///
+///     linux_panel [--real] PROGRAM ARGUMENTS...
+
+namespace {
+
+QString text(const char *latin)
+{
+    return QString::fromLatin1(latin);
+}
+
+void furnish(const PanelDirectory &panel)
+{
+    panel.put(text("/etc/panelsettings/linux.conf"),
+              "[adapters]\nLAN0 = lan0\nLAN1 = lan1\nWIFI = none\nMOBILE_4G = none\n");
+    panel.put(text("/sys/class/backlight/lcd/max_brightness"), "255\n");
+    panel.put(text("/sys/class/backlight/lcd/brightness"), "200\n");
+    panel.put(text("/proc/device-tree/serial-number"), "LINUX-0815\n");
+}
+
+void furnish(FakeNetworkManager *daemon)
+{
+    int number = 0;
+    for (const QString &port : {text("lan0"), text("lan1")}) {
+        daemon->addPort(port, QStringLiteral("02:00:00:00:00:1%1").arg(number++));
+        const QString profile =
+            daemon->addProfile(FakeNetworkManager::wiredProfile(port, {{text("method"), text("auto")}}));
+        daemon->activate(profile, port);
+    }
+}
+
+int run(const QStringList &command)
+{
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    QEventLoop loop;
+    QObject::connect(&program, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &loop,
+                     &QEventLoop::quit);
+    QObject::connect(&program, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
+    program.start(command.constFirst(), command.mid(1));
+    loop.exec();
+    if (program.state() == QProcess::NotRunning && program.exitStatus() == QProcess::NormalExit &&
+        program.error() == QProcess::UnknownError)
+        return program.exitCode();
+    std::fprintf(stderr, "linux_panel: %s\n", qPrintable(program.errorString()));
+    return 126;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QStringList command = QCoreApplication::arguments().mid(1);
+    const bool isReal = command.value(0) == text("--real");
+    if (isReal)
+        command.removeFirst();
+    if (command.isEmpty()) {
+        std::fputs("linux_panel: a program is missing\n", stderr);
+        return 2;
+    }
+
+    const PanelDirectory panel;
+    furnish(panel);
+    PrivateBus bus;
+    FakeNetworkManager network;
+    FakeObjects others;
+    others.onCall(text("SetTime"), [](const QDBusMessage &message) { return message.createReply(); });
+    others.onCall(text("Reboot"), [](const QDBusMessage &message) { return message.createReply(); });
+    furnish(&network);
+    const QString address = isReal ? qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS") : bus.address();
+    if ((!isReal && (!bus.start() || !network.publish(address))) ||
+        !others.publish(address, text("org.freedesktop.timedate1"))) {
+        std::fputs("linux_panel: there is no bus\n", stderr);
+        return 126;
+    }
+    qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.toLocal8Bit());
+    qputenv("PANELSETTINGS_ROOT", panel.path().toLocal8Bit());
+    qputenv("LD_LIBRARY_PATH", QFileInfo(text(PANEL_LINUX_LIBRARY)).path().toLocal8Bit());
+    return run(command);
+}

@@ -1,0 +1,106 @@
+#include "tests/linux/networkmanager/sandboxscene.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QThread>
+
+using namespace HmiLinux;
+using HMI::SystemSet;
+
+/// What goes wrong around wired adapters.
+class TestDaemonFaults : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void cablePulledAndPutBack();
+    void silentServer();
+    void daemonKilledAndStarted();
+    void busRestarted();
+    void frozenDaemonHoldsNobodyUp();
+
+private:
+    std::unique_ptr<SandboxScene> m_scene;
+};
+
+void TestDaemonFaults::init()
+{
+    beginWatch();
+    QVERIFY(Sandbox::isAround());
+    m_scene = std::make_unique<SandboxScene>();
+    m_scene->startService();
+    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_OK));
+}
+
+void TestDaemonFaults::cleanup()
+{
+    m_scene.reset();
+    endWatch();
+}
+
+void TestDaemonFaults::cablePulledAndPutBack()
+{
+    m_scene->tell("cable lan0 out");
+    QTRY_COMPARE_WITH_TIMEOUT(m_scene->lan0().deviceState, 20U, 30000);
+    QTRY_VERIFY(m_scene->lan0().live == Addresses());
+    QVERIFY(m_scene->values().enabled);
+    QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_FAILED));
+    m_scene->tell("cable lan0 in");
+    QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan0().live.ip != 0, 60000);
+}
+
+void TestDaemonFaults::silentServer()
+{
+    m_scene->tell("dhcp lan0 silent");
+    QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_FAILED));
+    QVERIFY(m_scene->values().dhcp);
+    m_scene->tell("dhcp lan0 answering");
+    QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_OK));
+}
+
+void TestDaemonFaults::daemonKilledAndStarted()
+{
+    m_scene->tell("nm kill");
+    QTRY_VERIFY(!m_scene->lan0().known);
+    QCOMPARE(m_scene->service->adapters(), SystemSet::LAN0 | SystemSet::LAN1);
+    m_scene->tell("nm start");
+    QVERIFY(m_scene->waitForDaemon());
+    QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan0().live.ip != 0, 30000);
+    QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_OK));
+}
+
+void TestDaemonFaults::busRestarted()
+{
+    m_scene->tell("bus restart");
+    m_scene->tell("nm restart");
+    QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan0().known && m_scene->lan0().live.ip != 0, 30000);
+    QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_OK));
+}
+
+void TestDaemonFaults::frozenDaemonHoldsNobodyUp()
+{
+    m_scene->tell("nm freeze");
+    QElapsedTimer whole;
+    whole.start();
+    qint64 longest = 0;
+    const Addresses wanted{ServiceScene::ip("192.168.50.79"), maskOf(24), ServiceScene::ip("192.168.50.1")};
+    while (whole.elapsed() < 10000) {
+        QElapsedTimer call;
+        call.start();
+        m_scene->setAddresses(wanted);
+        static_cast<void>(m_scene->values());
+        static_cast<void>(m_scene->service->snapshot()->dns(0));
+        longest = std::max(longest, call.nsecsElapsed());
+        QThread::msleep(20);
+    }
+    qInfo("longest call %lld us", longest / 1000);
+    QVERIFY2(longest < 16000000, qPrintable(QString::number(longest)));
+    m_scene->tell("nm thaw");
+    QVERIFY(m_scene->waitForWishes());
+    QVERIFY(m_scene->values().stored == wanted);
+}
+
+PANEL_TEST_MAIN(TestDaemonFaults)
+#include "test_daemon_faults.moc"

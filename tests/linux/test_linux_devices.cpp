@@ -1,0 +1,243 @@
+#include "tests/linux/paneldirectory.h"
+#include "tests/support/paneltest.h"
+
+#include "linux/brightness.h"
+#include "linux/buzzer.h"
+#include "linux/config.h"
+#include "linux/languagefile.h"
+#include "linux/serialnumber.h"
+
+#include <QtCore/QSet>
+
+#include <linux/input.h>
+
+using namespace HmiLinux;
+using HMI::SystemSet;
+
+namespace {
+
+const Later &atOnce()
+{
+    static const Later later = [](const std::function<void()> &work) { work(); };
+    return later;
+}
+
+} // namespace
+
+class TestLinuxDevices : public PanelTest
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void brightnessCoversTheRange_data();
+    void brightnessCoversTheRange();
+    void brightnessIsKeptOnlyOnceSaved();
+    void brightnessOutOfRangeChangesNothing();
+    void brightnessWithoutDevice();
+    void serialNumberOfTheDeviceTree();
+    void serialNumberOfAFile();
+    void languageIsSharedWithOthers();
+    void languageThatNobodyKnows();
+    void buzzerKeepsItsSwitch();
+    void buzzerSoundsThroughAFile();
+    void buzzerSoundsThroughAnInputDevice();
+    void buzzerThatMayNotBeUsed();
+
+private:
+    void addBacklight(int maximum, int now) const
+    {
+        m_panel->put(QStringLiteral("/sys/class/backlight/lcd/max_brightness"),
+                     QByteArray::number(maximum) + '\n');
+        m_panel->put(QStringLiteral("/sys/class/backlight/lcd/brightness"), QByteArray::number(now) + '\n');
+    }
+    int raw() const
+    {
+        return m_panel->contents(QStringLiteral("/sys/class/backlight/lcd/brightness")).trimmed().toInt();
+    }
+
+    std::unique_ptr<PanelDirectory> m_panel;
+    Config m_config;
+};
+
+void TestLinuxDevices::init()
+{
+    beginWatch();
+    m_panel = std::make_unique<PanelDirectory>();
+    m_config = {};
+}
+
+void TestLinuxDevices::brightnessCoversTheRange_data()
+{
+    QTest::addColumn<int>("maximum");
+    QTest::addColumn<int>("minimum");
+    for (const int maximum : {1, 7, 15, 31, 32, 100, 255, 4095, 65535})
+        QTest::addRow("maximum %d", maximum) << maximum << 1;
+    QTest::addRow("dark display") << 255 << 20;
+}
+
+void TestLinuxDevices::brightnessCoversTheRange()
+{
+    QFETCH(const int, maximum);
+    QFETCH(const int, minimum);
+    addBacklight(maximum, maximum);
+    m_config.backlightMinimum = minimum;
+    Brightness brightness(m_panel->root(), m_config, atOnce());
+    QCOMPARE(brightness.level(), int(SystemSet::BRIGHT_MAX));
+    int before = 0;
+    for (int level = SystemSet::BRIGHT_MIN; level <= SystemSet::BRIGHT_MAX; ++level) {
+        brightness.setLevel(level, false);
+        QCOMPARE(brightness.level(), level);
+        QVERIFY2(raw() >= minimum, "the display is never dark");
+        QVERIFY(raw() >= before && raw() <= maximum);
+        before = raw();
+        // Where the driver has as many steps, the level is the same after a restart.
+        if (maximum - minimum >= 31)
+            QCOMPARE(Brightness(m_panel->root(), m_config, atOnce()).level(), level);
+    }
+    QCOMPARE(raw(), maximum);
+    brightness.setLevel(SystemSet::BRIGHT_MIN, false);
+    QCOMPARE(raw(), minimum);
+}
+
+void TestLinuxDevices::brightnessIsKeptOnlyOnceSaved()
+{
+    addBacklight(255, 255);
+    {
+        Brightness brightness(m_panel->root(), m_config, atOnce());
+        brightness.setLevel(5, true);
+        brightness.setLevel(20, false);
+    }
+    const int dragged = raw();
+    // The panel starts again: what was only tried is gone, on the glass too.
+    const Brightness brightness(m_panel->root(), m_config, atOnce());
+    QCOMPARE(brightness.level(), 5);
+    QVERIFY(raw() < dragged);
+}
+
+void TestLinuxDevices::brightnessOutOfRangeChangesNothing()
+{
+    addBacklight(255, 255);
+    Brightness brightness(m_panel->root(), m_config, atOnce());
+    brightness.setLevel(9, true);
+    const int before = raw();
+    for (const int level : {0, 33, -1, 99}) {
+        brightness.setLevel(level, true);
+        QCOMPARE(brightness.level(), 9);
+        QCOMPARE(raw(), before);
+    }
+}
+
+void TestLinuxDevices::brightnessWithoutDevice()
+{
+    m_config.backlight = QStringLiteral("lcd");
+    expectMessage(QStringLiteral("there is no backlight \"lcd\""));
+    Brightness brightness(m_panel->root(), m_config, atOnce());
+    brightness.setLevel(3, true);
+    QCOMPARE(brightness.level(), 3);
+}
+
+void TestLinuxDevices::serialNumberOfTheDeviceTree()
+{
+    QCOMPARE(readSerialNumber(m_panel->root(), m_config), std::string());
+    m_panel->put(QStringLiteral("/sys/class/dmi/id/product_serial"), "PC-1\n");
+    QCOMPARE(readSerialNumber(m_panel->root(), m_config), std::string("PC-1"));
+    m_panel->put(QStringLiteral("/proc/device-tree/serial-number"), QByteArray("HMI-0815\0", 9));
+    QCOMPARE(readSerialNumber(m_panel->root(), m_config), std::string("HMI-0815"));
+}
+
+void TestLinuxDevices::serialNumberOfAFile()
+{
+    m_config.serialNumber = QStringLiteral("/etc/serial");
+    expectMessage(QStringLiteral("the serial number cannot be read from /etc/serial"));
+    QCOMPARE(readSerialNumber(m_panel->root(), m_config), std::string());
+    m_panel->put(QStringLiteral("/etc/serial"), "A\xFF"
+                                                "B\n");
+    const std::string serial = readSerialNumber(m_panel->root(), m_config);
+    QCOMPARE(QString::fromStdString(serial).toStdString(), serial); // well-formed, whatever stands there
+}
+
+void TestLinuxDevices::languageIsSharedWithOthers()
+{
+    LanguageFile file(m_panel->root(), m_config, atOnce());
+    QCOMPARE(file.language(), SystemSet::ENGLISH);
+    file.setLanguage(SystemSet::CHINESE);
+    QCOMPARE(m_panel->contents(m_config.languageFile), QByteArray("zh\n"));
+    file.setLanguage(static_cast<SystemSet::Language>(7));
+    QCOMPARE(file.language(), SystemSet::CHINESE);
+
+    m_panel->put(m_config.languageFile, "en");
+    file.readAgain();
+    QCOMPARE(file.language(), SystemSet::ENGLISH);
+    QCOMPARE(LanguageFile(m_panel->root(), m_config, atOnce()).language(), SystemSet::ENGLISH);
+}
+
+void TestLinuxDevices::languageThatNobodyKnows()
+{
+    m_panel->put(m_config.languageFile, "klingon\n");
+    expectMessage(QStringLiteral("holds no language of the panel"));
+    QCOMPARE(LanguageFile(m_panel->root(), m_config, atOnce()).language(), SystemSet::ENGLISH);
+}
+
+void TestLinuxDevices::buzzerKeepsItsSwitch()
+{
+    Buzzer buzzer(m_panel->root(), m_config, nullptr);
+    QVERIFY(buzzer.isOn());
+    buzzer.setOn(false);
+    QVERIFY(!Buzzer(m_panel->root(), m_config, nullptr).isOn());
+    buzzer.setOn(true);
+    QVERIFY(Buzzer(m_panel->root(), m_config, nullptr).isOn());
+    buzzer.beep(); // into nothing
+}
+
+void TestLinuxDevices::buzzerSoundsThroughAFile()
+{
+    const QString file = QStringLiteral("/sys/class/gpio/gpio17/value");
+    m_panel->put(file, "0");
+    m_config.buzzer = file;
+    m_config.buzzerDuration = 1;
+    Buzzer buzzer(m_panel->root(), m_config, makeSounder(m_panel->root(), m_config));
+    buzzer.beep();
+    QCOMPARE(m_panel->contents(file), QByteArray("1"));
+    QTRY_COMPARE(m_panel->contents(file), QByteArray("0"));
+}
+
+void TestLinuxDevices::buzzerSoundsThroughAnInputDevice()
+{
+    // What is written into a device is seen in a file of the same name.
+    const QString device = QStringLiteral("/dev/input/event3");
+    m_panel->put(device, {});
+    m_config.buzzer = device;
+    m_config.buzzerFrequency = 880;
+    m_config.buzzerDuration = 1;
+    Buzzer buzzer(m_panel->root(), m_config, makeSounder(m_panel->root(), m_config));
+    buzzer.beep();
+    QTRY_COMPARE(m_panel->contents(device).size(), int(2 * sizeof(input_event)));
+    const QByteArray written = m_panel->contents(device);
+    std::array<input_event, 2> events = {};
+    std::memcpy(events.data(), written.constData(), sizeof events);
+    QCOMPARE(int(events[0].type), EV_SND);
+    QCOMPARE(int(events[0].code), SND_TONE);
+    QCOMPARE(events[0].value, 880);
+    QCOMPARE(events[1].value, 0);
+}
+
+void TestLinuxDevices::buzzerThatMayNotBeUsed()
+{
+    m_config.buzzer = QStringLiteral("/dev/input/event3");
+    expectMessage(QStringLiteral("the buzzer /dev/input/event3 cannot be opened"));
+    QVERIFY(!makeSounder(m_panel->root(), m_config));
+
+    m_config.buzzer = QStringLiteral("/sys/class/gpio/gpio17/value");
+    expectMessage(QStringLiteral("the buzzer may not be used"));
+    Buzzer buzzer(m_panel->root(), m_config, makeSounder(m_panel->root(), m_config));
+    buzzer.beep();
+    buzzer.beep(); // told once
+    m_config.buzzer = QStringLiteral("none");
+    QVERIFY(!makeSounder(m_panel->root(), m_config));
+    m_config.buzzer = QStringLiteral("auto");
+    QVERIFY(!makeSounder(m_panel->root(), m_config)); // there is no input device
+}
+
+PANEL_TEST_MAIN(TestLinuxDevices)
+#include "test_linux_devices.moc"
