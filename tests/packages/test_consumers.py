@@ -46,11 +46,15 @@ class PkgConfig(unittest.TestCase):
     def ask(self, *question):
         return call("pkg-config", *question, "panelsettings", env=WITH_PC).strip()
 
+    def place(self, variable):
+        """A path that pkg-config tells, which it escapes for the command line of a compiler."""
+        return shlex.split(self.ask(f"--variable={variable}"))[0]
+
     def test_variables(self):
         self.assertEqual(self.ask("--modversion"), VERSION)
         for variable, place in (("plugindir", LIBRARIES), ("standindir", STANDINS)):
-            self.assertEqual(os.path.realpath(self.ask(f"--variable={variable}")), os.path.realpath(PREFIX / place))
-        self.assertTrue(pathlib.Path(self.ask("--variable=plugin")).is_file())
+            self.assertEqual(os.path.realpath(self.place(variable)), os.path.realpath(PREFIX / place))
+        self.assertTrue(pathlib.Path(self.place("plugin")).is_file())
 
     def test_builds_and_loads(self):
         flags = [*shlex.split(os.environ["CXX"]), "-std=c++17", "-fPIC", "-Werror", *shlex.split(self.ask("--cflags"))]
@@ -58,11 +62,11 @@ class PkgConfig(unittest.TestCase):
             call(*flags, "-shared", "-o", f"{build}/libplatform.so", CONSUMER / "platform.cpp")
             call(
                 *flags,
-                f'-DPLUGIN="{self.ask("--variable=plugin")}"',
+                f'-DPLUGIN="{self.place("plugin")}"',
                 f'-DVERSION="{VERSION}"',
                 *("-o", f"{build}/host", CONSUMER / "host.cpp", "-ldl"),
             )
-            standins = self.ask("--variable=standindir")
+            standins = self.place("standindir")
             call(f"{build}/host", env=installation.bare_environment(LD_LIBRARY_PATH=standins))
 
 
