@@ -115,7 +115,8 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
             const bool hasValue = argument + 1 != arguments.end();
             const std::string complaint = take(name, hasValue ? *++argument : std::string(), &options);
             if (!complaint.empty()) {
-                *error = name + ": " + complaint;
+                *error = name;
+                error->append(": ").append(complaint);
                 return std::nullopt;
             }
         } else if (options.library.empty() && !name.empty()) {

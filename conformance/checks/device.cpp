@@ -81,7 +81,9 @@ void Checks::buzzerSwitching(Check &check)
     const bool before = isOn();
     for (const bool wanted : {!before, before}) {
         // From another thread, as the screen does.
-        JoinedThread([wanted] { service().setBuzzerOn(wanted); });
+        {
+            const JoinedThread thread([wanted] { service().setBuzzerOn(wanted); });
+        }
         if (!check.takes<bool>("setBuzzerOn", "isBuzzerOn", isOn, !wanted, wanted, Check::When::AtCall))
             return;
     }

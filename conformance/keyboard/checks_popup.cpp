@@ -143,7 +143,7 @@ void popupBelow(KeyboardRun &run, Ruling &ruling)
         return;
     constexpr int step = 25;
     const QRectF area = stage.area().adjusted(1, 1, -1, -1);
-    for (qreal x = area.left(); x <= area.right(); x += step) {
+    for (int x = qRound(area.left()); x <= area.right(); x += step) {
         stage.tap(QPointF(x, area.center().y()));
         stage.click(QPointF(x, area.center().y()));
     }

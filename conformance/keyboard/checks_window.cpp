@@ -74,7 +74,8 @@ void windowReady(KeyboardRun &run, Ruling &ruling)
     const auto *popup = qobject_cast<QQuickPopup *>(reinterpret_cast<QObject *>(keyboard->popup()));
     if (!ruling.expect(popup != nullptr, "popup", "a popup after initialize()", told(popup)) ||
         !ruling.expect(qobject_cast<QQuickItem *>(reinterpret_cast<QObject *>(item)) != nullptr, "item",
-                       "an item after initialize()", told(item)))
+                       "an item after initialize()", told(item)) ||
+        !popup || !item)
         return;
     const QQuickItem *content = popup->contentItem();
     const bool isOfPopup =

@@ -16,7 +16,7 @@ const KeyMap &KeyboardRun::keysOf(VkbLayoutType type)
 
 QString KeyboardRun::charactersOf(VkbLayoutType type)
 {
-    const QString digits = QStringLiteral("0123456789");
+    QString digits = QStringLiteral("0123456789");
     switch (type) {
     case VkbAddressDigits:
         return digits + QLatin1Char('.');

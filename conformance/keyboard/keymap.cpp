@@ -57,9 +57,11 @@ void KeyMap::goThrough(Stage &stage)
 {
     const bool isFirst = m_silent.isEmpty();
     const QRectF area = stage.area();
-    for (qreal y = area.top() + Grid / 2.0; y < area.bottom(); y += Grid) {
-        for (qreal x = area.left() + Grid / 2.0; x < area.right(); x += Grid) {
-            const QPointF point(x, y);
+    const int rows = qRound(area.height() / Grid);
+    const int columns = qRound(area.width() / Grid);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            const QPointF point(area.left() + Grid * (column + 0.5), area.top() + Grid * (row + 0.5));
             if (!isFirst && m_silent.contains(point))
                 continue;
             const QVector<KeyStroke> strokes = strokesAt(stage, point);

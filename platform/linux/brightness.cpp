@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace HmiLinux {
 
@@ -24,8 +25,8 @@ int numberIn(const std::optional<QByteArray> &contents)
 
 } // namespace
 
-Brightness::Brightness(const Root &root, const Config &config, Later later)
-    : m_root(root)
+Brightness::Brightness(Root root, const Config &config, Later later)
+    : m_root(std::move(root))
     , m_later(std::move(later))
     , m_device(chooseDevice(config.backlight))
     , m_stateFile(config.stateDirectory + QStringLiteral("/brightness"))

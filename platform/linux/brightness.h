@@ -14,7 +14,7 @@ class Brightness
 {
 public:
     /// Reads the level, or puts the one that was saved in force again.
-    Brightness(const Root &root, const Config &config, Later later);
+    Brightness(Root root, const Config &config, Later later);
 
     int level() const { return m_level; }
     /// A level outside 1 to 32 changes nothing.

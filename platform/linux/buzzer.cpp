@@ -3,11 +3,13 @@
 #include "linux/config.h"
 #include "linux/log.h"
 
+#include <utility>
+
 namespace HmiLinux {
 
-Buzzer::Buzzer(const Root &root, const Config &config, std::unique_ptr<Sounder> sounder, QObject *parent)
+Buzzer::Buzzer(Root root, const Config &config, std::unique_ptr<Sounder> sounder, QObject *parent)
     : QObject(parent)
-    , m_root(root)
+    , m_root(std::move(root))
     , m_stateFile(config.stateDirectory + QStringLiteral("/buzzer"))
     , m_sounder(std::move(sounder))
     , m_end(this)

@@ -21,8 +21,7 @@ class Buzzer : public QObject
     Q_OBJECT
 
 public:
-    Buzzer(const Root &root, const Config &config, std::unique_ptr<Sounder> sounder,
-           QObject *parent = nullptr);
+    Buzzer(Root root, const Config &config, std::unique_ptr<Sounder> sounder, QObject *parent = nullptr);
 
     bool isOn() const { return m_on; }
     /// Writes the choice before it returns.

@@ -19,7 +19,7 @@ EvdevSounder::~EvdevSounder()
 {
     if (m_file < 0)
         return;
-    sound(false);
+    EvdevSounder::sound(false);
     ::close(m_file);
 }
 

@@ -1,8 +1,10 @@
 #include "linux/gpiosounder.h"
 
+#include <utility>
+
 namespace HmiLinux {
 
-GpioSounder::GpioSounder(const Root &root, QString file) : m_root(root), m_file(std::move(file)) {}
+GpioSounder::GpioSounder(Root root, QString file) : m_root(std::move(root)), m_file(std::move(file)) {}
 
 bool GpioSounder::sound(bool on)
 {

@@ -9,7 +9,7 @@ namespace HmiLinux {
 class GpioSounder : public Sounder
 {
 public:
-    GpioSounder(const Root &root, QString file);
+    GpioSounder(Root root, QString file);
 
     bool sound(bool on) override;
 

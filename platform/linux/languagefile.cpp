@@ -3,12 +3,14 @@
 #include "linux/config.h"
 #include "linux/log.h"
 
+#include <utility>
+
 namespace HmiLinux {
 
 using HMI::SystemSet;
 
-LanguageFile::LanguageFile(const Root &root, const Config &config, Later later)
-    : m_root(root), m_later(std::move(later)), m_file(config.languageFile)
+LanguageFile::LanguageFile(Root root, const Config &config, Later later)
+    : m_root(std::move(root)), m_later(std::move(later)), m_file(config.languageFile)
 {
     readAgain();
 }

@@ -15,7 +15,7 @@ struct Config;
 class LanguageFile
 {
 public:
-    LanguageFile(const Root &root, const Config &config, Later later);
+    LanguageFile(Root root, const Config &config, Later later);
 
     HMI::SystemSet::Language language() const { return m_language; }
     /// A language that the panel does not have changes nothing.

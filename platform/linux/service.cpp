@@ -15,7 +15,7 @@ using HMI::SystemSet;
 Config configuration(const Root &root)
 {
     QStringList problems;
-    const Config config = readConfig(root.path(QStringLiteral("/etc/panelsettings/linux.conf")), &problems);
+    Config config = readConfig(root.path(QStringLiteral("/etc/panelsettings/linux.conf")), &problems);
     for (const QString &problem : qAsConst(problems))
         qCWarning(configLog, "%s", qPrintable(problem));
     return config;
