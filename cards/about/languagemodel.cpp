@@ -16,7 +16,7 @@ QString nameOf(QLocale::Language language)
     const QLocale locale(language);
     const QString name = locale.nativeLanguageName();
     // Many write it small within a sentence; here it stands alone.
-    return locale.toUpper(name.left(1)) + name.mid(1);
+    return name.isEmpty() ? name : locale.toUpper(QString(name.at(0))) + name.mid(1);
 }
 
 LanguageModel::LanguageInfo infoOf(QLocale::Language language)

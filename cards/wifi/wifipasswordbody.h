@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QtQuick/private/qquickrectangle_p.h>
 #include <QtQuick/QQuickItem>
 
-class QQuickRectangle;
 class QQuickText;
 
 namespace QSP {

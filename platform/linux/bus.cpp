@@ -2,6 +2,8 @@
 
 #include "linux/log.h"
 
+#include <QtDBus/QDBusError>
+
 #include <algorithm>
 #include <atomic>
 
