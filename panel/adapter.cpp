@@ -100,6 +100,13 @@ HMI::IP Adapter::stored(Address address) const
         [this, address] { return (systemSet().*g_calls[index(address)].stored)(m_nic); });
 }
 
+bool Adapter::hasAddressByNow()
+{
+    for (Reading<HMI::IP> &reading : m_live)
+        reading.forget();
+    return live(Address::Ip) != 0;
+}
+
 bool Adapter::hasLease() const
 {
     return isInUse() && isDhcpOn() && isLinked();

@@ -43,8 +43,8 @@ public:
     bool isDhcpOn() const;
     Dns dns() const;
     HMI::MAC mac() const;
-    /// Whether an address is in force.
-    bool hasAddress() const { return live(Address::Ip) != 0; }
+    /// Whether an address is in force by now: asks anew, whatever was read of the addresses before.
+    bool hasAddressByNow();
 
     // What the operator chose. The service's own values once the adapter is shown.
     bool isEnabled() const { return m_isEnabled; }

@@ -12,7 +12,7 @@ Panel::Panel(QObject *parent)
     , m_modem(m_adapters.of(HMI::SystemSet::MOBILE_4G), this)
     , m_tunnel(m_adapters.of(HMI::SystemSet::VPN), this)
 {
-    m_wifi.attempt().setHasAddress([this] { return m_adapters.of(HMI::SystemSet::WIFI).hasAddress(); });
+    m_wifi.attempt().setHasAddress([this] { return m_adapters.of(HMI::SystemSet::WIFI).hasAddressByNow(); });
 }
 
 void Panel::select(NIC nic)

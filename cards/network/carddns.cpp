@@ -49,11 +49,10 @@ void CardDNS::componentComplete()
         if (nic == panelOf(this).selected())
             showServers();
     });
-    for (const CIpInput *input : {m_first, m_second}) {
-        if (m_first && m_second)
-            connect(input, &CIpInput::ipChangedByEdit, this, [this] {
-                saveDns({m_first->ip(), m_second->ip()});
-            });
+    if (m_first && m_second) {
+        const auto save = [this] { saveDns({m_first->ip(), m_second->ip()}); };
+        connect(m_first, &CIpInput::ipChangedByEdit, this, save);
+        connect(m_second, &CIpInput::ipChangedByEdit, this, save);
     }
     showServers();
     updateEnable_DNS();

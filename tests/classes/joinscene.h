@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/wifilink.h"
+#include "shell/base/logging.h"
 #include "simulator/simulator.h"
 #include "tests/support/journal.h"
 #include "tests/support/paneltest.h"
@@ -12,12 +13,6 @@ inline HMI::SSID ssidOf(const QByteArray &name)
     HMI::SSID ssid{};
     std::copy(name.begin(), name.end(), ssid.begin());
     return ssid;
-}
-
-/// A value of an enumeration as a failed comparison is to show it.
-template <class Enum> QByteArray nameOf(Enum value)
-{
-    return QMetaEnum::fromType<Enum>().valueToKey(static_cast<int>(value));
 }
 
 /// A link with an attempt, on a panel that has joined nothing and reports by hand. No window.

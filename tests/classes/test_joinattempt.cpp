@@ -92,7 +92,7 @@ void TestJoinAttempt::table_data()
     const auto reports = allOf<Report>();
     for (const State state : states) {
         for (const Report news : reports)
-            QTest::newRow(nameOf(state) + " x " + nameOf(news)) << state << news;
+            QTest::addRow("%s x %s", nameOf(state), nameOf(news)) << state << news;
     }
 }
 

@@ -34,6 +34,7 @@ private slots:
     void openingIsANewMomentForAll();
     void endOfAnAttemptIsANewMoment_data();
     void endOfAnAttemptIsANewMoment();
+    void addressIsAskedAnewWhenTheNameIsKnown();
 
 private:
     std::unique_ptr<Panel> m_panel;
@@ -184,6 +185,31 @@ void TestPanel::endOfAnAttemptIsANewMoment()
             [&adapter] { adapter.showInForce(Address::Ip); });
     attempt.take(static_cast<QSP::JoinAttempt::Report>(report));
     QCOMPARE(adapter.shown(Address::Ip) == ip, isShown);
+}
+
+// The service may know the name long after it has joined, and the address by then.
+void TestPanel::addressIsAskedAnewWhenTheNameIsKnown()
+{
+    HmiSimulator::leaveNetwork();
+    HmiSimulator::setDhcpOn(HMI::SystemSet::WIFI, false);
+    QSP::WifiLink &link = m_panel->wifi();
+    QSP::JoinAttempt &attempt = link.attempt();
+    attempt.setNearby([](const HMI::SSID &) { return true; });
+    Adapter &adapter = m_panel->adapter(HMI::SystemSet::WIFI);
+    adapter.begin();
+    attempt.begin({'P', 'l', 'a', 'n', 't'}, QString());
+    attempt.take(QSP::JoinAttempt::Report::Connected);
+    QCOMPARE(attempt.state(), QSP::JoinAttempt::State::AwaitingName);
+    // Somebody looks before the name is there.
+    adapter.showInForce(Address::Ip);
+    HmiSimulator::joinNetwork("Plant");
+    HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, HMI::IP(0x0A000002), HMI::IP(0xFFFFFF00),
+                                 HMI::IP(0x0A000001));
+    HmiSimulator::clearJournal();
+    link.read();
+    QCOMPARE(attempt.state(), QSP::JoinAttempt::State::Joined);
+    QCOMPARE(Journal::calls(), QStringList());
+    QCOMPARE(adapter.shown(Address::Ip), std::optional<HMI::IP>(0x0A000002));
 }
 
 PANEL_TEST_MAIN(TestPanel)
