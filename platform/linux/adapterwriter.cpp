@@ -76,6 +76,12 @@ void AdapterWriter::gather()
     m_gather.start();
 }
 
+void AdapterWriter::finish()
+{
+    if (m_gather.isActive())
+        write();
+}
+
 void AdapterWriter::writeDhcp(const OnDhcp &done)
 {
     if (done)
@@ -231,7 +237,8 @@ void AdapterWriter::reapply(const QString &path)
 
 bool AdapterWriter::isInForce() const
 {
-    const AdapterState &now = m_state->read()->adapters.at(m_place);
+    const std::shared_ptr<const Snapshot> snapshot = m_state->read();
+    const AdapterState &now = snapshot->adapters.at(m_place);
     if (!now.known || now.deviceState != Nm::Activated)
         return true; // its next activation puts it in force
     if (!m_wanted.dhcp && now.live != m_wanted.stored)

@@ -38,6 +38,11 @@ public:
     /// Writes and puts the profile in force, or the adapter off.
     void writeEnabled();
 
+    /// Writes at once what is gathered.
+    void finish();
+    /// Whether anything that was asked for is not stored yet.
+    bool isWriting() const { return m_gather.isActive() || m_writing || m_again; }
+
     void deviceChanged(const QString &device, uint state, uint reason);
     /// The snapshot is a new one.
     void published();

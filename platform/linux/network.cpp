@@ -3,6 +3,8 @@
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
 
+#include <algorithm>
+
 namespace HmiLinux {
 
 namespace {
@@ -66,6 +68,20 @@ void Network::detach()
     note();
 }
 
+void Network::finish()
+{
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->finish();
+    }
+}
+
+bool Network::isWriting() const
+{
+    return std::any_of(m_writers.begin(), m_writers.end(),
+                       [](const AdapterWriter *writer) { return writer != nullptr && writer->isWriting(); });
+}
+
 void Network::deviceStateChanged(const QDBusMessage &signal)
 {
     const QVariantList arguments = signal.arguments();
@@ -121,6 +137,7 @@ void Network::publish()
         if (writer != nullptr)
             writer->published();
     }
+    emit published();
 }
 
 } // namespace HmiLinux

@@ -25,6 +25,15 @@ public:
     /// The writer of an adapter; null for one that cannot be set.
     AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
 
+    /// Writes at once what is gathered.
+    void finish();
+    /// Whether anything that was asked for is not stored yet.
+    bool isWriting() const;
+
+signals:
+    /// There is a new snapshot.
+    void published();
+
 private slots:
     void deviceStateChanged(const QDBusMessage &signal);
 

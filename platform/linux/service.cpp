@@ -37,6 +37,7 @@ Service::Service(const Root &root, const QString &bus)
     , m_interfaces(drivenInterfaces(root, m_config))
     , m_mask(adapterMask(m_interfaces))
     , m_serialNumber(readSerialNumber(root, m_config))
+    , m_buzzer(root, m_config)
 {
     // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
     const QDBusConnection first(QStringLiteral("panelsettings"));
@@ -59,7 +60,7 @@ Service::Service(const Root &root, const QString &bus)
 
 Service::~Service()
 {
-    m_thread.reset();
+    m_thread->end();
     m_files.run(); // what was to be kept and came too late for the worker
 }
 
@@ -69,9 +70,14 @@ std::optional<std::size_t> Service::place(SystemSet::NIC nic) const
     return place && (m_mask & nic) != 0 ? place : std::nullopt;
 }
 
+void Service::endWorker()
+{
+    m_thread->end();
+}
+
 void Service::later(std::function<void()> work) const
 {
-    QMetaObject::invokeMethod(m_worker, std::move(work), Qt::QueuedConnection);
+    m_thread->post(std::move(work));
 }
 
 } // namespace HmiLinux

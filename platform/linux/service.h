@@ -1,6 +1,7 @@
 #pragma once
 
 #include "linux/brightness.h"
+#include "linux/buzzerswitch.h"
 #include "linux/config.h"
 #include "linux/filejobs.h"
 #include "linux/interfaces.h"
@@ -45,11 +46,16 @@ public:
 
     Brightness &brightness() { return *m_brightness; }
     LanguageFile &language() { return *m_language; }
+    BuzzerSwitch &buzzer() { return m_buzzer; }
+    /// Of what later() does alone.
     Worker &worker() { return *m_worker; }
     const std::string &serialNumber() const { return m_serialNumber; }
 
     /// Does @p work on the worker's thread; returns at once.
     void later(std::function<void()> work) const;
+    /// Stores what was asked for and ends the worker. What is known stays, and is kept in files as before; nothing
+    /// reaches a daemon any more, and nothing is reported.
+    void endWorker();
 
 private:
     Config m_config;
@@ -58,6 +64,7 @@ private:
     Published<Snapshot> m_state;
     std::atomic<quint64> m_wishes{0};
     std::string m_serialNumber;
+    BuzzerSwitch m_buzzer;
     FileJobs m_files;
     std::unique_ptr<WorkerThread> m_thread;
     Worker *m_worker; ///< of m_thread

@@ -1,5 +1,8 @@
 #include "linux/systemset_p.h"
 
+#include "meyersingleton.h"
+
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 
 namespace HMI {
@@ -14,7 +17,21 @@ QString rootDirectory()
 
 } // namespace
 
-SystemSet::Private::Private() : service(HmiLinux::Root(rootDirectory())) {}
+SystemSet::Private::Private() : service(HmiLinux::Root(rootDirectory()))
+{
+    // Before the toolkit's own statics go, in whatever order: its events and its log need them.
+    qAddPostRoutine(endWithApplication);
+}
+
+SystemSet::Private::~Private()
+{
+    qRemovePostRoutine(endWithApplication);
+}
+
+void SystemSet::Private::endWithApplication()
+{
+    MeyerSingleton<SystemSet>::instance().d->service.endWorker();
+}
 
 SystemSet::SystemSet() : d(new Private) {}
 

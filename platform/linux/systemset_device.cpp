@@ -50,18 +50,18 @@ void SystemSet::setBright(Bright level, bool save)
 
 bool SystemSet::isBuzzerOn() const
 {
-    return d->service.worker().buzzer().isOn();
+    return d->service.buzzer().isOn();
 }
 
 void SystemSet::setBuzzerOn(bool on)
 {
-    d->service.worker().buzzer().setOn(on);
+    d->service.buzzer().setOn(on);
 }
 
 void SystemSet::beep(bool on) const
 {
     if (on)
-        d->service.later([this] { d->service.worker().buzzer().beep(); });
+        d->service.later([this] { d->service.worker().beeper().beep(); });
 }
 
 SystemSet::Language SystemSet::getLanguage() const

@@ -10,6 +10,9 @@ namespace HMI {
 
 struct SystemSet::Private {
     Private();
+    ~Private();
+    Private(const Private &) = delete;
+    Private &operator=(const Private &) = delete;
 
     /// What @p value says of an adapter at this moment; T() for one that the panel does not have.
     template <class T, class Value> T read(NIC nic, const Value &value) const
@@ -17,6 +20,8 @@ struct SystemSet::Private {
         const std::optional<std::size_t> place = service.place(nic);
         return place ? T(value(*service.snapshot(), *place)) : T();
     }
+
+    static void endWithApplication();
 
     HmiLinux::Service service;
     std::atomic<VPNServer> vpnServer{ASIA};

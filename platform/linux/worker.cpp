@@ -2,7 +2,16 @@
 
 #include "linux/ping.h"
 
+#include <QtCore/QTimer>
+
 namespace HmiLinux {
+
+namespace {
+
+// A daemon that is frozen must not keep the process.
+constexpr int g_finishLimit = 1000;
+
+} // namespace
 
 Worker::Worker(const Root &root, const Config &config, const Interfaces &interfaces, const QString &bus,
                Published<Snapshot> *state)
@@ -13,7 +22,7 @@ Worker::Worker(const Root &root, const Config &config, const Interfaces &interfa
     , m_network(interfaces, state, this)
     , m_clock(&m_bus, this)
     , m_power(&m_bus, this)
-    , m_buzzer(root, config, makeSounder(root, config), this)
+    , m_beeper(config, makeSounder(root, config), this)
 {
     connect(&m_bus, &Bus::opened, this, [this] { m_network.attach(m_bus.connection()); });
     connect(&m_bus, &Bus::lost, &m_network, &Network::detach);
@@ -24,6 +33,18 @@ void Worker::start()
     m_bus.open();
     if (!m_bus.isOpen())
         m_network.detach();
+}
+
+void Worker::finish(const std::function<void()> &done)
+{
+    m_network.finish();
+    if (!m_network.isWriting())
+        return done();
+    connect(&m_network, &Network::published, this, [this, done] {
+        if (!m_network.isWriting())
+            done();
+    });
+    QTimer::singleShot(g_finishLimit, this, done);
 }
 
 void Worker::ping(std::size_t place, const std::function<void(bool)> &done)

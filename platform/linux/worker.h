@@ -1,7 +1,7 @@
 #pragma once
 
+#include "linux/beeper.h"
 #include "linux/bus.h"
-#include "linux/buzzer.h"
 #include "linux/clock.h"
 #include "linux/config.h"
 #include "linux/network.h"
@@ -20,11 +20,13 @@ public:
 
     /// The first thing on its thread.
     void start();
+    /// The last: @p done comes when all that was asked for is stored, or cannot be for now.
+    void finish(const std::function<void()> &done);
 
     Network &network() { return m_network; }
     Clock &clock() { return m_clock; }
     Power &power() { return m_power; }
-    Buzzer &buzzer() { return m_buzzer; }
+    Beeper &beeper() { return m_beeper; }
     /// Asks the host of the configuration over an adapter of the panel.
     void ping(std::size_t place, const std::function<void(bool)> &done);
 
@@ -36,7 +38,7 @@ private:
     Network m_network;
     Clock m_clock;
     Power m_power;
-    Buzzer m_buzzer;
+    Beeper m_beeper;
 };
 
 } // namespace HmiLinux

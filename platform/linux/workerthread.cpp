@@ -2,19 +2,36 @@
 
 #include "linux/worker.h"
 
+#include <QtCore/QCoreApplication>
+
 namespace HmiLinux {
 
 WorkerThread::WorkerThread(std::unique_ptr<Worker> worker) : m_worker(std::move(worker))
 {
     setObjectName(QStringLiteral("panelsettings"));
+    m_door.moveToThread(this);
     m_worker->moveToThread(this);
 }
 
 WorkerThread::~WorkerThread()
 {
-    quit();
-    if (QThread::currentThread() != this)
-        wait();
+    end();
+}
+
+void WorkerThread::post(std::function<void()> job)
+{
+    QMetaObject::invokeMethod(&m_door, std::move(job), Qt::QueuedConnection);
+}
+
+void WorkerThread::end()
+{
+    if (QThread::currentThread() == this)
+        return quit();
+    if (QCoreApplication::instance() != nullptr)
+        post([this] { m_worker->finish([this] { quit(); }); });
+    else
+        quit();
+    wait();
 }
 
 void WorkerThread::run()

@@ -1,8 +1,9 @@
 #include "tests/linux/paneldirectory.h"
 #include "tests/support/paneltest.h"
 
+#include "linux/beeper.h"
 #include "linux/brightness.h"
-#include "linux/buzzer.h"
+#include "linux/buzzerswitch.h"
 #include "linux/config.h"
 #include "linux/languagefile.h"
 #include "linux/serialnumber.h"
@@ -181,13 +182,13 @@ void TestLinuxDevices::languageThatNobodyKnows()
 
 void TestLinuxDevices::buzzerKeepsItsSwitch()
 {
-    Buzzer buzzer(m_panel->root(), m_config, nullptr);
+    BuzzerSwitch buzzer(m_panel->root(), m_config);
     QVERIFY(buzzer.isOn());
     buzzer.setOn(false);
-    QVERIFY(!Buzzer(m_panel->root(), m_config, nullptr).isOn());
+    QVERIFY(!BuzzerSwitch(m_panel->root(), m_config).isOn());
     buzzer.setOn(true);
-    QVERIFY(Buzzer(m_panel->root(), m_config, nullptr).isOn());
-    buzzer.beep(); // into nothing
+    QVERIFY(BuzzerSwitch(m_panel->root(), m_config).isOn());
+    Beeper(m_config, nullptr).beep(); // into nothing
 }
 
 void TestLinuxDevices::buzzerSoundsThroughAFile()
@@ -196,7 +197,7 @@ void TestLinuxDevices::buzzerSoundsThroughAFile()
     m_panel->put(file, "0");
     m_config.buzzer = file;
     m_config.buzzerDuration = 1;
-    Buzzer buzzer(m_panel->root(), m_config, makeSounder(m_panel->root(), m_config));
+    Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
     buzzer.beep();
     QCOMPARE(m_panel->contents(file), QByteArray("1"));
     QTRY_COMPARE(m_panel->contents(file), QByteArray("0"));
@@ -210,7 +211,7 @@ void TestLinuxDevices::buzzerSoundsThroughAnInputDevice()
     m_config.buzzer = device;
     m_config.buzzerFrequency = 880;
     m_config.buzzerDuration = 1;
-    Buzzer buzzer(m_panel->root(), m_config, makeSounder(m_panel->root(), m_config));
+    Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
     buzzer.beep();
     QTRY_COMPARE(m_panel->contents(device).size(), int(2 * sizeof(input_event)));
     const QByteArray written = m_panel->contents(device);
@@ -230,7 +231,7 @@ void TestLinuxDevices::buzzerThatMayNotBeUsed()
 
     m_config.buzzer = QStringLiteral("/sys/class/gpio/gpio17/value");
     expectMessage(QStringLiteral("the buzzer may not be used"));
-    Buzzer buzzer(m_panel->root(), m_config, makeSounder(m_panel->root(), m_config));
+    Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
     buzzer.beep();
     buzzer.beep(); // told once
     m_config.buzzer = QStringLiteral("none");
