@@ -22,8 +22,17 @@ struct Addresses {
     friend bool operator!=(const Addresses &a, const Addresses &b) { return !(a == b); }
 };
 
-/// The servers of an adapter, preferred first.
-using Dns = std::pair<HMI::IP, HMI::IP>;
+/// The servers of an adapter, preferred first; each 0 when not set.
+struct Dns {
+    HMI::IP first;
+    HMI::IP second;
+
+    friend bool operator==(const Dns &a, const Dns &b)
+    {
+        return quint32(a.first) == quint32(b.first) && quint32(a.second) == quint32(b.second);
+    }
+    friend bool operator!=(const Dns &a, const Dns &b) { return !(a == b); }
+};
 
 /// An address of four decimal numbers; nothing for any other text.
 std::optional<HMI::IP> addressOf(const QString &dotted);

@@ -88,7 +88,7 @@ void NetworkReading::readLive(AdapterState *state) const
     const auto server = [&servers](int index) {
         return addressIn(servers.value(index).value(QStringLiteral("address")));
     };
-    state->liveDns = {server(0), server(1)};
+    state->liveDns = Dns{server(0), server(1)};
 }
 
 ProfileValues NetworkReading::valuesOf(const AdapterState &state) const

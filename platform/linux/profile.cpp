@@ -143,7 +143,7 @@ Profile readProfile(const QString &path, const Sections &settings)
     if (profile.values.stored == Addresses())
         profile.values.stored = keptAddresses(kept);
     profile.values.dns = isWithoutAddress(profile.values)
-                             ? Dns(addressIn(kept.value(dnsKey())), addressIn(kept.value(secondDnsKey())))
+                             ? Dns{addressIn(kept.value(dnsKey())), addressIn(kept.value(secondDnsKey()))}
                              : serversIn(ipv4);
     profile.values.isDefault =
         ipv4.value(QStringLiteral("route-metric"), g_anyMetric).toLongLong() == g_defaultMetric;

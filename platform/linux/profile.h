@@ -17,9 +17,8 @@ struct ProfileValues {
 
     friend bool operator==(const ProfileValues &a, const ProfileValues &b)
     {
-        return a.enabled == b.enabled && a.dhcp == b.dhcp && a.stored == b.stored &&
-               quint32(a.dns.first) == quint32(b.dns.first) &&
-               quint32(a.dns.second) == quint32(b.dns.second) && a.isDefault == b.isDefault;
+        return a.enabled == b.enabled && a.dhcp == b.dhcp && a.stored == b.stored && a.dns == b.dns &&
+               a.isDefault == b.isDefault;
     }
     friend bool operator!=(const ProfileValues &a, const ProfileValues &b) { return !(a == b); }
 };

@@ -50,8 +50,7 @@ Dns Snapshot::dns(std::size_t place) const
     if (wishes.at(place).dns)
         return *wishes.at(place).dns;
     const AdapterState &adapter = adapters.at(place);
-    const bool hasOwn = adapter.values.dns.first != 0 || adapter.values.dns.second != 0;
-    return hasOwn ? adapter.values.dns : adapter.liveDns;
+    return adapter.values.dns == Dns() ? adapter.liveDns : adapter.values.dns;
 }
 
 std::optional<std::size_t> Snapshot::defaultPlace() const

@@ -96,7 +96,8 @@ void SystemSet::setDHCP(NIC nic, bool on, const std::function<void(DHCP_STATE)> 
 
 std::pair<IP, IP> SystemSet::getDns(NIC nic) const
 {
-    return d->read<Dns>(nic, [](const Snapshot &now, std::size_t place) { return now.dns(place); });
+    const Dns dns = d->read<Dns>(nic, [](const Snapshot &now, std::size_t place) { return now.dns(place); });
+    return {dns.first, dns.second};
 }
 
 void SystemSet::setDns(NIC nic, const std::pair<IP, IP> &servers)
@@ -104,7 +105,7 @@ void SystemSet::setDns(NIC nic, const std::pair<IP, IP> &servers)
     const std::optional<std::size_t> place = d->service.place(nic);
     if (!place)
         return;
-    d->service.wish(*place, true, [&servers](Wish &wish) { wish.dns = servers; });
+    d->service.wish(*place, true, [&servers](Wish &wish) { wish.dns = Dns{servers.first, servers.second}; });
     d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });
 }
 

@@ -173,8 +173,9 @@ void TestLinuxAdapters::addressesAreOneWrite()
     m_scene->daemon.forgetCalls();
 
     m_scene->setAddresses(usual());
-    m_scene->gather(
-        0, [](Wish &wish) { wish.dns = Dns(NetworkScene::ip("9.9.9.9"), NetworkScene::ip("8.8.4.4")); });
+    m_scene->gather(0, [](Wish &wish) {
+        wish.dns = Dns{NetworkScene::ip("9.9.9.9"), NetworkScene::ip("8.8.4.4")};
+    });
     QVERIFY(m_scene->values().stored == usual()); // at the call
     QVERIFY(m_scene->waitForWishes());
     QTRY_VERIFY(m_scene->lan0().live == usual());
@@ -233,14 +234,14 @@ void TestLinuxAdapters::valuesOneByOneReachAnotherNetwork()
 void TestLinuxAdapters::serversAreOwnOrThoseOfTheLease()
 {
     QVERIFY(m_scene->giveProfile());
-    const Dns leased(NetworkScene::ip("192.168.50.1"), HMI::IP());
+    const Dns leased{NetworkScene::ip("192.168.50.1"), HMI::IP()};
     QVERIFY(m_scene->service->snapshot()->dns(0) == leased);
     // Those of the lease written back are no choice.
     m_scene->gather(0, [&leased](Wish &wish) { wish.dns = leased; });
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(m_scene->daemon.calls().isEmpty());
 
-    const Dns own(NetworkScene::ip("9.9.9.9"), HMI::IP());
+    const Dns own{NetworkScene::ip("9.9.9.9"), HMI::IP()};
     m_scene->gather(0, [&own](Wish &wish) { wish.dns = own; });
     QVERIFY(m_scene->service->snapshot()->dns(0) == own);
     QVERIFY(m_scene->waitForWishes());

@@ -165,7 +165,7 @@ void TestLinuxNetwork::wishesBeforeTheFirstSnapshot()
     scene.startService();
     // The daemon has not answered: no event has been handled here.
     scene.setDhcp(true);
-    scene.gather(0, [](Wish &wish) { wish.dns = Dns(NetworkScene::ip("9.9.9.9"), HMI::IP()); });
+    scene.gather(0, [](Wish &wish) { wish.dns = Dns{NetworkScene::ip("9.9.9.9"), HMI::IP()}; });
     QVERIFY(scene.waitForReports(1));
     QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_OK});
     QVERIFY(scene.waitForWishes());

@@ -89,7 +89,7 @@ void TestLinuxRequests::roundsLeaveNothingBehind()
     const int before = objects();
     for (int i = 0; i < 50; ++i) {
         m_scene->setDhcp(i % 2 == 0);
-        m_scene->gather(0, [i](Wish &wish) { wish.dns = Dns(HMI::IP(0x0A000001U + i), HMI::IP()); });
+        m_scene->gather(0, [i](Wish &wish) { wish.dns = Dns{HMI::IP(0x0A000001U + i), HMI::IP()}; });
         QVERIFY(m_scene->waitForReports(i + 1));
     }
     QVERIFY(m_scene->waitForWishes());

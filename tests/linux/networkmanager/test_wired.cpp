@@ -123,8 +123,9 @@ void TestWired::addressesTakeEffectAtOnce()
 void TestWired::servers()
 {
     const auto resolver = [this] { return m_scene->tell("resolver"); };
-    m_scene->gather(
-        0, [](Wish &wish) { wish.dns = Dns(ServiceScene::ip("9.9.9.9"), ServiceScene::ip("8.8.4.4")); });
+    m_scene->gather(0, [](Wish &wish) {
+        wish.dns = Dns{ServiceScene::ip("9.9.9.9"), ServiceScene::ip("8.8.4.4")};
+    });
     QVERIFY(m_scene->waitForWishes());
     QTRY_VERIFY_WITH_TIMEOUT(resolver().contains(text("9.9.9.9")), 30000);
     QVERIFY(!resolver().contains(text("192.168.50.1")));
