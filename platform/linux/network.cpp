@@ -2,6 +2,7 @@
 
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
+#include "linux/wifi.h"
 
 #include <algorithm>
 
@@ -33,8 +34,11 @@ Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObje
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
         const HMI::SystemSet::NIC nic = Adapters.at(place);
         const bool isWired = nic == HMI::SystemSet::LAN0 || nic == HMI::SystemSet::LAN1;
-        if (!isWired || interfaces.at(place).isEmpty())
+        const bool isWireless = nic == HMI::SystemSet::WIFI;
+        if (!(isWired || isWireless) || interfaces.at(place).isEmpty())
             continue;
+        if (isWireless)
+            m_wifi = new Wifi(interfaces.at(place), m_state, &m_mirror, &m_book, this);
         auto *writer = new AdapterWriter(place, interfaces.at(place), m_state, &m_book, this);
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
             m_settled.at(place) = number;
@@ -54,6 +58,8 @@ void Network::attach(const QDBusConnection &bus)
         if (writer != nullptr)
             writer->attach(bus);
     }
+    if (m_wifi != nullptr)
+        m_wifi->attach(bus);
     m_mirror.attach(bus);
 }
 
@@ -65,6 +71,8 @@ void Network::detach()
         if (writer != nullptr)
             writer->attach(QDBusConnection(QString()));
     }
+    if (m_wifi != nullptr)
+        m_wifi->attach(QDBusConnection(QString()));
     note();
 }
 
@@ -89,6 +97,8 @@ void Network::deviceStateChanged(const QDBusMessage &signal)
         if (writer != nullptr)
             writer->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
     }
+    if (m_wifi != nullptr)
+        m_wifi->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
 }
 
 void Network::mirrorChanged()
@@ -101,8 +111,12 @@ void Network::mirrorChanged()
             if (writer != nullptr)
                 writer->interrupt();
         }
+        if (m_wifi != nullptr)
+            m_wifi->interrupt();
     }
     m_wasComplete = m_mirror.isComplete();
+    if (m_wifi != nullptr)
+        m_wifi->mirrorChanged();
     note();
 }
 
@@ -137,6 +151,8 @@ void Network::publish()
         if (writer != nullptr)
             writer->published();
     }
+    if (m_wifi != nullptr)
+        m_wifi->published();
     emit published();
 }
 

@@ -10,6 +10,8 @@
 
 namespace HmiLinux {
 
+class Wifi;
+
 /// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
 /// wishes. Lives on the thread of the service, whose event loop it needs.
 class Network : public QObject
@@ -24,6 +26,8 @@ public:
 
     /// The writer of an adapter; null for one that cannot be set.
     AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
+    /// The networks of the wireless adapter; null on a panel without one.
+    Wifi *wifi() { return m_wifi; }
 
     /// Writes at once what is gathered.
     void finish();
@@ -48,6 +52,7 @@ private:
     ProfileBook m_book;
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
+    Wifi *m_wifi = nullptr;
     QTimer m_quiet;
     QElapsedTimer m_unpublished; ///< since the first change that is not published
     bool m_wasComplete = false;

@@ -19,6 +19,8 @@ private:
     QString deviceOf(const QString &interface) const;
     void readDevice(AdapterState *state) const;
     void readLive(AdapterState *state) const;
+    void readWifi(AdapterState *state, const QString &interface) const;
+    bool isRadioOn() const;
     ProfileValues valuesOf(const AdapterState &state) const;
     QString pathIn(const QString &object, const QString &interface, const QString &name) const;
 

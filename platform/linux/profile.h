@@ -28,7 +28,12 @@ struct Profile {
     QString path;
     QString uuid;
     QString type;
+    QString interface; ///< empty for one of any device
     ProfileValues values;
+    // Of a network alone.
+    QByteArray wifiName;    ///< empty for all else
+    bool isOwnWifi = false; ///< the panel has made it
+    qulonglong lastUsed = 0;
 };
 
 /// What the settings of the profile at @p path say.
@@ -36,6 +41,10 @@ Profile readProfile(const QString &path, const Sections &settings);
 
 /// Settings with @p values in place of what they said; all else in them stays.
 Sections withValues(Sections settings, const ProfileValues &values);
+
+/// What all new profiles of this panel have.
+Sections newSettings(const QString &adapter, const QString &interface);
+QString wifiType();
 
 /// The settings of a new profile for a wired adapter of this panel.
 Sections newWiredSettings(const QString &adapter, const QString &interface);

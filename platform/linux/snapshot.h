@@ -1,6 +1,7 @@
 #pragma once
 
 #include "linux/profile.h"
+#include "linux/wifilink.h"
 
 #include <array>
 #include <optional>
@@ -42,6 +43,7 @@ struct AdapterState {
     Dns liveDns;
     HMI::MAC mac = {};
     bool carriesDefaultRoute = false;
+    WifiLink wifi; ///< of the wireless adapter alone
     // For who writes, not for who reads.
     uint deviceState = 0;
     QString device;        ///< path

@@ -35,6 +35,9 @@ public:
     /// What a call of @p name does, on whatever object.
     void onCall(const QString &name, const Method &method) { m_methods[name] = method; }
 
+    /// Lets the next settings of properties be refused.
+    void refuseProperties(bool refuse) { m_refusesProperties = refuse; }
+
     /// The names of the methods called so far, but for those that only ask.
     QStringList calls() const { return m_calls; }
     void forgetCalls() { m_calls.clear(); }
@@ -51,4 +54,5 @@ private:
     QMap<QString, HmiLinux::Sections> m_objects;
     QMap<QString, Method> m_methods;
     QStringList m_calls;
+    bool m_refusesProperties = false;
 };

@@ -1,4 +1,4 @@
-#include "tests/linux/fakenetworkmanager.h"
+#include "tests/linux/fakewifi.h"
 #include "tests/linux/paneldirectory.h"
 #include "tests/linux/privatebus.h"
 
@@ -20,10 +20,11 @@ QString text(const char *latin)
     return QString::fromLatin1(latin);
 }
 
-void furnish(const PanelDirectory &panel)
+void furnish(const PanelDirectory &panel, bool hasWifi)
 {
     panel.put(text("/etc/panelsettings/linux.conf"),
-              "[adapters]\nLAN0 = lan0\nLAN1 = lan1\nWIFI = none\nMOBILE_4G = none\n");
+              QByteArray("[adapters]\nLAN0 = lan0\nLAN1 = lan1\nMOBILE_4G = none\nWIFI = ") +
+                  (hasWifi ? "wlan0\n" : "none\n"));
     panel.put(text("/sys/class/backlight/lcd/max_brightness"), "255\n");
     panel.put(text("/sys/class/backlight/lcd/brightness"), "200\n");
     panel.put(text("/proc/device-tree/serial-number"), "LINUX-0815\n");
@@ -38,6 +39,15 @@ void furnish(FakeNetworkManager *daemon)
             daemon->addProfile(FakeNetworkManager::wiredProfile(port, {{text("method"), text("auto")}}));
         daemon->activate(profile, port);
     }
+}
+
+void furnish(FakeNetworkManager *daemon, FakeWifi *wifi)
+{
+    wifi->requireHeard();
+    wifi->appear("Hall", 80);
+    wifi->appear("Office", 60);
+    wifi->appear("Free", 40, FakeWifi::Open);
+    daemon->activate(wifi->know("Office", text("its password")), FakeWifi::interface());
 }
 
 int run(const QStringList &command)
@@ -72,13 +82,15 @@ int main(int argc, char **argv)
     }
 
     const PanelDirectory panel;
-    furnish(panel);
+    furnish(panel, !isReal);
     PrivateBus bus;
     FakeNetworkManager network;
     FakeObjects others;
     others.onCall(text("SetTime"), [](const QDBusMessage &message) { return message.createReply(); });
     others.onCall(text("Reboot"), [](const QDBusMessage &message) { return message.createReply(); });
     furnish(&network);
+    FakeWifi wifi(&network);
+    furnish(&network, &wifi);
     const QString address = isReal ? qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS") : bus.address();
     if ((!isReal && (!bus.start() || !network.publish(address))) ||
         !others.publish(address, text("org.freedesktop.timedate1"))) {
