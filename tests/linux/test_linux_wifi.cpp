@@ -94,10 +94,10 @@ void TestLinuxWifi::radioIsSwitched()
     const Sections before = scene.daemon.profile(profile);
     QVERIFY(scene.isUp && scene.startAndWait());
     for (const bool on : {false, true, false}) {
-        scene.enable(on, WifiScene::Place);
-        QCOMPARE(scene.values(WifiScene::Place).enabled, on); // at once
-        QTRY_VERIFY(!scene.hasWish(WifiScene::Place));
-        QCOMPARE(scene.values(WifiScene::Place).enabled, on);
+        scene.enable(on, WifiActs::Place);
+        QCOMPARE(scene.values(WifiActs::Place).enabled, on); // at once
+        QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
+        QCOMPARE(scene.values(WifiActs::Place).enabled, on);
         QCOMPARE(scene.daemon.get(Nm::path(), Nm::service(), QStringLiteral("WirelessEnabled")).toBool(), on);
     }
     QVERIFY(scene.daemon.profile(profile) == before);
@@ -105,7 +105,7 @@ void TestLinuxWifi::radioIsSwitched()
     QCOMPARE(scene.daemon.calls().size(), 3); // nothing is joined by it
     // Somebody else switches it.
     scene.daemon.set(Nm::path(), Nm::service(), {{QStringLiteral("WirelessEnabled"), true}});
-    QTRY_VERIFY(scene.values(WifiScene::Place).enabled);
+    QTRY_VERIFY(scene.values(WifiActs::Place).enabled);
 }
 
 void TestLinuxWifi::refusedSwitch()
@@ -115,9 +115,9 @@ void TestLinuxWifi::refusedSwitch()
     QVERIFY(scene.isUp && scene.startAndWait());
     scene.daemon.refuseProperties(true);
     expectMessage(QStringLiteral("WIFI stays as it is"));
-    scene.enable(false, WifiScene::Place);
-    QTRY_VERIFY(!scene.hasWish(WifiScene::Place));
-    QVERIFY(scene.values(WifiScene::Place).enabled);
+    scene.enable(false, WifiActs::Place);
+    QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
+    QVERIFY(scene.values(WifiActs::Place).enabled);
 }
 
 void TestLinuxWifi::radioAndAddressesTogether()
@@ -129,11 +129,11 @@ void TestLinuxWifi::radioAndAddressesTogether()
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     const QString profile = scene.adapter().profile;
-    scene.gather(WifiScene::Place, [](Wish &wish) { wish.dns = Dns{WifiScene::ip("9.9.9.9"), HMI::IP()}; });
-    scene.enable(false, WifiScene::Place);
-    QTRY_VERIFY(!scene.hasWish(WifiScene::Place));
-    QVERIFY(!scene.values(WifiScene::Place).enabled);
-    QCOMPARE(dotted(scene.values(WifiScene::Place).dns.first), QStringLiteral("9.9.9.9"));
+    scene.gather(WifiActs::Place, [](Wish &wish) { wish.dns = Dns{WifiScene::ip("9.9.9.9"), HMI::IP()}; });
+    scene.enable(false, WifiActs::Place);
+    QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
+    QVERIFY(!scene.values(WifiActs::Place).enabled);
+    QCOMPARE(dotted(scene.values(WifiActs::Place).dns.first), QStringLiteral("9.9.9.9"));
     // The network is joined by itself again once the radio is back.
     QVERIFY(scene.daemon.profile(profile)
                 .value(QStringLiteral("connection"))
@@ -150,12 +150,12 @@ void TestLinuxWifi::addressesBelongToTheJoinedNetwork()
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.forgetReports();
-    scene.gather(WifiScene::Place, [](Wish &wish) {
+    scene.gather(WifiActs::Place, [](Wish &wish) {
         wish.ip = WifiScene::ip("10.1.2.3");
         wish.mask = maskOf(16);
         wish.gateway = WifiScene::ip("10.1.0.1");
     });
-    scene.setDhcp(false, WifiScene::Place);
+    scene.setDhcp(false, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
     QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_OK});
     QTRY_COMPARE(dotted(scene.adapter().live.ip), QStringLiteral("10.1.2.3"));
@@ -169,10 +169,10 @@ void TestLinuxWifi::addressesWithoutANetworkAreRefused()
     WifiScene &scene = *owner;
     QVERIFY(scene.isUp && scene.startAndWait());
     expectMessage(QStringLiteral("the panel keeps no network that they would be for"));
-    scene.gather(WifiScene::Place, [](Wish &wish) { wish.dns = Dns{WifiScene::ip("9.9.9.9"), HMI::IP()}; });
-    QTRY_VERIFY(!scene.hasWish(WifiScene::Place));
+    scene.gather(WifiActs::Place, [](Wish &wish) { wish.dns = Dns{WifiScene::ip("9.9.9.9"), HMI::IP()}; });
+    QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
     QVERIFY(scene.daemon.profiles().isEmpty());
-    QVERIFY(scene.values(WifiScene::Place).dns == Dns());
+    QVERIFY(scene.values(WifiActs::Place).dns == Dns());
 }
 
 void TestLinuxWifi::leaseOfTheJoinedNetwork()
@@ -184,7 +184,7 @@ void TestLinuxWifi::leaseOfTheJoinedNetwork()
     scene.daemon.activate(profile, FakeWifi::interface());
     QVERIFY(scene.isUp && scene.startAndWait());
     QTRY_VERIFY(scene.link().isJoined);
-    scene.setDhcp(true, WifiScene::Place);
+    scene.setDhcp(true, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
     QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_OK});
     QVERIFY(scene.daemon.calls().contains(QStringLiteral("ActivateConnection")));
@@ -197,7 +197,7 @@ void TestLinuxWifi::leaseWithoutANetwork()
     WifiScene &scene = *owner;
     scene.wifi.know("Office", QStringLiteral("its password"));
     QVERIFY(scene.isUp && scene.startAndWait());
-    scene.setDhcp(true, WifiScene::Place);
+    scene.setDhcp(true, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
     QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_FAILED});
     QVERIFY(!scene.daemon.calls().contains(QStringLiteral("ActivateConnection")));
@@ -212,15 +212,15 @@ void TestLinuxWifi::newNetworkTakesTheAddressesOver()
     QVERIFY(scene.isUp && scene.startAndWait());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
-    scene.gather(WifiScene::Place, [](Wish &wish) {
+    scene.gather(WifiActs::Place, [](Wish &wish) {
         wish.dhcp = false;
         wish.ip = WifiScene::ip("10.1.2.3");
         wish.mask = maskOf(16);
     });
-    QTRY_VERIFY(!scene.hasWish(WifiScene::Place));
+    QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
     QCOMPARE(scene.joined("Office", "its password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_COMPARE(dotted(scene.adapter().live.ip), QStringLiteral("10.1.2.3"));
-    QVERIFY(!scene.values(WifiScene::Place).dhcp);
+    QVERIFY(!scene.values(WifiActs::Place).dhcp);
 }
 
 void TestLinuxWifi::resetForgetsEverything()
@@ -237,7 +237,7 @@ void TestLinuxWifi::resetForgetsEverything()
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
     QCOMPARE(scene.daemon.profiles(), QStringList{wired});
-    const WifiScene::Records *list = scene.list();
+    const WifiActs::Records *list = scene.list();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 2);
     for (const SystemSet::SsidInfo &record : *list) {
@@ -246,7 +246,7 @@ void TestLinuxWifi::resetForgetsEverything()
     }
     QTRY_VERIFY(!scene.link().isJoined);
     QVERIFY(scene.link().ssid == HMI::SSID{});
-    QVERIFY(scene.values(WifiScene::Place).enabled);
+    QVERIFY(scene.values(WifiActs::Place).enabled);
 }
 
 void TestLinuxWifi::resetInMidJoin()
@@ -288,8 +288,8 @@ void TestLinuxWifi::resetWhileItIsOff()
     WifiScene &scene = *owner;
     scene.wifi.know("Office", QStringLiteral("its password"));
     QVERIFY(scene.isUp && scene.startAndWait());
-    scene.enable(false, WifiScene::Place);
-    QTRY_VERIFY(!scene.hasWish(WifiScene::Place));
+    scene.enable(false, WifiActs::Place);
+    QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
     QVERIFY(scene.list() == nullptr);

@@ -72,7 +72,7 @@ void TestLinuxWifiJoin::wrongPasswordLeavesNothing()
     QTRY_VERIFY(scene.daemon.profiles().isEmpty());
     QVERIFY(!scene.daemon.calls().contains(QStringLiteral("Update2"))); // it never was stored
     QVERIFY(!scene.link().isJoined);
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->front().needsPassword), 1);
 }

@@ -40,7 +40,7 @@ void TestLinuxWifiScan::networksAreListedStrongestFirst()
     scene.wifi.appear("old", 40, FakeWifi::Wep);
     scene.wifi.appear("loud", 255, FakeWifi::Business);
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 5);
     const QVector<QByteArray> names = {"loud", "near", "open", "old", "far"};
@@ -64,7 +64,7 @@ void TestLinuxWifiScan::accessPointsOfOneNameAreOneNetwork()
     const QString strongest = scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Hall", 60);
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 1);
     QCOMPARE(int(list->front().signal), 80);
@@ -88,7 +88,7 @@ void TestLinuxWifiScan::namesOfEveryKind()
     scene.wifi.appear(QByteArray("cut\0here", 8), 40);
     scene.wifi.appear(QByteArray(33, 'y'), 30);
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 3);
     QCOMPARE(WifiScene::nameOf(list->at(0)), longest);
@@ -107,7 +107,7 @@ void TestLinuxWifiScan::knownNetworkComesWithItsPassword()
     const QString office = scene.wifi.know("Office", QStringLiteral("gr\u00fcn und blau"));
     scene.wifi.know("Free", {});
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(list->at(0).password, std::string("gr\xc3\xbcn und blau"));
     QCOMPARE(int(list->at(0).needsPassword), 0);
@@ -125,7 +125,7 @@ void TestLinuxWifiScan::passwordThatTheDaemonKeepsToItself()
     scene.wifi.know("Office", QStringLiteral("kept away"));
     scene.wifi.keepSecrets();
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QVERIFY(list->front().password.empty());
     QCOMPARE(int(list->front().needsPassword), 0); // the daemon joins with it all the same
@@ -154,7 +154,7 @@ void TestLinuxWifiScan::profileOfAnotherDeviceIsNotKnown()
     settings[wifiType()].insert(QStringLiteral("mode"), QStringLiteral("ap"));
     scene.daemon.addProfile(settings);
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->front().needsPassword), 1);
 }
@@ -197,7 +197,7 @@ void TestLinuxWifiScan::refusedScanTellsWhatIsKnown()
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Refused);
     QVERIFY(scene.isUp && scene.startAndWait());
-    const WifiScene::Records *list = scene.scanned();
+    const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 1);
 }
@@ -251,7 +251,7 @@ void TestLinuxWifiScan::scanWhileItIsOff()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     QVERIFY(scene.isUp && scene.startAndWait());
-    scene.enable(false, WifiScene::Place);
+    scene.enable(false, WifiActs::Place);
     scene.scan(); // at once: what is asked for holds already
     QVERIFY(scene.waitForLists(1));
     QVERIFY(scene.list() == nullptr);
