@@ -91,11 +91,11 @@ void Wifi::startScan()
     }
 }
 
-void Wifi::deliver()
+void Wifi::deliver(bool heard)
 {
-    const QVector<WifiNetwork> networks =
-        isOn() ? reading().networks(adapter().device, m_interface) : QVector<WifiNetwork>();
-    if (networks.isEmpty())
+    const QString device = adapter().device;
+    const QVector<WifiNetwork> networks = reading().networks(device, m_interface);
+    if (!isOn() || !m_mirror->has(device, Nm::device()) || (networks.isEmpty() && !heard))
         return deliverNothing();
     std::vector<OnList> listeners;
     listeners.swap(m_listeners);
@@ -127,7 +127,7 @@ void Wifi::reset(const OnList &done)
         const QVector<const Profile *> profiles = reading().stored(m_interface);
         for (const Profile *profile : profiles)
             paths.append(profile->path);
-        qCInfo(wifiLog, "%d known networks are forgotten", paths.size());
+        qCInfo(wifiLog, "forgetting all networks, %d were known", paths.size());
         m_scan.cancel(); // it would not be fresh; who waits for it gets the new one
         forgetNetworks(m_bus, paths, adapter().device, this, [this, done] {
             m_listeners.push_back(done);

@@ -38,7 +38,7 @@ private:
     /// Does @p work as soon as it is known what there is.
     void whenKnown(std::function<void()> work);
     void startScan();
-    void deliver();
+    void deliver(bool heard);
     void deliverNothing();
     void startJoin(const QByteArray &name, const SharedSecret &password);
     WifiTarget targetOf(const QByteArray &name, const SharedSecret &password) const;

@@ -19,6 +19,16 @@ constexpr uint g_volatile = 0x4;
 constexpr uint g_sae = 0x400;
 constexpr int g_fullStrength = 100;
 
+const Profile *knownAmong(const QVector<const Profile *> &profiles, const QByteArray &name)
+{
+    const Profile *found = nullptr;
+    for (const Profile *profile : profiles) {
+        if (profile->wifiName == name && (found == nullptr || profile->isOwnWifi))
+            found = profile;
+    }
+    return found;
+}
+
 } // namespace
 
 WifiReading::WifiReading(const ObjectMirror &mirror, const ProfileBook &book) : m_mirror(mirror), m_book(book)
@@ -52,11 +62,12 @@ QVector<WifiNetwork> WifiReading::networks(const QString &device, const QString 
         if (before == byName.constEnd() || before->strength < found.strength)
             byName.insert(found.name, found);
     }
+    const QVector<const Profile *> profiles = stored(interface);
     QVector<WifiNetwork> list;
     list.reserve(byName.size());
     for (const WifiNetwork &found : qAsConst(byName)) {
         list.append(found);
-        if (const Profile *profile = known(found.name, interface))
+        if (const Profile *profile = knownAmong(profiles, found.name))
             list.last().profile = profile->path;
     }
     std::sort(list.begin(), list.end(), [](const WifiNetwork &a, const WifiNetwork &b) {
@@ -67,13 +78,7 @@ QVector<WifiNetwork> WifiReading::networks(const QString &device, const QString 
 
 const Profile *WifiReading::known(const QByteArray &name, const QString &interface) const
 {
-    const Profile *found = nullptr;
-    const QVector<const Profile *> profiles = stored(interface);
-    for (const Profile *profile : profiles) {
-        if (profile->wifiName == name && (found == nullptr || profile->isOwnWifi))
-            found = profile;
-    }
-    return found;
+    return knownAmong(stored(interface), name);
 }
 
 const Profile *WifiReading::own(const AdapterState &adapter, const QString &interface) const

@@ -30,7 +30,7 @@ WifiScan::WifiScan(const ObjectMirror *mirror, QObject *parent)
     m_settle.setInterval(g_settleTime);
     connect(&m_settle, &QTimer::timeout, this, [this] {
         cancel();
-        emit ended();
+        emit ended(m_heard);
     });
 }
 
@@ -38,6 +38,7 @@ void WifiScan::start(const QDBusConnection &bus, const QString &device)
 {
     m_device = device;
     m_before = lastScan();
+    m_heard = false;
     m_limit.start();
     m_request = std::make_unique<QObject>(this);
     QDBusMessage question = Nm::call(device, Nm::wireless(), "RequestScan");
@@ -60,8 +61,10 @@ void WifiScan::cancel()
 
 void WifiScan::mirrorChanged()
 {
-    if (isRunning() && !m_settle.isActive() && lastScan() != m_before)
-        m_settle.start();
+    if (!isRunning() || m_settle.isActive() || lastScan() == m_before)
+        return;
+    m_heard = true;
+    m_settle.start();
 }
 
 qlonglong WifiScan::lastScan() const

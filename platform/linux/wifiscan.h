@@ -26,7 +26,8 @@ public:
     void mirrorChanged();
 
 signals:
-    void ended();
+    /// @p heard tells whether the device has looked around for it; what it heard before is known in any case.
+    void ended(bool heard);
 
 private:
     qlonglong lastScan() const;
@@ -34,6 +35,7 @@ private:
     const ObjectMirror *m_mirror;
     QString m_device;
     qlonglong m_before = 0;
+    bool m_heard = false;
     QTimer m_limit;
     QTimer m_settle;                    ///< for what is told together with the end
     std::unique_ptr<QObject> m_request; ///< the answer dies with it

@@ -352,7 +352,5 @@ void TestLinuxWifiJoin::passwordsReachNoLog()
     QVERIFY(told.filter(QStringLiteral("Xylophone")).isEmpty());
 }
 
-Q_DECLARE_METATYPE(Steps)
-
 PANEL_TEST_MAIN(TestLinuxWifiJoin)
 #include "test_linux_wifi_join.moc"

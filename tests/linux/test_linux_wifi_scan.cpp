@@ -21,6 +21,7 @@ private slots:
     void crowdIsReportedAtOnce();
     void refusedScanTellsWhatIsKnown();
     void refusedScanWithoutNetworksFails();
+    void nobodyIsHeard();
     void scanThatNeverEnds();
     void manyWhoAskShareOneScan();
     void scanWhileItIsOff();
@@ -211,6 +212,16 @@ void TestLinuxWifiScan::refusedScanWithoutNetworksFails()
     scene.scan();
     QVERIFY(scene.waitForLists(1));
     QVERIFY(scene.list() == nullptr);
+}
+
+void TestLinuxWifiScan::nobodyIsHeard()
+{
+    const auto owner = std::make_unique<WifiScene>();
+    WifiScene &scene = *owner;
+    QVERIFY(scene.isUp && scene.startAndWait());
+    const WifiActs::Records *list = scene.scanned();
+    QVERIFY(list != nullptr); // it has not failed
+    QVERIFY(list->empty());
 }
 
 void TestLinuxWifiScan::scanThatNeverEnds()
