@@ -308,8 +308,8 @@ void TestLinuxWifiJoin::whatCannotBeJoined()
     QCOMPARE(scene.joined("Office", "a password"), int(SystemSet::WIFI_OFFLINE));
     QCOMPARE(scene.joined({}, "a password"), int(SystemSet::WIFI_OFFLINE));
     QSemaphore unheard;
-    scene.service->later([&scene, &unheard] {
-        scene.driver()->join({}, std::make_shared<const Secret>(""), {}); // of which nobody wants to hear
+    scene.act([&unheard](Wifi *wifi) {
+        wifi->join({}, std::make_shared<const Secret>(""), {}); // of which nobody wants to hear
         unheard.release();
     });
     QVERIFY(unheard.tryAcquire(1, WifiScene::Patience));

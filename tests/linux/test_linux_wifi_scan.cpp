@@ -5,6 +5,16 @@
 using namespace HmiLinux;
 using HMI::SystemSet;
 
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr qint64 g_listLimit = 500;
+#else
+constexpr qint64 g_listLimit = 50;
+#endif
+
+} // namespace
+
 /// Looking for networks, and what is told of them.
 class TestLinuxWifiScan : public PanelTest
 {
@@ -188,7 +198,7 @@ void TestLinuxWifiScan::crowdIsReportedAtOnce()
     std::sort(times.begin(), times.end());
     qInfo("%lld ms, at most %lld", times.at(times.size() / 2), times.constLast());
     // The best of them: a machine that is busy adds to the others.
-    QVERIFY2(times.constFirst() <= 50, qPrintable(QString::number(times.constFirst())));
+    QVERIFY2(times.constFirst() <= g_listLimit, qPrintable(QString::number(times.constFirst())));
 }
 
 void TestLinuxWifiScan::refusedScanTellsWhatIsKnown()
@@ -249,7 +259,7 @@ void TestLinuxWifiScan::manyWhoAskShareOneScan()
     QVERIFY(scene.isUp && scene.startAndWait());
     for (int i = 0; i < 3; ++i)
         scene.scan();
-    scene.service->later([&scene] { scene.driver()->scan({}); }); // of which nobody wants to hear
+    scene.act([](Wifi *wifi) { wifi->scan({}); }); // of which nobody wants to hear
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.wifi.endScan();
     QVERIFY(scene.waitForLists(3));

@@ -16,7 +16,12 @@ public:
 
     HmiLinux::AdapterState adapter() const { return m_scene->service->snapshot()->adapters.at(Place); }
     HmiLinux::WifiLink link() const { return adapter().wifi; }
-    HmiLinux::Wifi *driver() { return m_scene->service->worker().network().wifi(); }
+    /// Does something where the service does it.
+    template <class Act> void act(const Act &what)
+    {
+        HmiLinux::Service *service = m_scene->service.get();
+        service->later([service, what] { what(service->worker().network().wifi()); });
+    }
     bool waitForAdapter() const
     {
         return QTest::qWaitFor([this] { return adapter().known; }, ServiceScene::Patience);
@@ -24,13 +29,15 @@ public:
 
     void scan()
     {
-        m_scene->service->later(
-            [this] { driver()->scan([this](std::unique_ptr<Records> list) { take(std::move(list)); }); });
+        act([this](HmiLinux::Wifi *wifi) {
+            wifi->scan([this](std::unique_ptr<Records> list) { take(std::move(list)); });
+        });
     }
     void resetNetworks()
     {
-        m_scene->service->later(
-            [this] { driver()->reset([this](std::unique_ptr<Records> list) { take(std::move(list)); }); });
+        act([this](HmiLinux::Wifi *wifi) {
+            wifi->reset([this](std::unique_ptr<Records> list) { take(std::move(list)); });
+        });
     }
     bool waitForLists(std::size_t count)
     {
@@ -58,8 +65,8 @@ public:
     void join(const QByteArray &name, const char *password)
     {
         const auto secret = std::make_shared<const HmiLinux::Secret>(password);
-        m_scene->service->later([this, name, secret] {
-            driver()->join(HmiLinux::ssidOf(name), secret, [this](HMI::SystemSet::StateWifi state) {
+        act([this, name, secret](HmiLinux::Wifi *wifi) {
+            wifi->join(HmiLinux::ssidOf(name), secret, [this](HMI::SystemSet::StateWifi state) {
                 const std::lock_guard<std::mutex> lock(m_scene->mutex);
                 m_scene->reported.push_back(state);
             });
@@ -75,7 +82,7 @@ public:
     /// Lets a limit of the service end at once.
     void endLimit(const QString &name)
     {
-        m_scene->service->later([this, name] { driver()->findChild<QTimer *>(name)->start(0); });
+        act([name](HmiLinux::Wifi *wifi) { wifi->findChild<QTimer *>(name)->start(0); });
     }
 
     static QByteArray nameOf(const HMI::SystemSet::SsidInfo &record)
