@@ -24,6 +24,8 @@ private slots:
     void attemptThatTakesTooLong();
     void newAttemptReplacesTheOldOne();
     void successOfTheAttemptBefore();
+    void attemptThatIsNotFollowed();
+    void networkThatGoesInMidJoin();
     void deviceIsPulledOutInMidJoin();
     void daemonGoesInMidJoin();
     void switchedOffInMidJoin();
@@ -254,6 +256,39 @@ void TestLinuxWifiJoin::successOfTheAttemptBefore()
     QTRY_COMPARE(scene.daemon.profiles().size(), 1);
 }
 
+void TestLinuxWifiJoin::attemptThatIsNotFollowed()
+{
+    const auto owner = std::make_unique<WifiScene>();
+    WifiScene &scene = *owner;
+    scene.wifi.appear("Hall", 80);
+    scene.daemon.setSteps({{40, 0}, {50, 0}});
+    QVERIFY(scene.isUp && scene.startAndWait());
+    scene.join("Hall", "a password");
+    scene.join({}, ""); // takes its place, and cannot be joined
+    QVERIFY(scene.waitForReports(4));
+    QTRY_COMPARE(scene.daemon.calls().count(QStringLiteral("Delete")), 1);
+    QVERIFY(scene.daemon.profiles().isEmpty());
+}
+
+void TestLinuxWifiJoin::networkThatGoesInMidJoin()
+{
+    const auto owner = std::make_unique<WifiScene>();
+    WifiScene &scene = *owner;
+    const QString point = scene.wifi.appear("Hall", 80, FakeWifi::Sae);
+    scene.daemon.setSteps({{40, 0}, {50, 0}});
+    QVERIFY(scene.isUp && scene.startAndWait());
+    scene.join("Hall", "a password");
+    QTRY_COMPARE(scene.adapter().deviceState, 50U);
+    const WifiActs::Records *list = scene.scanned();
+    QVERIFY(list != nullptr);
+    QCOMPARE(int(list->front().needsPassword), 1); // it is not known before it is joined
+    QVERIFY(list->front().password.empty());
+    scene.wifi.vanish(point);
+    scene.daemon.setState(FakeWifi::interface(), Nm::Failed, Nm::NoSuchNetwork);
+    QVERIFY(scene.waitForReports(2));
+    QCOMPARE(scene.reports().at(1), int(SystemSet::WIFI_TIMEOUT));
+}
+
 void TestLinuxWifiJoin::deviceIsPulledOutInMidJoin()
 {
     const auto owner = std::make_unique<WifiScene>();
@@ -263,6 +298,7 @@ void TestLinuxWifiJoin::deviceIsPulledOutInMidJoin()
     QVERIFY(scene.isUp && scene.startAndWait());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
+    QVERIFY(!scene.wifi.isStored(scene.daemon.profiles().constFirst())); // whatever comes, it goes by itself
     scene.wifi.pullOut();
     QVERIFY(scene.waitForReports(2));
     QCOMPARE(scene.reports().at(1), int(SystemSet::WIFI_OFFLINE));
