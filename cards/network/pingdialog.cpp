@@ -39,9 +39,8 @@ QSizeF dialogSize()
 
 int fontPixelSize()
 {
-    // Qt knows no font of 0 pixels.
     return GlobalInfo::instance().hasFixedSizes() ? portraitFontPixelSize
-                                                  : qMax(1, static_cast<int>(referenceWidth() * fontFactor));
+                                                  : static_cast<int>(referenceWidth() * fontFactor);
 }
 
 } // namespace
@@ -62,10 +61,8 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     m_dialog->setEnableCloseButton(true);
     m_dialog->setClosePolicy(QQuickPopup::CloseOnEscape | QQuickPopup::CloseOnPressOutside);
 
-    QFont font = m_text->font();
-    font.setPixelSize(fontPixelSize());
-    m_text->setFont(font);
-    m_text->setColor(Palette::instance().focus());
+    m_text->setFont(textFont(fontPixelSize()));
+    m_text->setColor(Palette::instance().focus);
     m_text->setHAlign(QQuickText::AlignHCenter);
     m_text->setVAlign(QQuickText::AlignVCenter);
     m_text->setWrapMode(QQuickText::WordWrap);
