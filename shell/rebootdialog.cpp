@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "controls/dialog.h"
+#include "controls/dialogsize.h"
 #include "controls/modalshade.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/multilingualtext.h"
@@ -19,17 +20,14 @@ namespace {
 
 constexpr QSizeF leastSize(426.0, 243.0);
 constexpr qreal leastMargin = 12.0;
-constexpr qreal widthOfScreenWidth = 0.416015625;
 // What a finger in a glove finds.
 constexpr qreal leastButtonHeight = 60.0;
 
 // Like the other dialogs, but never too small for its buttons where the screen has the room.
-QSizeF dialogSize(const QQuickItem *root)
+QSizeF sizeOn(const QQuickItem *root)
 {
-    const qreal scale = GlobalInfo::instance().hasFixedSizes()
-                            ? 1.0
-                            : qMax(1.0, widthOfScreenWidth * root->width() / leastSize.width());
-    return (leastSize * scale)
+    return dialogSize(root->width())
+        .expandedTo(leastSize)
         .boundedTo({root->width() - 2.0 * leastMargin, root->height() - 2.0 * leastMargin});
 }
 
@@ -129,7 +127,7 @@ void RebootDialog::translateTitle()
 
 void RebootDialog::place()
 {
-    const QSizeF size = dialogSize(m_root);
+    const QSizeF size = sizeOn(m_root);
     // The height first: the body is fitted when the width changes.
     m_dialog->setHeight(size.height());
     m_dialog->setWidth(size.width());
