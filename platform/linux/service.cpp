@@ -33,7 +33,8 @@ Interfaces drivenInterfaces(const Root &root, const Config &config)
 } // namespace
 
 Service::Service(const Root &root, const QString &bus)
-    : m_config(configuration(root))
+    : m_isReadOnly(root.isReadOnly())
+    , m_config(configuration(root))
     , m_interfaces(drivenInterfaces(root, m_config))
     , m_mask(adapterMask(m_interfaces))
     , m_serialNumber(readSerialNumber(root, m_config))
@@ -52,6 +53,8 @@ Service::Service(const Root &root, const QString &bus)
     m_brightness = std::make_unique<Brightness>(root, m_config, keep);
     m_language = std::make_unique<LanguageFile>(root, m_config, keep);
     m_thread->start();
+    if (m_isReadOnly)
+        return; // a watch makes the directory of the file
     later([this] {
         auto *watch = new FileWatch(m_language->file(), m_worker);
         QObject::connect(watch, &FileWatch::changed, watch, [this] { m_language->readAgain(); });

@@ -27,6 +27,8 @@ public:
     Service(const Service &) = delete;
     Service &operator=(const Service &) = delete;
 
+    /// Whether nothing may be changed on this device.
+    bool isReadOnly() const { return m_isReadOnly; }
     /// The adapters that the panel has, as a mask.
     int adapters() const { return m_mask; }
     /// The place of one of them; nothing for what the panel does not have.
@@ -58,6 +60,7 @@ public:
     void endWorker();
 
 private:
+    bool m_isReadOnly;
     Config m_config;
     Interfaces m_interfaces;
     int m_mask;

@@ -20,7 +20,9 @@ bool SystemSet::isNicEnabled(NIC nic) const
 void SystemSet::enableNIC(NIC nic, bool enable, bool persist)
 {
     const std::optional<std::size_t> place = d->service.place(nic);
-    if (!place || isNicEnabled(nic) == enable)
+    if (!place || isNicEnabled(nic) == enable ||
+        d->onlyTells(QStringLiteral("switch %1 %2")
+                         .arg(nameOf(nic), enable ? QStringLiteral("on") : QStringLiteral("off"))))
         return;
     d->service.wish(*place, persist, [enable](Wish &wish) { wish.enabled = enable; });
     d->service.later([this, place] { d->service.worker().network().writer(*place)->writeEnabled(); });
@@ -42,7 +44,7 @@ SystemSet::NIC SystemSet::getDefaultNIC() const
 void SystemSet::setDefaultNIC(NIC nic, bool)
 {
     const std::optional<std::size_t> chosen = d->service.place(nic);
-    if (!chosen)
+    if (!chosen || d->onlyTells(QStringLiteral("make %1 the default adapter").arg(nameOf(nic))))
         return;
     for (const NIC other : Adapters) {
         const std::optional<std::size_t> place = d->service.place(other);

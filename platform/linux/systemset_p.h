@@ -23,6 +23,9 @@ struct SystemSet::Private {
 
     static void endWithApplication();
 
+    /// Whether nothing may be changed on this device; then it tells @p what would have been done.
+    bool onlyTells(const QString &what) const;
+
     HmiLinux::Service service;
     std::atomic<VPNServer> vpnServer{ASIA};
 };
