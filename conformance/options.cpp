@@ -160,7 +160,7 @@ contract of the settings screen, in a process of its own.
   --read-only          only what changes nothing
   --patience SECONDS   wait no longer for a report (60)
   --limit SECONDS      a library that keeps a check from going on for so long hangs (30)
-  --settle SECONDS     ask nothing for so long after the service was started (0)
+  --settle SECONDS     give the service so long, at most, to read its panel (0)
   --tap FILE           write the results as TAP, too
   --junit FILE         write the results as JUnit XML, too
   --help               show this

@@ -15,12 +15,14 @@ PROGRAM, LIBRARY = map(os.path.abspath, sys.argv[1:3])
 RESULT = re.compile(r"^(pass|cannot comply|WARNING|FAILURE|skipped) +([a-z0-9]+)\.([a-z0-9-]+)( \w+)?$", re.MULTILINE)
 
 
-def run(*arguments, mutant=None, state=None):
+def run(*arguments, mutant=None, state=None, scenario=None):
     environment = dict(os.environ)
     if mutant:
         environment["PANEL_MUTANT"] = mutant
     if state:
         environment["PANEL_STATE"] = str(state)
+    if scenario:
+        environment["PANEL_SCENARIO"] = str(scenario)
     return subprocess.run([PROGRAM, *map(str, arguments)], env=environment, capture_output=True, text=True, check=False)
 
 
@@ -75,6 +77,20 @@ class Options(unittest.TestCase):
         done = subprocess.run([PROGRAM, "--group", "language", os.path.basename(LIBRARY)], cwd=os.path.dirname(LIBRARY),
                               capture_output=True, text=True, check=False)
         self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_settling(self):
+        # Far longer than the test may take: it goes on once the service has read its panel.
+        done = run("--settle", "3600", "--group", "adapters", LIBRARY, mutant="neutral-at-first")
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertIn("LAN0", {adapter.strip() for *_, adapter in results_of(done)})
+
+    def test_settling_has_an_end(self):
+        # A panel without adapters never tells anything of one. Waiting is no hanging, either.
+        scenario = os.path.join(os.path.dirname(__file__), "../../platform/simulator/scenarios/no-adapter.json")
+        done = run("--settle", "2", "--limit", "1", "--group", "language", LIBRARY, scenario=scenario)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 2 s\n")
+        self.assertIn("language.switching", done.stdout)
 
     def test_missing_library(self):
         done = run("/nowhere/libhmisystemset.so")
