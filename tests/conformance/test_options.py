@@ -52,6 +52,7 @@ class Options(unittest.TestCase):
         self.assertNotIn("wifi.scan", listing.stdout)
         for arguments in (["--group", "keys", LIBRARY], ["--keyboard", "--group", "wifi", LIBRARY],
                           ["--keyboard", "--read-only", LIBRARY], ["--keyboard", "--adapters", "lan0", LIBRARY],
+                          ["--keyboard", "--settle", "3", LIBRARY], ["--keyboard", "--patience", "3", LIBRARY],
                           ["--keyboard"]):
             self.assertEqual(run(*arguments).returncode, 2, arguments)
 
