@@ -206,6 +206,9 @@ void Sequence::make(const CheckInfo &info, SystemSet::NIC adapter, const Functio
 void Sequence::rememberPanel(Check &check)
 {
     Settings settings = Settings::read();
+    // A service that has not read its panel yet would have that written into it at the end.
+    if (!settings.adapters.empty() && settings.isNeutral())
+        check.warned("the service", "something of an adapter", "nothing; --settle gives it time");
     if (changesWifi())
         settings.addPassword(check);
     m_witness.keep(settings.encoded());

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """What the program makes of its command line: test_options.py PROGRAM LIBRARY"""
 
+import json
 import os
 import pathlib
 import re
@@ -92,6 +93,18 @@ class Options(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 2 s\n")
         self.assertIn("language.switching", done.stdout)
+
+    def test_a_panel_of_which_nothing_is_known_is_told(self):
+        # It would be made so in the end, whatever it is like.
+        nothing = {"ip": "0.0.0.0", "mask": "0.0.0.0", "gateway": "0.0.0.0"}
+        adapter = {"enabled": False, "dhcp": False, "stored": nothing,
+                   "dns": {"preferred": "0.0.0.0", "alternate": "0.0.0.0"}}
+        with tempfile.TemporaryDirectory() as directory:
+            scenario = pathlib.Path(directory, "neutral.json")
+            scenario.write_text(json.dumps({"adapters": {"LAN0": adapter}}), encoding="utf-8")
+            done = run("--read-only", "--group", "language", LIBRARY, scenario=scenario)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertRegex(done.stdout, r"WARNING +life.answers\n(.*\n)*.*expected: something of an adapter.*--settle")
 
     def test_missing_library(self):
         done = run("/nowhere/libhmisystemset.so")
