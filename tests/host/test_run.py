@@ -36,6 +36,9 @@ WRONG = (
     ["--tour", "somewhere", "--open"],
     ["--tour", "somewhere", "--hide-cards", "dns"],
     ["--hide-cards"],
+    ["--theme"],
+    ["--theme", "accent"],
+    ["--theme", "accent=,text=#000000"],
     ["--strict=yes"],
 )
 
@@ -83,6 +86,7 @@ class Run(unittest.TestCase):
             "--library": ["libpanelsettings.so"],
             "--tour": ["somewhere"],
             "--hide-cards": ["buzzer,dns"],
+            "--theme": ["accent=#007A5A,font=DejaVu Sans"],
         }
         _, told, _ = hostprocess.run("--help")
         names = re.findall(r"^  (--[\w-]+)", told, re.MULTILINE)
