@@ -139,10 +139,6 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
         *error = QStringLiteral("--tour: goes without --open, it begins on the operator's page");
         return std::nullopt;
     }
-    if (options.isTour() && !options.hiddenCards.isEmpty()) {
-        *error = QStringLiteral("--tour: goes without --hide-cards, it visits every card");
-        return std::nullopt;
-    }
     return options;
 }
 

@@ -61,7 +61,6 @@ class Options(unittest.TestCase):
     def test_tour_and_vnc(self):
         self.assert_refused(["--tour", "somewhere", "--vnc"], "--tour")
         self.assert_refused(["--tour", "somewhere", "--open"], "--tour")
-        self.assert_refused(["--tour", "somewhere", "--hide-cards", "dns"], "--tour")
 
     def test_help(self):
         code, out, err = run("--help")

@@ -34,7 +34,6 @@ WRONG = (
     ["--vnc=http"],
     ["--tour", "somewhere", "--vnc"],
     ["--tour", "somewhere", "--open"],
-    ["--tour", "somewhere", "--hide-cards", "dns"],
     ["--hide-cards"],
     ["--theme"],
     ["--theme", "accent"],

@@ -77,6 +77,16 @@ class Components(unittest.TestCase):
                 own_directories = {LIBRARIES, STANDINS} | ({LIBRARIES / "panelsettings/linux"} if name == SERVICE else set())
                 self.assertEqual(found, {pathlib.Path("usr", place) for place in own_directories})
 
+    def test_links_of_the_pages_lead_somewhere(self):
+        """Whoever has the installation alone has no sources to look into."""
+        links = 0
+        for page in (installation.PREFIX / DOCUMENTS).rglob("*.md"):
+            text = re.sub(r"^```.*?^```", "", page.read_text(encoding="utf-8"), flags=re.MULTILINE | re.DOTALL)
+            for link in re.findall(r"\]\(([^)#\s]+)[^)]*\)", text):
+                links += 1
+                self.assertTrue("://" in link or (page.parent / link).exists(), f"{page}: {link}")
+        self.assertGreater(links, 20)
+
     def test_paths_are_nobodys_machine(self):
         """What hosts are built with serves under any prefix."""
         for file in installation.files_of(installation.PREFIX):
