@@ -5,6 +5,7 @@
 #include "shell/base/theme.h"
 
 #include <QtCore/QObject>
+#include <QtGui/QFont>
 
 namespace QSP {
 
