@@ -89,9 +89,9 @@ class Options(unittest.TestCase):
     def test_settling_has_an_end(self):
         # A panel without adapters never tells anything of one. Waiting is no hanging, either.
         scenario = os.path.join(os.path.dirname(__file__), "../../platform/simulator/scenarios/no-adapter.json")
-        done = run("--settle", "2", "--limit", "1", "--group", "language", LIBRARY, scenario=scenario)
+        done = run("--settle", "4", "--limit", "3", "--group", "language", LIBRARY, scenario=scenario)
         self.assertEqual(done.returncode, 0, done.stdout)
-        self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 2 s\n")
+        self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 4 s\n")
         self.assertIn("language.switching", done.stdout)
 
     def test_a_panel_of_which_nothing_is_known_is_told(self):
