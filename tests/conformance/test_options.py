@@ -67,6 +67,12 @@ class Options(unittest.TestCase):
         done = run("--group", "ping,dns", "--adapters", "lan0,WIFI", LIBRARY)
         self.assertEqual({adapter.strip() for *_, adapter in results_of(done)} - {""}, {"LAN0", "WIFI"})
 
+    def test_requests_keep_to_the_adapters(self):
+        for adapters, mutant, code in (("vpn", "ping-silent", 1), ("lan0", "ping-silent", 0),
+                                       ("wifi", "scan-blocks", 1), ("lan0", "scan-blocks", 0)):
+            done = run("--group", "requests", "--adapters", adapters, "--patience", "2", LIBRARY, mutant=mutant)
+            self.assertEqual(done.returncode, code, (adapters, mutant, done.stdout))
+
     def test_read_only_changes_nothing(self):
         listing = run("--list").stdout
         changing = {line.split()[0] for line in listing.splitlines() if line.split()[1] == "changes"}
