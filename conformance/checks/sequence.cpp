@@ -231,10 +231,11 @@ void Sequence::leaveRequests() const
 {
     // So that the service ends while something is under way.
     for (const AdapterName &adapter : AdapterNames) {
-        if (has(adapter.nic))
+        if ((m_adapters & m_order.adapters & adapter.nic) != 0)
             askForPing(adapter.nic);
     }
-    askForScan();
+    if ((m_order.adapters & SystemSet::WIFI) != 0)
+        askForScan();
 }
 
 } // namespace Conformance

@@ -29,7 +29,9 @@ private slots:
 
 namespace {
 
-constexpr std::chrono::milliseconds Limit{500};
+// Nobody hangs who is merely slow on a machine that does much else.
+constexpr std::chrono::milliseconds Long{60000};
+constexpr std::chrono::milliseconds Short{2000};
 
 Result resultOf(const char *group, const char *name)
 {
@@ -54,10 +56,10 @@ void endWell(Witness &witness)
 }
 
 /// The titles of the results, and what they are if they have not passed.
-QString outcomeOf(const Judge::Work &work)
+QString outcomeOf(const Judge::Work &work, std::chrono::milliseconds limit = Long)
 {
     std::ostringstream out;
-    Judge judge("lib.so", Limit, out);
+    Judge judge("lib.so", limit, out);
     QStringList titles;
     for (const Result &result : judge.judge(work).results()) {
         QString title = QString::fromStdString(result.title());
@@ -128,11 +130,11 @@ void TestJudge::aLibraryThatCannotBeLoadedIsTheEnd()
 
 void TestJudge::aHangBetweenChecksFails()
 {
-    QCOMPARE(outcomeOf([](const Past &past, Witness &witness) {
-                 make(past, witness, "first");
-                 std::this_thread::sleep_for(std::chrono::hours(1));
-             }),
-             QStringLiteral("dns.first, life.end: it has hung for 500 ms"));
+    const auto work = [](const Past &past, Witness &witness) {
+        make(past, witness, "first");
+        std::this_thread::sleep_for(std::chrono::hours(1));
+    };
+    QCOMPARE(outcomeOf(work, Short), QStringLiteral("dns.first, life.end: it has hung for 2000 ms"));
 }
 
 void TestJudge::theRestIsMadeAfterADeathBetweenChecks()

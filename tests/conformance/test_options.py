@@ -67,6 +67,12 @@ class Options(unittest.TestCase):
         done = run("--group", "ping,dns", "--adapters", "lan0,WIFI", LIBRARY)
         self.assertEqual({adapter.strip() for *_, adapter in results_of(done)} - {""}, {"LAN0", "WIFI"})
 
+    def test_requests_keep_to_the_adapters(self):
+        for adapters, mutant, code in (("vpn", "ping-silent", 1), ("lan0", "ping-silent", 0),
+                                       ("wifi", "scan-blocks", 1), ("lan0", "scan-blocks", 0)):
+            done = run("--group", "requests", "--adapters", adapters, "--patience", "2", LIBRARY, mutant=mutant)
+            self.assertEqual(done.returncode, code, (adapters, mutant, done.stdout))
+
     def test_read_only_changes_nothing(self):
         listing = run("--list").stdout
         changing = {line.split()[0] for line in listing.splitlines() if line.split()[1] == "changes"}
@@ -89,9 +95,9 @@ class Options(unittest.TestCase):
     def test_settling_has_an_end(self):
         # A panel without adapters never tells anything of one. Waiting is no hanging, either.
         scenario = os.path.join(os.path.dirname(__file__), "../../platform/simulator/scenarios/no-adapter.json")
-        done = run("--settle", "2", "--limit", "1", "--group", "language", LIBRARY, scenario=scenario)
+        done = run("--settle", "4", "--limit", "3", "--group", "language", LIBRARY, scenario=scenario)
         self.assertEqual(done.returncode, 0, done.stdout)
-        self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 2 s\n")
+        self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 4 s\n")
         self.assertIn("language.switching", done.stdout)
 
     def test_a_panel_of_which_nothing_is_known_is_told(self):
