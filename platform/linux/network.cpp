@@ -30,6 +30,15 @@ Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObje
     connect(&m_quiet, &QTimer::timeout, this, &Network::publish);
     connect(&m_mirror, &ObjectMirror::changed, this, &Network::mirrorChanged);
     connect(&m_book, &ProfileBook::changed, this, &Network::note);
+    const QString &modem = interfaces.at(*placeOf(HMI::SystemSet::MOBILE_4G));
+    if (!modem.isEmpty()) {
+        m_modem = std::make_unique<Modem>(modem, this);
+        connect(m_modem.get(), &Modem::changed, this, [this] {
+            // Until then nothing is known of the other adapters, which is not the same as that they are not there.
+            if (m_state->read()->round > 0)
+                note();
+        });
+    }
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
         const HMI::SystemSet::NIC nic = Adapters.at(place);
         const bool isWired = nic == HMI::SystemSet::LAN0 || nic == HMI::SystemSet::LAN1;
@@ -55,12 +64,16 @@ void Network::attach(const QDBusConnection &bus)
             writer->attach(bus);
     }
     m_mirror.attach(bus);
+    if (m_modem)
+        m_modem->attach(bus);
 }
 
 void Network::detach()
 {
     m_mirror.detach();
     m_book.detach();
+    if (m_modem)
+        m_modem->detach();
     for (AdapterWriter *writer : m_writers) {
         if (writer != nullptr)
             writer->attach(QDBusConnection(QString()));
@@ -123,9 +136,11 @@ void Network::publish()
     const NetworkReading reading(m_mirror, m_book);
     std::array<AdapterState, Adapters.size()> adapters;
     for (std::size_t place = 0; place < adapters.size(); ++place)
-        adapters.at(place) = reading.adapter(Adapters.at(place), m_interfaces.at(place));
-    m_state->change([this, &adapters](Snapshot &snapshot) {
+        adapters.at(place) = reading.adapter(Adapters.at(place), daemonName(place));
+    const ModemState modem = m_modem ? m_modem->state() : ModemState();
+    m_state->change([this, &adapters, modem](Snapshot &snapshot) {
         snapshot.adapters = adapters;
+        snapshot.modem = modem;
         ++snapshot.round;
         for (std::size_t place = 0; place < adapters.size(); ++place) {
             // A wish that came after is still to be done.
@@ -138,6 +153,13 @@ void Network::publish()
             writer->published();
     }
     emit published();
+}
+
+QString Network::daemonName(std::size_t place) const
+{
+    // A modem is called by the port over which it is commanded, not by the one of its network.
+    return Adapters.at(place) == HMI::SystemSet::MOBILE_4G && m_modem ? m_modem->port()
+                                                                      : m_interfaces.at(place);
 }
 
 } // namespace HmiLinux

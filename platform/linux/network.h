@@ -2,6 +2,7 @@
 
 #include "linux/adapterwriter.h"
 #include "linux/interfaces.h"
+#include "linux/modem.h"
 #include "linux/objectmirror.h"
 #include "linux/profilebook.h"
 
@@ -41,11 +42,14 @@ private:
     void mirrorChanged();
     void note();
     void publish();
+    /// What the daemon calls the interface of an adapter; empty while it has none.
+    QString daemonName(std::size_t place) const;
 
     Interfaces m_interfaces;
     Published<Snapshot> *m_state;
     ObjectMirror m_mirror;
     ProfileBook m_book;
+    std::unique_ptr<Modem> m_modem; ///< null on a panel without
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
     QTimer m_quiet;

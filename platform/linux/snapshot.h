@@ -1,5 +1,6 @@
 #pragma once
 
+#include "linux/modemstate.h"
 #include "linux/profile.h"
 
 #include <array>
@@ -53,6 +54,7 @@ struct AdapterState {
 struct Snapshot {
     std::array<AdapterState, Adapters.size()> adapters;
     std::array<Wish, Adapters.size()> wishes;
+    ModemState modem;
     int round = 0; ///< readings of the daemon so far
 
     /// What is set, or will be when the daemon has done as asked.
