@@ -103,6 +103,7 @@ std::vector<Key> makeKeys()
         key("adapters", "VPN", adapter(SystemSet::VPN)),
         key("ping", "target", takePingTarget),
         key("ping", "timeout", number(&Config::pingTimeout, 100, 14000)),
+        key("mobile", "apn", text(&Config::apn)),
         key("vpn", "Asia", text(&Config::vpnAsia)),
         key("vpn", "Europe", text(&Config::vpnEurope)),
         key("backlight", "device", takeBacklight),

@@ -20,6 +20,7 @@ struct Config {
     };
     QString pingTarget = QStringLiteral("gateway"); ///< or an IPv4 address
     int pingTimeout = 3000;                         ///< milliseconds
+    QString apn = QStringLiteral("auto");           ///< of 4G; or a name
     QString vpnAsia;                                ///< id of a stored connection
     QString vpnEurope;
     QString backlight = QStringLiteral("auto"); ///< a name in /sys/class/backlight

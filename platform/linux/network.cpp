@@ -1,5 +1,7 @@
 #include "linux/network.h"
 
+#include "linux/config.h"
+#include "linux/modemprofile.h"
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
 
@@ -14,9 +16,26 @@ constexpr int g_quietTime = 20;
 // Signals that never end must not keep the screen from what they say.
 constexpr int g_longestSilence = 200;
 
+/// What a new profile of an adapter begins with; nothing for one that is not set up through profiles of the panel.
+std::optional<Sections> blankProfile(HMI::SystemSet::NIC nic, const Config &config, const QString &interface)
+{
+    switch (nic) {
+    case HMI::SystemSet::LAN0:
+    case HMI::SystemSet::LAN1:
+        return newWiredSettings(nameOf(nic), interface);
+    case HMI::SystemSet::MOBILE_4G:
+        return newModemSettings(nameOf(nic), config.apn);
+    case HMI::SystemSet::WIFI:
+    case HMI::SystemSet::VPN:
+        break;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
-Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent)
+Network::Network(const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
+                 QObject *parent)
     : QObject(parent)
     , m_interfaces(interfaces)
     , m_state(state)
@@ -40,11 +59,10 @@ Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObje
         });
     }
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
-        const HMI::SystemSet::NIC nic = Adapters.at(place);
-        const bool isWired = nic == HMI::SystemSet::LAN0 || nic == HMI::SystemSet::LAN1;
-        if (!isWired || interfaces.at(place).isEmpty())
+        const std::optional<Sections> blank = blankProfile(Adapters.at(place), config, interfaces.at(place));
+        if (!blank || interfaces.at(place).isEmpty())
             continue;
-        auto *writer = new AdapterWriter(place, interfaces.at(place), m_state, &m_book, this);
+        auto *writer = new AdapterWriter(place, *blank, m_state, &m_book, this);
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
             m_settled.at(place) = number;
             publish();
@@ -158,8 +176,9 @@ void Network::publish()
 QString Network::daemonName(std::size_t place) const
 {
     // A modem is called by the port over which it is commanded, not by the one of its network.
-    return Adapters.at(place) == HMI::SystemSet::MOBILE_4G && m_modem ? m_modem->port()
-                                                                      : m_interfaces.at(place);
+    const bool isModem = m_modem && Adapters.at(place) == HMI::SystemSet::MOBILE_4G;
+    const QString port = isModem ? m_modem->port() : QString();
+    return port.isEmpty() ? m_interfaces.at(place) : port;
 }
 
 } // namespace HmiLinux

@@ -11,6 +11,8 @@
 
 namespace HmiLinux {
 
+struct Config;
+
 /// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
 /// wishes. Lives on the thread of the service, whose event loop it needs.
 class Network : public QObject
@@ -18,7 +20,8 @@ class Network : public QObject
     Q_OBJECT
 
 public:
-    Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent = nullptr);
+    Network(const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
+            QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
     void detach();
@@ -42,7 +45,7 @@ private:
     void mirrorChanged();
     void note();
     void publish();
-    /// What the daemon calls the interface of an adapter; empty while it has none.
+    /// What the daemon calls the interface of an adapter; empty on a panel without.
     QString daemonName(std::size_t place) const;
 
     Interfaces m_interfaces;

@@ -44,6 +44,9 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
         readLive(&state);
     }
     state.values = valuesOf(state);
+    // A port without a profile takes whatever fits; a modem without one connects to nothing.
+    if (nic == HMI::SystemSet::MOBILE_4G && state.profile.isEmpty() && state.activeProfile.isEmpty())
+        state.values.enabled = false;
     return state;
 }
 
@@ -60,6 +63,8 @@ QString NetworkReading::deviceOf(const QString &interface) const
 void NetworkReading::readDevice(AdapterState *state) const
 {
     state->deviceState = m_mirror.property(state->device, Nm::device(), QStringLiteral("State")).toUInt();
+    state->interface =
+        m_mirror.property(state->device, Nm::device(), QStringLiteral("IpInterface")).toString();
     // Up to 1.22 the address was told by the kind of the device alone.
     QVariant mac = m_mirror.property(state->device, Nm::device(), QStringLiteral("HwAddress"));
     if (!mac.isValid())

@@ -173,21 +173,28 @@ Sections withValues(Sections settings, const ProfileValues &values)
     return settings;
 }
 
-Sections newWiredSettings(const QString &adapter, const QString &interface)
+Sections newSettings(const QString &adapter, const QString &type)
 {
     Sections settings;
     QVariantMap &connection = settings[QStringLiteral("connection")];
     connection.insert(QStringLiteral("id"), QStringLiteral("Panel ") + adapter);
     connection.insert(QStringLiteral("uuid"), profileUuid(adapter));
-    connection.insert(QStringLiteral("type"), QStringLiteral("802-3-ethernet"));
-    connection.insert(QStringLiteral("interface-name"), interface);
+    connection.insert(QStringLiteral("type"), type);
     connection.insert(QStringLiteral("autoconnect-priority"), g_priority);
     // A server that is silent when the panel starts is asked again, for as long as it takes.
     connection.insert(QStringLiteral("autoconnect-retries"), 0);
-    settings[QStringLiteral("802-3-ethernet")];
-    settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
     // Nothing here is set for IPv6. Waited for, it would fail an adapter without an IPv4 address where no router is.
     settings[QStringLiteral("ipv6")].insert(QStringLiteral("method"), QStringLiteral("ignore"));
+    return settings;
+}
+
+Sections newWiredSettings(const QString &adapter, const QString &interface)
+{
+    const QString type = QStringLiteral("802-3-ethernet");
+    Sections settings = newSettings(adapter, type);
+    settings[QStringLiteral("connection")].insert(QStringLiteral("interface-name"), interface);
+    settings[type];
+    settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
     return settings;
 }
 

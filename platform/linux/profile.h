@@ -37,6 +37,8 @@ Profile readProfile(const QString &path, const Sections &settings);
 /// Settings with @p values in place of what they said; all else in them stays.
 Sections withValues(Sections settings, const ProfileValues &values);
 
+/// What the settings of each new profile of this panel have in common.
+Sections newSettings(const QString &adapter, const QString &type);
 /// The settings of a new profile for a wired adapter of this panel.
 Sections newWiredSettings(const QString &adapter, const QString &interface);
 

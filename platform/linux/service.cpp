@@ -25,7 +25,7 @@ Config configuration(const Root &root)
 Interfaces drivenInterfaces(const Root &root, const Config &config)
 {
     Interfaces interfaces = chooseInterfaces(root, config);
-    for (const SystemSet::NIC nic : {SystemSet::WIFI, SystemSet::MOBILE_4G, SystemSet::VPN})
+    for (const SystemSet::NIC nic : {SystemSet::WIFI, SystemSet::VPN})
         interfaces.at(*placeOf(nic)).clear();
     return interfaces;
 }

@@ -45,6 +45,7 @@ struct AdapterState {
     bool carriesDefaultRoute = false;
     // For who writes, not for who reads.
     uint deviceState = 0;
+    QString interface;     ///< the one that packets take; empty when it is not told
     QString device;        ///< path
     QString activeProfile; ///< path; empty when none is in force
     QString profile;       ///< path of the panel's own; empty until it is made

@@ -42,12 +42,12 @@ SystemSet::NIC SystemSet::getDefaultNIC() const
 void SystemSet::setDefaultNIC(NIC nic, bool)
 {
     const std::optional<std::size_t> chosen = d->service.place(nic);
-    if (!chosen)
-        return;
+    if (!chosen || nic == VPN)
+        return; // the tunnel's routes are those that its server hands out
     for (const NIC other : Adapters) {
         const std::optional<std::size_t> place = d->service.place(other);
         const bool isChosen = place == chosen;
-        if (!place || d->service.snapshot()->values(*place).isDefault == isChosen)
+        if (!place || other == VPN || d->service.snapshot()->values(*place).isDefault == isChosen)
             continue;
         d->service.wish(*place, true, [isChosen](Wish &wish) { wish.isDefault = isChosen; });
         d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });

@@ -30,7 +30,7 @@ QString FakeModemManager::modemPath(int number)
 
 void FakeModemManager::addModem(const QString &interface, int number)
 {
-    const QString port = QStringLiteral("cdc-wdm%1").arg(number);
+    const QString port = QStringLiteral("ttyUSB%1").arg(number);
     const ModemPorts ports{{port, g_command}, {interface, g_network}};
     add(modemPath(number), {{Mm::modem(),
                              {{QStringLiteral("State"), int(Mm::Disabled)},

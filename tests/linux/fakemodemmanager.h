@@ -13,7 +13,7 @@ public:
     bool publish(const QString &address);
 
     static QString modemPath(int number = 0);
-    /// A modem commanded over cdc-wdm0, whose network is the interface given.
+    /// A modem commanded over ttyUSB0, whose network is the interface given.
     void addModem(const QString &interface = QStringLiteral("wwan0"), int number = 0);
     void setState(int state, uint failedReason = 0);
     void setSignal(uint percent);

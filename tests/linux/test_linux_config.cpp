@@ -57,6 +57,7 @@ void TestLinuxConfig::sampleSaysTheDefaults()
     QVERIFY(sample.adapters == defaults.adapters);
     QCOMPARE(sample.pingTarget, defaults.pingTarget);
     QCOMPARE(sample.pingTimeout, defaults.pingTimeout);
+    QCOMPARE(sample.apn, defaults.apn);
     QCOMPARE(sample.backlight, defaults.backlight);
     QCOMPARE(sample.backlightMinimum, defaults.backlightMinimum);
     QCOMPARE(sample.buzzer, defaults.buzzer);
@@ -72,6 +73,7 @@ void TestLinuxConfig::everyKeyIsRead()
     const Config config =
         read("; other comment\n[adapters]\nLAN0=eth7\nLAN1 = none\nWIFI=wlan3\nMOBILE_4G=wwan1\nVPN=wg0\n"
              "[ping]\ntarget=192.0.2.1\ntimeout=500\n"
+             "[mobile]\napn=internet.plant\n"
              "[vpn]\nAsia=asia office\nEurope=europe\n"
              "[backlight]\ndevice=lcd\nminimum=9\n"
              "[buzzer]\ndevice=/sys/class/gpio/gpio4/value\nfrequency=440\nduration=7\n"
@@ -85,6 +87,7 @@ void TestLinuxConfig::everyKeyIsRead()
     QCOMPARE(config.adapters.at(SystemSet::VPN), QStringLiteral("wg0"));
     QCOMPARE(config.pingTarget, QStringLiteral("192.0.2.1"));
     QCOMPARE(config.pingTimeout, 500);
+    QCOMPARE(config.apn, QStringLiteral("internet.plant"));
     QCOMPARE(config.vpnAsia, QStringLiteral("asia office"));
     QCOMPARE(config.vpnEurope, QStringLiteral("europe"));
     QCOMPARE(config.backlight, QStringLiteral("lcd"));

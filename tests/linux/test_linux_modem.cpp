@@ -76,10 +76,10 @@ void TestLinuxModem::start(const QString &interface)
 void TestLinuxModem::modemIsFoundByEachOfItsPorts()
 {
     QVERIFY(publish());
-    for (const QString &interface : {text("wwan0"), text("cdc-wdm0")}) {
+    for (const QString &interface : {text("wwan0"), text("ttyUSB0")}) {
         start(interface);
         QCOMPARE(m_modem->port(), QString()); // before it has answered
-        QTRY_COMPARE(m_modem->port(), text("cdc-wdm0"));
+        QTRY_COMPARE(m_modem->port(), text("ttyUSB0"));
         QCOMPARE(m_modem->state().state, int(Mm::Disabled));
     }
 }
@@ -89,7 +89,7 @@ void TestLinuxModem::modemOfAnotherInterfaceIsNotOurs()
     QVERIFY(publish());
     m_daemon->addModem(text("wwan7"), 1);
     start(text("wwan7"));
-    QTRY_COMPARE(m_modem->port(), text("cdc-wdm1"));
+    QTRY_COMPARE(m_modem->port(), text("ttyUSB1"));
     m_daemon->setState(Mm::Registered);
     m_daemon->setSignal(80);
     m_daemon->remove(FakeModemManager::modemPath(1));
@@ -168,12 +168,12 @@ void TestLinuxModem::modemGoesAndComes()
 {
     QVERIFY(publish());
     start();
-    QTRY_COMPARE(m_modem->port(), text("cdc-wdm0"));
+    QTRY_COMPARE(m_modem->port(), text("ttyUSB0"));
     for (int i = 0; i < 3; ++i) {
         m_daemon->remove(FakeModemManager::modemPath());
         QTRY_COMPARE(m_modem->port(), QString());
         m_daemon->addModem();
-        QTRY_COMPARE(m_modem->port(), text("cdc-wdm0"));
+        QTRY_COMPARE(m_modem->port(), text("ttyUSB0"));
     }
 }
 
@@ -200,7 +200,7 @@ void TestLinuxModem::daemonThatComesLater()
     QTRY_VERIFY(!changes.isEmpty());
     QCOMPARE(m_modem->port(), QString());
     QVERIFY(publish());
-    QTRY_COMPARE(m_modem->port(), text("cdc-wdm0"));
+    QTRY_COMPARE(m_modem->port(), text("ttyUSB0"));
 }
 
 PANEL_TEST_MAIN(TestLinuxModem)
