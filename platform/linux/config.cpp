@@ -106,6 +106,7 @@ std::vector<Key> makeKeys()
         key("mobile", "apn", text(&Config::apn)),
         key("vpn", "Asia", text(&Config::vpnAsia)),
         key("vpn", "Europe", text(&Config::vpnEurope)),
+        key("vpn", "retry", number(&Config::vpnRetry, 1, 3600)),
         key("backlight", "device", takeBacklight),
         key("backlight", "minimum", number(&Config::backlightMinimum, 1, 65535)),
         key("buzzer", "device", path(&Config::buzzer, {automatic, none})),

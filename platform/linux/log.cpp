@@ -11,5 +11,6 @@ Q_LOGGING_CATEGORY(networkLog, "panelsettings.linux.network", QtInfoMsg)
 Q_LOGGING_CATEGORY(pingLog, "panelsettings.linux.ping", QtInfoMsg)
 Q_LOGGING_CATEGORY(powerLog, "panelsettings.linux.power", QtInfoMsg)
 Q_LOGGING_CATEGORY(profileLog, "panelsettings.linux.profiles", QtInfoMsg)
+Q_LOGGING_CATEGORY(vpnLog, "panelsettings.linux.vpn", QtInfoMsg)
 
 } // namespace HmiLinux

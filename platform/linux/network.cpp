@@ -4,6 +4,7 @@
 #include "linux/modemprofile.h"
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
+#include "linux/vpntunnel.h"
 
 #include <algorithm>
 
@@ -34,8 +35,8 @@ std::optional<Sections> blankProfile(HMI::SystemSet::NIC nic, const Config &conf
 
 } // namespace
 
-Network::Network(const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
-                 QObject *parent)
+Network::Network(const Root &root, const Config &config, const Interfaces &interfaces,
+                 Published<Snapshot> *state, QObject *parent)
     : QObject(parent)
     , m_interfaces(interfaces)
     , m_state(state)
@@ -54,6 +55,13 @@ Network::Network(const Config &config, const Interfaces &interfaces, Published<S
         m_modem = std::make_unique<Modem>(modem, this);
         connect(m_modem.get(), &Modem::changed, this, [this] {
             // Until then nothing is known of the other adapters, which is not the same as that they are not there.
+            if (m_state->read()->round > 0)
+                note();
+        });
+    }
+    if (!interfaces.at(*placeOf(HMI::SystemSet::VPN)).isEmpty()) {
+        m_vpn = new VpnTunnel(root, config, m_state, &m_mirror, &m_book, this);
+        connect(m_vpn, &VpnTunnel::changed, this, [this] {
             if (m_state->read()->round > 0)
                 note();
         });
@@ -81,6 +89,8 @@ void Network::attach(const QDBusConnection &bus)
         if (writer != nullptr)
             writer->attach(bus);
     }
+    if (m_vpn != nullptr)
+        m_vpn->attach(bus);
     m_mirror.attach(bus);
     if (m_modem)
         m_modem->attach(bus);
@@ -92,6 +102,8 @@ void Network::detach()
     m_book.detach();
     if (m_modem)
         m_modem->detach();
+    if (m_vpn != nullptr)
+        m_vpn->attach(QDBusConnection(QString()));
     for (AdapterWriter *writer : m_writers) {
         if (writer != nullptr)
             writer->attach(QDBusConnection(QString()));
@@ -132,6 +144,8 @@ void Network::mirrorChanged()
             if (writer != nullptr)
                 writer->interrupt();
         }
+        if (m_vpn != nullptr)
+            m_vpn->interrupt();
     }
     m_wasComplete = m_mirror.isComplete();
     note();
@@ -155,10 +169,17 @@ void Network::publish()
     std::array<AdapterState, Adapters.size()> adapters;
     for (std::size_t place = 0; place < adapters.size(); ++place)
         adapters.at(place) = reading.adapter(Adapters.at(place), daemonName(place));
+    VpnLinks links = {};
+    if (m_vpn != nullptr) {
+        m_vpn->follow();
+        adapters.at(*placeOf(HMI::SystemSet::VPN)) = reading.tunnel(m_vpn->active());
+        links = m_vpn->links();
+    }
     const ModemState modem = m_modem ? m_modem->state() : ModemState();
-    m_state->change([this, &adapters, modem](Snapshot &snapshot) {
+    m_state->change([this, &adapters, modem, links](Snapshot &snapshot) {
         snapshot.adapters = adapters;
         snapshot.modem = modem;
+        snapshot.vpnLinks = links;
         ++snapshot.round;
         for (std::size_t place = 0; place < adapters.size(); ++place) {
             // A wish that came after is still to be done.

@@ -12,6 +12,8 @@
 namespace HmiLinux {
 
 struct Config;
+class Root;
+class VpnTunnel;
 
 /// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
 /// wishes. Lives on the thread of the service, whose event loop it needs.
@@ -20,7 +22,7 @@ class Network : public QObject
     Q_OBJECT
 
 public:
-    Network(const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
+    Network(const Root &root, const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
             QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
@@ -28,6 +30,9 @@ public:
 
     /// The writer of an adapter; null for one that cannot be set.
     AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
+
+    /// Null on a panel without a tunnel.
+    VpnTunnel *vpn() { return m_vpn; }
 
     /// Writes at once what is gathered.
     void finish();
@@ -53,6 +58,7 @@ private:
     ObjectMirror m_mirror;
     ProfileBook m_book;
     std::unique_ptr<Modem> m_modem; ///< null on a panel without
+    VpnTunnel *m_vpn = nullptr;
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
     QTimer m_quiet;

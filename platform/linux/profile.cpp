@@ -86,6 +86,18 @@ Dns serversIn(const QVariantMap &ipv4)
     return {HMI::IP(qFromBigEndian<quint32>(list.value(0))), HMI::IP(qFromBigEndian<quint32>(list.value(1)))};
 }
 
+QStringList certificatesIn(const QVariantMap &vpn)
+{
+    const auto data = qdbus_cast<Texts>(vpn.value(QStringLiteral("data")));
+    QStringList files;
+    for (const QString &key : {QStringLiteral("ca"), QStringLiteral("cert"), QStringLiteral("key")}) {
+        const QString file = data.value(key);
+        if (file.startsWith(QLatin1Char('/')))
+            files.append(file);
+    }
+    return files;
+}
+
 QList<uint> serverList(const Dns &dns)
 {
     QList<uint> list;
@@ -133,6 +145,7 @@ Profile readProfile(const QString &path, const Sections &settings)
     Profile profile;
     profile.path = path;
     profile.uuid = connection.value(QStringLiteral("uuid")).toString();
+    profile.id = connection.value(QStringLiteral("id")).toString();
     profile.type = connection.value(QStringLiteral("type")).toString();
     // The daemon leaves out what has its default.
     profile.values.enabled = connection.value(QStringLiteral("autoconnect"), true).toBool();
@@ -147,6 +160,7 @@ Profile readProfile(const QString &path, const Sections &settings)
                              : serversIn(ipv4);
     profile.values.isDefault =
         ipv4.value(QStringLiteral("route-metric"), g_anyMetric).toLongLong() == g_defaultMetric;
+    profile.certificates = certificatesIn(settings.value(QStringLiteral("vpn")));
     return profile;
 }
 

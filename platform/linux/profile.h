@@ -4,6 +4,7 @@
 #include "linux/dbustypes.h"
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace HmiLinux {
 
@@ -27,8 +28,10 @@ struct ProfileValues {
 struct Profile {
     QString path;
     QString uuid;
+    QString id; ///< the name that people call it by
     QString type;
     ProfileValues values;
+    QStringList certificates; ///< files that a tunnel needs
 };
 
 /// What the settings of the profile at @p path say.

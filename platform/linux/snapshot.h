@@ -2,6 +2,7 @@
 
 #include "linux/modemstate.h"
 #include "linux/profile.h"
+#include "linux/vpnstate.h"
 
 #include <array>
 #include <optional>
@@ -56,6 +57,8 @@ struct Snapshot {
     std::array<AdapterState, Adapters.size()> adapters;
     std::array<Wish, Adapters.size()> wishes;
     ModemState modem;
+    VpnChoice vpn;
+    VpnLinks vpnLinks = {};
     int round = 0; ///< readings of the daemon so far
 
     /// What is set, or will be when the daemon has done as asked.

@@ -1,5 +1,6 @@
 #include "linux/systemset_p.h"
 
+#include "linux/vpntunnel.h"
 #include "linux/worker.h"
 
 using namespace HmiLinux;
@@ -22,6 +23,11 @@ void SystemSet::enableNIC(NIC nic, bool enable, bool persist)
     const std::optional<std::size_t> place = d->service.place(nic);
     if (!place || isNicEnabled(nic) == enable)
         return;
+    if (nic == VPN) {
+        d->service.vpn().setOn(enable, persist);
+        d->service.later([this] { d->service.worker().network().vpn()->choose(); });
+        return;
+    }
     d->service.wish(*place, persist, [enable](Wish &wish) { wish.enabled = enable; });
     d->service.later([this, place] { d->service.worker().network().writer(*place)->writeEnabled(); });
 }

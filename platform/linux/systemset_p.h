@@ -4,8 +4,6 @@
 
 #include "linux/service.h"
 
-#include <atomic>
-
 namespace HMI {
 
 struct SystemSet::Private {
@@ -24,7 +22,6 @@ struct SystemSet::Private {
     static void endWithApplication();
 
     HmiLinux::Service service;
-    std::atomic<VPNServer> vpnServer{ASIA};
 };
 
 } // namespace HMI

@@ -1,10 +1,11 @@
 #include "linux/systemset_p.h"
 
+#include "linux/vpntunnel.h"
+#include "linux/worker.h"
+
 using namespace HmiLinux;
 
 namespace HMI {
-
-// No tunnel is driven yet: the panel says that it has none. The choice of a server holds until the process ends.
 
 int SystemSet::get4GState(NIC nic) const
 {
@@ -24,20 +25,27 @@ int SystemSet::get4GSignal(NIC nic) const
 
 SystemSet::VPNServer SystemSet::getVPNServer() const
 {
-    return d->vpnServer;
+    return d->service.snapshot()->vpn.server;
 }
 
 void SystemSet::setVPNServer(VPNServer server)
 {
-    if (server == ASIA || server == EUROPE)
-        d->vpnServer = server;
+    d->service.vpn().setServer(server);
+    if (d->service.place(VPN))
+        d->service.later([this] { d->service.worker().network().vpn()->choose(); });
 }
 
-int SystemSet::getVPNServerState(VPNServer) const
+int SystemSet::getVPNServerState(VPNServer server) const
 {
-    return 0;
+    if (server != ASIA && server != EUROPE)
+        return 0;
+    return int(d->service.snapshot()->vpnLinks.at(std::size_t(server)));
 }
 
-void SystemSet::resetVPNIp(VPNServer) {}
+void SystemSet::resetVPNIp(VPNServer server)
+{
+    if (d->service.place(VPN))
+        d->service.later([this, server] { d->service.worker().network().vpn()->drop(server); });
+}
 
 } // namespace HMI

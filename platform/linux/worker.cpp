@@ -19,7 +19,7 @@ Worker::Worker(const Root &root, const Config &config, const Interfaces &interfa
     , m_interfaces(interfaces)
     , m_state(state)
     , m_bus(bus, this)
-    , m_network(config, interfaces, state, this)
+    , m_network(root, config, interfaces, state, this)
     , m_clock(&m_bus, this)
     , m_power(&m_bus, this)
     , m_beeper(config, makeSounder(root, config), this)

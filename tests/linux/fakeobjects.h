@@ -34,6 +34,7 @@ public:
               const QVariantList &arguments);
     /// What a call of @p name does, on whatever object.
     void onCall(const QString &name, const Method &method) { m_methods[name] = method; }
+    Method method(const QString &name) const { return m_methods.value(name); }
 
     /// The names of the methods called so far, but for those that only ask.
     QStringList calls() const { return m_calls; }
