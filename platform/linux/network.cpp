@@ -53,18 +53,11 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
     const QString &modem = interfaces.at(*placeOf(HMI::SystemSet::MOBILE_4G));
     if (!modem.isEmpty()) {
         m_modem = std::make_unique<Modem>(modem, this);
-        connect(m_modem.get(), &Modem::changed, this, [this] {
-            // Until then nothing is known of the other adapters, which is not the same as that they are not there.
-            if (m_state->read()->round > 0)
-                note();
-        });
+        connect(m_modem.get(), &Modem::changed, this, &Network::noteBesides);
     }
     if (!interfaces.at(*placeOf(HMI::SystemSet::VPN)).isEmpty()) {
         m_vpn = new VpnTunnel(root, config, m_state, &m_mirror, &m_book, this);
-        connect(m_vpn, &VpnTunnel::changed, this, [this] {
-            if (m_state->read()->round > 0)
-                note();
-        });
+        connect(m_vpn, &VpnTunnel::changed, this, &Network::noteBesides);
     }
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
         const std::optional<Sections> blank = blankProfile(Adapters.at(place), config, interfaces.at(place));
@@ -157,6 +150,13 @@ void Network::note()
         m_unpublished.start();
     if (!m_quiet.isActive() || m_unpublished.elapsed() < g_longestSilence - g_quietTime)
         m_quiet.start();
+}
+
+void Network::noteBesides()
+{
+    // Before the daemon's first answer nothing is known of the adapters: not that they are not there.
+    if (m_state->read()->round > 0)
+        note();
 }
 
 void Network::publish()

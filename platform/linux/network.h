@@ -49,6 +49,8 @@ private slots:
 private:
     void mirrorChanged();
     void note();
+    /// For what others than the daemon tell.
+    void noteBesides();
     void publish();
     /// What the daemon calls the interface of an adapter; empty on a panel without.
     QString daemonName(std::size_t place) const;

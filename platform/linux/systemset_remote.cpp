@@ -30,9 +30,10 @@ SystemSet::VPNServer SystemSet::getVPNServer() const
 
 void SystemSet::setVPNServer(VPNServer server)
 {
+    if (!d->service.place(VPN))
+        return;
     d->service.vpn().setServer(server);
-    if (d->service.place(VPN))
-        d->service.later([this] { d->service.worker().network().vpn()->choose(); });
+    d->service.later([this] { d->service.worker().network().vpn()->choose(); });
 }
 
 int SystemSet::getVPNServerState(VPNServer server) const

@@ -79,7 +79,7 @@ void VpnTunnel::choose()
     for (std::size_t place = 0; place < m_ends.size(); ++place) {
         m_ends.at(place).failure = VpnLink::NotConnected;
         if (!snapshot->vpn.wants(place))
-            deactivate(activeOf(place));
+            deactivate(place, activeOf(place));
     }
     follow();
     emit changed();
@@ -90,7 +90,7 @@ void VpnTunnel::drop(SystemSet::VPNServer server)
     if (std::size_t(server) >= m_ends.size())
         return;
     m_ends.at(std::size_t(server)).failure = VpnLink::NotConnected;
-    deactivate(activeOf(std::size_t(server)));
+    deactivate(std::size_t(server), activeOf(std::size_t(server)));
     emit changed();
 }
 
@@ -196,7 +196,7 @@ void VpnTunnel::begin(std::size_t place)
             m_pause.start();
         } else if (!m_state->read()->vpn.wants(place)) {
             // Switched off before the daemon had told under which path.
-            deactivate(qdbus_cast<QDBusObjectPath>(answer.arguments().value(0)).path());
+            deactivate(place, qdbus_cast<QDBusObjectPath>(answer.arguments().value(0)).path());
             follow();
         }
         emit changed();
@@ -204,10 +204,11 @@ void VpnTunnel::begin(std::size_t place)
     emit changed();
 }
 
-void VpnTunnel::deactivate(const QString &active)
+void VpnTunnel::deactivate(std::size_t place, const QString &active)
 {
     if (active.isEmpty())
         return;
+    m_ends.at(place).dropped = active;
     QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "DeactivateConnection");
     question << QDBusObjectPath(active);
     ask(m_bus, question, m_requests.get(), [this, active](const QDBusMessage &answer) {
@@ -227,7 +228,7 @@ void VpnTunnel::stateChanged(const QDBusMessage &signal)
         if (state == Nm::VpnActivated) {
             end.wasUp = true;
             end.failure = VpnLink::NotConnected;
-        } else if (state == Nm::VpnFailed || state == Nm::VpnDisconnected) {
+        } else if (end.dropped != signal.path() && (state == Nm::VpnFailed || state == Nm::VpnDisconnected)) {
             ended(place, arguments.value(1).toUInt());
         }
     }

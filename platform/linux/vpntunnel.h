@@ -51,7 +51,8 @@ private slots:
 private:
     /// The tunnel to one server.
     struct End {
-        QString id; ///< of its connection; empty where there is none
+        QString id;      ///< of its connection; empty where there is none
+        QString dropped; ///< the connection in force that we ended ourselves
         VpnLink failure = VpnLink::NotConnected;
         bool wasUp = false;     ///< since it was last begun
         bool hasHeard = false;  ///< of WireGuard, which is up whoever is at the other end
@@ -64,7 +65,7 @@ private:
     QString interfaceOf(const QString &active) const;
     bool isOnline() const;
     void begin(std::size_t place);
-    void deactivate(const QString &active);
+    void deactivate(std::size_t place, const QString &active);
     void ended(std::size_t place, uint reason);
     bool lacksCertificate(std::size_t place) const;
     void tellMissing(std::size_t place);

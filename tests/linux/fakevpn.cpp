@@ -40,7 +40,6 @@ FakeVpn::FakeVpn(FakeNetworkManager *daemon)
                      [this](const QDBusMessage &message) { return activateConnection(message); });
     m_daemon->onCall(text("DeactivateConnection"),
                      [this](const QDBusMessage &message) { return deactivateConnection(message); });
-    m_daemon->add(Nm::path(), {{Nm::service(), {}}});
     setOnline(true);
 }
 
@@ -124,7 +123,8 @@ QDBusMessage FakeVpn::activateConnection(const QDBusMessage &message)
 QDBusMessage FakeVpn::deactivateConnection(const QDBusMessage &message)
 {
     const QString active = qdbus_cast<QDBusObjectPath>(message.arguments().value(0)).path();
-    for (const QString &id : qAsConst(m_active)) {
+    const QStringList ids = m_active; // which ending one changes
+    for (const QString &id : ids) {
         if (activePath(id) != active)
             continue;
         if (m_interfaces.contains(id))

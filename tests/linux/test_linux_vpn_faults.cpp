@@ -29,6 +29,7 @@ private slots:
     void lostIsTriedAgain();
     void operatorDoesNotWaitForTheNextTry();
     void failureEndsWithTheSwitch();
+    void switchedOffAndOnItIsBackAtOnce();
     void withoutANetworkItWaits();
     void connectionThatIsNotStored();
     void refusedActivation();
@@ -148,6 +149,19 @@ void TestLinuxVpnFaults::failureEndsWithTheSwitch()
     QVERIFY(waitFor(2));
     m_scene->switchTunnel(false);
     QVERIFY(waitFor(0));
+}
+
+void TestLinuxVpnFaults::switchedOffAndOnItIsBackAtOnce()
+{
+    startOn(FakeVpn::connected());
+    QVERIFY(waitFor(5));
+    // The daemon answers only when the test's thread comes to it: it ends the tunnel after it is wanted again.
+    m_scene->switchTunnel(false);
+    m_scene->waitForWorker();
+    m_scene->switchTunnel(true);
+    m_scene->waitForWorker();
+    QTRY_COMPARE(m_scene->vpn.started().size(), 2);
+    QVERIFY(waitFor(5));
 }
 
 void TestLinuxVpnFaults::withoutANetworkItWaits()
