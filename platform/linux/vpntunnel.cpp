@@ -4,17 +4,13 @@
 #include "linux/config.h"
 #include "linux/log.h"
 #include "linux/nmnames.h"
-#include "linux/objectmirror.h"
-#include "linux/profilebook.h"
+#include "linux/profile.h"
 #include "linux/vpnnames.h"
 
-#include <QtCore/QFile>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusObjectPath>
 
-#include <algorithm>
-#include <cerrno>
-#include <sys/stat.h>
+#include <utility>
 
 namespace HmiLinux {
 
@@ -37,8 +33,7 @@ VpnTunnel::VpnTunnel(const Root &root, const Config &config, const Published<Sna
     : QObject(parent)
     , m_root(root)
     , m_state(state)
-    , m_mirror(mirror)
-    , m_book(book)
+    , m_reading(mirror, book)
     , m_bus(QString())
     , m_requests(std::make_unique<QObject>(this))
     , m_pause(this)
@@ -78,6 +73,7 @@ void VpnTunnel::choose()
     const std::shared_ptr<const Snapshot> snapshot = m_state->read();
     for (std::size_t place = 0; place < m_ends.size(); ++place) {
         m_ends.at(place).failure = VpnLink::NotConnected;
+        m_ends.at(place).told.clear();
         if (!snapshot->vpn.wants(place))
             deactivate(place, activeOf(place));
     }
@@ -96,20 +92,19 @@ void VpnTunnel::drop(SystemSet::VPNServer server)
 
 void VpnTunnel::follow()
 {
-    const bool isNowOnline = isOnline();
+    const bool isNowOnline = m_reading.isOnline();
     if (isNowOnline && !m_wasOnline)
         m_pause.stop();
     m_wasOnline = isNowOnline;
     listen();
     const std::shared_ptr<const Snapshot> snapshot = m_state->read();
     const auto place = std::size_t(snapshot->vpn.server);
-    if (!snapshot->vpn.isOn || !m_mirror->isComplete() || !m_book->isComplete())
+    if (!snapshot->vpn.isOn || !m_reading.isComplete())
         return;
     tellMissing(place);
     const bool isUnderWay = m_begun.has_value() || !activeOf(place).isEmpty();
-    if (isUnderWay || m_pause.isActive() || !isNowOnline || profile(place).isEmpty())
-        return;
-    begin(place);
+    if (!isUnderWay && !m_pause.isActive() && isNowOnline)
+        begin(place);
 }
 
 VpnLinks VpnTunnel::links() const
@@ -128,71 +123,26 @@ VpnLink VpnTunnel::link(std::size_t place) const
     const QString active = activeOf(place);
     if (active.isEmpty())
         return m_begun == place ? VpnLink::Connecting : end.failure;
-    if (!m_mirror->has(active, Nm::vpn())) {
-        const uint state = m_mirror->property(active, Nm::active(), QStringLiteral("State")).toUInt();
-        if (state == Nm::ActiveActivated && end.hasHeard)
-            return VpnLink::Connected;
-        return state <= Nm::ActiveActivated ? VpnLink::Connecting : VpnLink::NotConnected;
-    }
-    const uint state = m_mirror->property(active, Nm::vpn(), QStringLiteral("VpnState")).toUInt();
-    if (state == Nm::VpnActivated)
-        return VpnLink::Connected;
-    return state < Nm::VpnActivated ? VpnLink::Connecting : end.failure;
-}
-
-QString VpnTunnel::profile(std::size_t place) const
-{
-    const QString &id = m_ends.at(place).id;
-    const Profile *found =
-        id.isEmpty() ? nullptr : m_book->byId(id, {QStringLiteral("vpn"), QStringLiteral("wireguard")});
-    return found == nullptr ? QString() : found->path;
-}
-
-QString VpnTunnel::activeOf(std::size_t place) const
-{
-    const QString wanted = profile(place);
-    if (wanted.isEmpty())
-        return {};
-    const QStringList actives = m_mirror->pathsWith(Nm::active());
-    for (const QString &active : actives) {
-        const QVariant connection = m_mirror->property(active, Nm::active(), QStringLiteral("Connection"));
-        if (connection.value<QDBusObjectPath>().path() == wanted)
-            return active;
-    }
-    return {};
-}
-
-QString VpnTunnel::interfaceOf(const QString &active) const
-{
-    const auto devices = qdbus_cast<QList<QDBusObjectPath>>(
-        m_mirror->property(active, Nm::active(), QStringLiteral("Devices")));
-    if (devices.isEmpty())
-        return {};
-    return m_mirror->property(devices.constFirst().path(), Nm::device(), QStringLiteral("Interface"))
-        .toString();
-}
-
-bool VpnTunnel::isOnline() const
-{
-    const QVariant primary =
-        m_mirror->property(Nm::path(), Nm::service(), QStringLiteral("PrimaryConnection"));
-    const QString path = primary.value<QDBusObjectPath>().path();
-    return !path.isEmpty() && path != QLatin1String("/");
+    return m_reading.link(active, end.hasHeard, end.failure);
 }
 
 void VpnTunnel::begin(std::size_t place)
 {
+    const Profile *connection = m_reading.connection(m_ends.at(place).id);
+    if (connection == nullptr)
+        return;
     m_begun = place;
     m_ends.at(place).wasUp = false;
     m_pause.start();
     QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "ActivateConnection");
     const QDBusObjectPath any(QStringLiteral("/"));
-    question << QDBusObjectPath(profile(place)) << any << any;
+    question << QDBusObjectPath(connection->path) << any << any;
     ask(m_bus, question, m_requests.get(), [this, place](const QDBusMessage &answer) {
         m_begun.reset();
         if (isError(answer)) {
-            qCWarning(vpnLog, "the tunnel to %s does not begin: %s", nameOf(place),
-                      qPrintable(reasonOf(answer)));
+            if (isNews(place, answer.errorName()))
+                qCWarning(vpnLog, "the tunnel to %s does not begin: %s", nameOf(place),
+                          qPrintable(reasonOf(answer)));
             m_pause.start();
         } else if (!m_state->read()->vpn.wants(place)) {
             // Switched off before the daemon had told under which path.
@@ -212,7 +162,7 @@ void VpnTunnel::deactivate(std::size_t place, const QString &active)
     QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "DeactivateConnection");
     question << QDBusObjectPath(active);
     ask(m_bus, question, m_requests.get(), [this, active](const QDBusMessage &answer) {
-        if (isError(answer) && m_mirror->has(active, Nm::active()))
+        if (isError(answer) && m_reading.isThere(active))
             qCWarning(vpnLog, "the tunnel stays: %s", qPrintable(reasonOf(answer)));
     });
 }
@@ -227,6 +177,7 @@ void VpnTunnel::stateChanged(const QDBusMessage &signal)
         End &end = m_ends.at(place);
         if (state == Nm::VpnActivated) {
             end.wasUp = true;
+            end.told.clear();
             end.failure = VpnLink::NotConnected;
         } else if (end.dropped != signal.path() && (state == Nm::VpnFailed || state == Nm::VpnDisconnected)) {
             ended(place, arguments.value(1).toUInt());
@@ -239,7 +190,8 @@ void VpnTunnel::ended(std::size_t place, uint reason)
 {
     if (!m_state->read()->vpn.wants(place))
         return;
-    qCInfo(vpnLog, "the tunnel to %s has ended, reason %u", nameOf(place), reason);
+    if (isNews(place, QString::number(reason)))
+        qCInfo(vpnLog, "the tunnel to %s has ended, reason %u", nameOf(place), reason);
     if (reason == Nm::VpnNetworkGone)
         return; // goes on as soon as there is one
     End &end = m_ends.at(place);
@@ -248,32 +200,25 @@ void VpnTunnel::ended(std::size_t place, uint reason)
     if (!end.wasUp || failure == VpnLink::NotAuthorised)
         end.failure = failure;
     const bool mayLack = failure == VpnLink::TlsError || reason == Nm::VpnServiceNotStarted;
-    if (!end.wasUp && mayLack && lacksCertificate(place))
+    if (!end.wasUp && mayLack && m_reading.lacksCertificate(end.id, m_root))
         end.failure = VpnLink::CertificateError;
     m_pause.start();
-}
-
-bool VpnTunnel::lacksCertificate(std::size_t place) const
-{
-    const Profile *stored = m_book->byPath(profile(place));
-    if (stored == nullptr)
-        return false;
-    return std::any_of(
-        stored->certificates.cbegin(), stored->certificates.cend(), [this](const QString &file) {
-            // One that only the daemon may see is there.
-            struct stat found = {};
-            return ::stat(QFile::encodeName(m_root.path(file)).constData(), &found) != 0 && errno == ENOENT;
-        });
 }
 
 void VpnTunnel::tellMissing(std::size_t place)
 {
     End &end = m_ends.at(place);
-    const bool isMissing = profile(place).isEmpty();
+    const bool isMissing = m_reading.connection(end.id) == nullptr;
     if (isMissing && !end.isMissing)
         qCWarning(vpnLog, "there is no tunnel to %s: no connection is stored as \"%s\"", nameOf(place),
                   qPrintable(end.id));
     end.isMissing = isMissing;
+}
+
+bool VpnTunnel::isNews(std::size_t place, const QString &what)
+{
+    // It is tried again all the time.
+    return std::exchange(m_ends.at(place).told, what) != what;
 }
 
 void VpnTunnel::listen()
@@ -282,15 +227,13 @@ void VpnTunnel::listen()
     for (std::size_t place = 0; place < m_ends.size(); ++place) {
         const QString active = activeOf(place);
         End &end = m_ends.at(place);
-        if (active.isEmpty() || m_mirror->has(active, Nm::vpn())) {
+        if (!m_reading.isWireGuard(active)) {
             end.hasHeard = false;
             continue;
         }
         if (end.hasHeard)
             continue;
-        const QString counter =
-            QStringLiteral("/sys/class/net/%1/statistics/rx_bytes").arg(interfaceOf(active));
-        end.hasHeard = m_root.read(counter).value_or(QByteArray()).trimmed().toULongLong() > 0;
+        end.hasHeard = m_reading.hasReceived(active, m_root);
         if (end.hasHeard)
             emit changed();
         else

@@ -3,6 +3,7 @@
 #include "linux/published.h"
 #include "linux/root.h"
 #include "linux/snapshot.h"
+#include "linux/vpnreading.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
@@ -14,8 +15,6 @@
 namespace HmiLinux {
 
 struct Config;
-class ObjectMirror;
-class ProfileBook;
 
 /// The tunnel to the server that the operator chose: connected while it is switched on and there is a network, tried
 /// again when it fails or is lost. Its connections are those that the configuration names; they are never written.
@@ -52,6 +51,7 @@ private:
     /// The tunnel to one server.
     struct End {
         QString id;      ///< of its connection; empty where there is none
+        QString told;    ///< why it is not up, until it is or the operator acts
         QString dropped; ///< the connection in force that we ended ourselves
         VpnLink failure = VpnLink::NotConnected;
         bool wasUp = false;     ///< since it was last begun
@@ -60,21 +60,17 @@ private:
     };
 
     VpnLink link(std::size_t place) const;
-    QString profile(std::size_t place) const;
-    QString activeOf(std::size_t place) const;
-    QString interfaceOf(const QString &active) const;
-    bool isOnline() const;
+    QString activeOf(std::size_t place) const { return m_reading.active(m_ends.at(place).id); }
     void begin(std::size_t place);
     void deactivate(std::size_t place, const QString &active);
     void ended(std::size_t place, uint reason);
-    bool lacksCertificate(std::size_t place) const;
     void tellMissing(std::size_t place);
+    bool isNews(std::size_t place, const QString &what);
     void listen();
 
     Root m_root;
     const Published<Snapshot> *m_state;
-    const ObjectMirror *m_mirror;
-    const ProfileBook *m_book;
+    VpnReading m_reading;
     QDBusConnection m_bus;
     std::array<End, 2> m_ends;
     std::optional<std::size_t> m_begun;  ///< asked for, not answered

@@ -33,6 +33,7 @@ private slots:
     void withoutANetworkItWaits();
     void connectionThatIsNotStored();
     void refusedActivation();
+    void refusalIsToldOnce();
     void daemonGoesAndComes();
 
 private:
@@ -212,6 +213,19 @@ void TestLinuxVpnFaults::refusedActivation()
     QVERIFY(waitFor(0));
     m_scene->vpn.refuse(false);
     m_scene->switchTunnel(true);
+    QVERIFY(waitFor(5));
+}
+
+void TestLinuxVpnFaults::refusalIsToldOnce()
+{
+    expectMessage(text("the tunnel to Asia does not begin: refused"));
+    m_scene->vpn.refuse(true);
+    m_scene->addBoth();
+    m_scene->startService();
+    QVERIFY(m_scene->waitForDaemon());
+    m_scene->switchTunnel(true);
+    QTRY_VERIFY_WITH_TIMEOUT(m_scene->daemon.calls().size() >= 3, VpnScene::Patience);
+    m_scene->vpn.refuse(false);
     QVERIFY(waitFor(5));
 }
 
