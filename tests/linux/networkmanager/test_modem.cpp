@@ -1,10 +1,14 @@
 #include "tests/linux/networkmanager/sandboxscene.h"
 
 #include "linux/modemnames.h"
+#include "linux/modemprofile.h"
+#include "linux/nmnames.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
 #include <QtCore/QThread>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusConnection>
 
 using namespace HmiLinux;
 using HMI::SystemSet;
@@ -26,6 +30,8 @@ class TestModem : public PanelTest
 private slots:
     void init();
     void cleanup();
+    void profileIsTaken_data();
+    void profileIsTaken();
     void registered();
     void signalFollows();
     void networkLostAndBack();
@@ -81,6 +87,38 @@ void TestModem::cleanup()
 {
     m_scene.reset();
     endWatch();
+}
+
+void TestModem::profileIsTaken_data()
+{
+    QTest::addColumn<QString>("apn");
+    QTest::newRow("of the operator") << text("auto");
+    QTest::newRow("by its name") << text("internet.plant");
+}
+
+void TestModem::profileIsTaken()
+{
+    QFETCH(const QString, apn);
+    // The network's daemon has no modem here, but it judges a profile all the same.
+    ProfileValues values;
+    values.isDefault = true;
+    values.dns = Dns{SandboxScene::ip("9.9.9.9"), HMI::IP()};
+    QDBusMessage question = Nm::call(Nm::settingsPath(), Nm::settings(), "AddConnection2");
+    question << QVariant::fromValue(withValues(newModemSettings(text("MOBILE_4G"), apn), values))
+             << uint(Nm::InMemory) << QVariantMap();
+    const QDBusConnection bus = QDBusConnection::systemBus();
+    const QDBusMessage added = bus.call(question);
+    QVERIFY2(added.type() == QDBusMessage::ReplyMessage, qPrintable(added.errorMessage()));
+    const QString path = added.arguments().value(0).value<QDBusObjectPath>().path();
+    const QDBusMessage read = bus.call(Nm::call(path, Nm::profile(), "GetSettings"));
+    const auto settings = qdbus_cast<Sections>(read.arguments().value(0));
+    const Profile profile = readProfile(path, settings);
+    QCOMPARE(profile.type, text("gsm"));
+    QVERIFY(profile.values == values);
+    const QVariantMap gsm = settings.value(text("gsm"));
+    QCOMPARE(gsm.value(text("auto-config")).toBool(), apn == text("auto"));
+    QCOMPARE(gsm.value(text("apn"), text("auto")).toString(), apn);
+    QCOMPARE(bus.call(Nm::call(path, Nm::profile(), "Delete")).type(), QDBusMessage::ReplyMessage);
 }
 
 void TestModem::registered()
