@@ -13,7 +13,7 @@ namespace HmiLinux {
 
 class ProfileBook;
 
-/// Hands the operator's wishes for one wired adapter to the daemon: one update of the panel's own profile, and one
+/// Hands the operator's wishes for one adapter to the daemon: one update of the panel's own profile, and one
 /// act that puts it in force. Profiles that others made stay as they are.
 class AdapterWriter : public QObject
 {
@@ -23,7 +23,8 @@ public:
     using OnDhcp = std::function<void(HMI::SystemSet::DHCP_STATE)>;
     using State = Published<Snapshot>;
 
-    AdapterWriter(std::size_t place, QString interface, const State *state, ProfileBook *book,
+    /// @p blank is what a profile of the panel's own for it begins with.
+    AdapterWriter(std::size_t place, Sections blank, const State *state, ProfileBook *book,
                   QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
@@ -71,7 +72,7 @@ private:
     QString name() const { return nameOf(Adapters.at(m_place)); }
 
     std::size_t m_place;
-    QString m_interface;
+    Sections m_blank;
     const State *m_state;
     ProfileBook *m_book;
     QDBusConnection m_bus;

@@ -2,6 +2,7 @@
 
 #include "linux/adapterwriter.h"
 #include "linux/interfaces.h"
+#include "linux/modem.h"
 #include "linux/objectmirror.h"
 #include "linux/profilebook.h"
 
@@ -10,6 +11,10 @@
 
 namespace HmiLinux {
 
+struct Config;
+class Root;
+class VpnTunnel;
+
 /// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
 /// wishes. Lives on the thread of the service, whose event loop it needs.
 class Network : public QObject
@@ -17,13 +22,17 @@ class Network : public QObject
     Q_OBJECT
 
 public:
-    Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent = nullptr);
+    Network(const Root &root, const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
+            QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
     void detach();
 
     /// The writer of an adapter; null for one that cannot be set.
     AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
+
+    /// Null on a panel without a tunnel.
+    VpnTunnel *vpn() { return m_vpn; }
 
     /// Writes at once what is gathered.
     void finish();
@@ -40,12 +49,18 @@ private slots:
 private:
     void mirrorChanged();
     void note();
+    /// For what others than the daemon tell.
+    void noteBesides();
     void publish();
+    /// What the daemon calls the interface of an adapter; empty on a panel without.
+    QString daemonName(std::size_t place) const;
 
     Interfaces m_interfaces;
     Published<Snapshot> *m_state;
     ObjectMirror m_mirror;
     ProfileBook m_book;
+    std::unique_ptr<Modem> m_modem; ///< null on a panel without
+    VpnTunnel *m_vpn = nullptr;
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
     QTimer m_quiet;

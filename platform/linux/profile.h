@@ -4,6 +4,7 @@
 #include "linux/dbustypes.h"
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace HmiLinux {
 
@@ -27,8 +28,10 @@ struct ProfileValues {
 struct Profile {
     QString path;
     QString uuid;
+    QString id; ///< the name that people call it by
     QString type;
     ProfileValues values;
+    QStringList certificates; ///< files that a tunnel needs
 };
 
 /// What the settings of the profile at @p path say.
@@ -37,6 +40,8 @@ Profile readProfile(const QString &path, const Sections &settings);
 /// Settings with @p values in place of what they said; all else in them stays.
 Sections withValues(Sections settings, const ProfileValues &values);
 
+/// What the settings of each new profile of this panel have in common.
+Sections newSettings(const QString &adapter, const QString &type);
 /// The settings of a new profile for a wired adapter of this panel.
 Sections newWiredSettings(const QString &adapter, const QString &interface);
 

@@ -25,8 +25,7 @@ Config configuration(const Root &root)
 Interfaces drivenInterfaces(const Root &root, const Config &config)
 {
     Interfaces interfaces = chooseInterfaces(root, config);
-    for (const SystemSet::NIC nic : {SystemSet::WIFI, SystemSet::MOBILE_4G, SystemSet::VPN})
-        interfaces.at(*placeOf(nic)).clear();
+    interfaces.at(*placeOf(SystemSet::WIFI)).clear();
     return interfaces;
 }
 
@@ -43,13 +42,15 @@ Service::Service(const Root &root, const QString &bus)
     // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
     const QDBusConnection first(QStringLiteral("panelsettings"));
     Q_UNUSED(first)
-    m_thread =
-        std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
-    m_worker = m_thread->worker();
     const Later keep = [this](std::function<void()> work) {
         m_files.add(std::move(work));
         later([this] { m_files.run(); });
     };
+    // Before the worker reads what is chosen.
+    m_vpn = std::make_unique<VpnSwitch>(root, m_config, &m_state, keep);
+    m_thread =
+        std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
+    m_worker = m_thread->worker();
     m_brightness = std::make_unique<Brightness>(root, m_config, keep);
     m_language = std::make_unique<LanguageFile>(root, m_config, keep);
     m_thread->start();

@@ -7,6 +7,7 @@
 #include "linux/interfaces.h"
 #include "linux/languagefile.h"
 #include "linux/published.h"
+#include "linux/vpnswitch.h"
 
 #include <atomic>
 #include <memory>
@@ -48,6 +49,7 @@ public:
 
     Brightness &brightness() { return *m_brightness; }
     LanguageFile &language() { return *m_language; }
+    VpnSwitch &vpn() { return *m_vpn; }
     BuzzerSwitch &buzzer() { return m_buzzer; }
     /// Of what later() does alone.
     Worker &worker() { return *m_worker; }
@@ -73,6 +75,7 @@ private:
     Worker *m_worker; ///< of m_thread
     std::unique_ptr<Brightness> m_brightness;
     std::unique_ptr<LanguageFile> m_language;
+    std::unique_ptr<VpnSwitch> m_vpn;
 };
 
 } // namespace HmiLinux

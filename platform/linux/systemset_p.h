@@ -4,8 +4,6 @@
 
 #include "linux/service.h"
 
-#include <atomic>
-
 namespace HMI {
 
 struct SystemSet::Private {
@@ -27,7 +25,6 @@ struct SystemSet::Private {
     bool onlyTells(const QString &what) const;
 
     HmiLinux::Service service;
-    std::atomic<VPNServer> vpnServer{ASIA};
 };
 
 } // namespace HMI
