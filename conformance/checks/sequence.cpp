@@ -1,9 +1,9 @@
 #include "conformance/checks/sequence.h"
 
 #include "conformance/checks/asking.h"
+#include "conformance/checks/calllimits.h"
 #include "conformance/checks/cost.h"
 #include "conformance/checks/functions.h"
-#include "conformance/checks/limits.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "tests/support/paneltest.h"
 
+#include "conformance/checks/calllimits.h"
 #include "conformance/checks/cost.h"
-#include "conformance/checks/limits.h"
 #include "tests/conformance/pastime.h"
 
 #include <QtGui/QGuiApplication>
