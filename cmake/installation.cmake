@@ -9,6 +9,8 @@ option(PANEL_INSTALL_KEYBOARD "Install the stand-in keyboard" ON)
 # Where the libraries go that stand in for the panel's own. They have the names of those, so no directory will do
 # in which anything looks unasked: an installation must never take the place of what a panel has.
 set(PANEL_STANDIN_DIR ${CMAKE_INSTALL_LIBDIR}/panelsettings/simulator)
+# For the same reason the service for Linux has a directory of its own.
+set(PANEL_LINUX_DIR ${CMAKE_INSTALL_LIBDIR}/panelsettings/linux)
 
 # A program or library that is installed, with the search path that it has there.
 #

@@ -6,6 +6,19 @@
 
 namespace Conformance {
 
+namespace {
+
+/// The last check of every run, which is under way when a process ends as it should.
+Result theEnd()
+{
+    Result result;
+    result.group = "life";
+    result.name = "end";
+    return result;
+}
+
+} // namespace
+
 const Report &Judge::judge(const Work &work)
 {
     // Each process that dies leaves a result that the next one has no need to ask for, or it is the last.
@@ -63,16 +76,18 @@ void Judge::take(const Fields &message)
 
 Judge::Outcome Judge::conclude(const std::string &ending)
 {
-    // The end is the last check of all: it is under way when a process ends as it should.
-    const bool isLast = !m_running || (m_running->group == "life" && m_running->name == "end");
-    if (m_running && !(isLast && ending.empty())) {
-        m_running->verdict = Verdict::Failed;
+    // Nothing can be checked of a library that cannot be loaded, and nothing is after an interruption.
+    if (!m_running && ending.empty() && (m_report.hasFailed() || m_isInterrupted))
+        return Outcome::Done;
+    // A process that dies between two checks has not come to its end either.
+    Result result = m_running.value_or(theEnd());
+    const bool isLast = m_running && result.title() == theEnd().title();
+    if (!isLast || !ending.empty()) {
+        result.verdict = Verdict::Failed;
         const std::string what = ending.empty() ? "ended by exit()" : ending;
-        m_running->findings.push_back(
-            {"the process", {}, "it goes on to the end of the check", "it " + what});
+        result.findings.push_back({"the process", {}, "it goes on to the end of the check", "it " + what});
     }
-    if (m_running)
-        add(*m_running);
+    add(result);
     return isLast ? Outcome::Done : Outcome::Died;
 }
 

@@ -5,6 +5,7 @@
 #include "conformance/keyboard/keyboardchecklist.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace Conformance {
@@ -66,6 +67,13 @@ bool readSeconds(const std::string &text, std::chrono::seconds *seconds)
     const auto [stop, error] = std::from_chars(text.data(), end, number);
     *seconds = std::chrono::seconds(number);
     return error == std::errc() && stop == end && number >= 1 && number <= LongestSeconds;
+}
+
+/// Whether an option means nothing to a keyboard.
+bool isAboutService(const std::string &name)
+{
+    constexpr std::array Names = {"--adapters", "--patience", "--read-only", "--settle"};
+    return std::find(Names.begin(), Names.end(), name) != Names.end();
 }
 
 /// Takes the value of an option. Says what is wrong with it, if anything is.
@@ -130,8 +138,9 @@ std::optional<Options> Options::read(const std::vector<std::string> &arguments, 
         *error = "--group: not a group, --list shows them: " + *unknown;
         return std::nullopt;
     }
-    if (options.isKeyboard && (options.isReadOnly || options.adapters != EveryAdapter)) {
-        *error = "--keyboard: goes without --read-only and --adapters, which are about the service";
+    const auto ofService = std::find_if(arguments.begin(), arguments.end(), isAboutService);
+    if (options.isKeyboard && ofService != arguments.end()) {
+        *error = *ofService + ": is about the service, and goes without --keyboard";
         return std::nullopt;
     }
     if (options.library.empty() && !options.isListWanted && !options.isHelpWanted) {
@@ -160,7 +169,7 @@ contract of the settings screen, in a process of its own.
   --read-only          only what changes nothing
   --patience SECONDS   wait no longer for a report (60)
   --limit SECONDS      a library that keeps a check from going on for so long hangs (30)
-  --settle SECONDS     ask nothing for so long after the service was started (0)
+  --settle SECONDS     give the service so long, at most, to read its panel (0)
   --tap FILE           write the results as TAP, too
   --junit FILE         write the results as JUnit XML, too
   --help               show this

@@ -6,7 +6,7 @@ namespace QSP {
 
 BaseCard::BaseCard(QQuickItem *parent) : QQuickRectangle(parent)
 {
-    setColor(Palette::instance().surface());
+    setColor(Palette::instance().surface);
     setHeight(80.0);
     setRadius(10.0);
 }

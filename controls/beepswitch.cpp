@@ -12,7 +12,7 @@ BeepSwitch::BeepSwitch(QQuickItem *parent)
     : BeepButton(parent), m_background(new QQuickRectangle(this)), m_front(new QQuickRectangle(this))
 {
     setBackground(m_background);
-    m_background->setColor(Palette::instance().track());
+    m_background->setColor(Palette::instance().track);
     m_front->setColor(QColorConstants::White);
     QQuickItemPrivate::get(m_front)->anchors()->setVerticalCenter(
         QQuickItemPrivate::get(this)->verticalCenter());
@@ -47,7 +47,7 @@ void BeepSwitch::onChangeEnabled(bool bEnabled)
 void BeepSwitch::onOnChanged()
 {
     updateFrontRect();
-    m_background->setColor(m_on ? Palette::instance().accent() : Palette::instance().track());
+    m_background->setColor(m_on ? Palette::instance().accent : Palette::instance().track);
 }
 
 void BeepSwitch::onClickEvent()

@@ -23,8 +23,6 @@ namespace QSP {
 
 namespace {
 
-constexpr QColor openBorder(110, 162, 226);
-
 // All that is seen is our own, so that the box looks the same in whatever style the host has its controls.
 const char *const boxText = R"(
 import QtQuick 2.15
@@ -36,6 +34,7 @@ ComboBox {
     property int fontPixelSize: 20
     property real pressedOpacity: 1.0
     opacity: pressed ? pressedOpacity : 1.0
+    font.family: Toolkit.Palette.font
     font.pixelSize: fontPixelSize
     background: null
     indicator: null
@@ -91,14 +90,14 @@ ItemDelegate {
         width: parent.width
         height: Math.round(parent.y + parent.height) - Math.round(parent.y)
         opacity: parent.down ? _com.pressedOpacity : 1.0
-        color: model.index === _com.currentIndex ? "#A8CDF1" : Toolkit.Palette.surface
+        color: model.index === _com.currentIndex ? Toolkit.Palette.accentTint : Toolkit.Palette.surface
         Text {
             x: 10
             width: Math.max(0, parent.width - 2 * x)
             elide: Text.ElideRight
             anchors.verticalCenter: parent.verticalCenter
             text: modelData.name
-            font.pixelSize: _com.fontPixelSize
+            font: _com.font
             color: Toolkit.Palette.text
         }
     }
@@ -161,7 +160,7 @@ QQuickRectangle *makeFrame(QQuickItem *parent, const QColor &border)
     auto *frame = new QQuickRectangle(parent);
     frame->border()->setWidth(1.0);
     frame->border()->setColor(border);
-    frame->setColor(Palette::instance().surface());
+    frame->setColor(Palette::instance().surface);
     return frame;
 }
 
@@ -213,7 +212,7 @@ void ComboBox::registerType()
 void ComboBox::dressBox()
 {
     QQuickItem *content = m_combo->contentItem();
-    m_background = makeFrame(content, Palette::instance().fieldBorder());
+    m_background = makeFrame(content, Palette::instance().fieldBorder);
     m_combo->setBackground(m_background);
 
     m_indicator = new QQuickImage(content);
@@ -226,12 +225,12 @@ void ComboBox::dressBox()
 void ComboBox::dressPopup()
 {
     QQuickPopup *popup = m_combo->popup();
-    m_popupBackground = makeFrame(popup->contentItem(), openBorder);
+    m_popupBackground = makeFrame(popup->contentItem(), Palette::instance().accentFrame);
     popup->setBackground(m_popupBackground);
     popup->setPadding(1.0);
 
     // The rows are square and would cut the rounded corners of the frame: it is drawn over them too.
-    m_popupFrame = makeFrame(m_popupBackground->parentItem(), openBorder);
+    m_popupFrame = makeFrame(m_popupBackground->parentItem(), Palette::instance().accentFrame);
     m_popupFrame->setColor(Qt::transparent);
     m_popupFrame->setZ(1.0);
     anchorsOf(m_popupFrame)->setFill(m_popupBackground);
@@ -251,7 +250,8 @@ void ComboBox::connectBox()
             BeepButton::beepIfOn();
     });
     connect(popup, &QQuickPopup::openedChanged, this, [this, popup] {
-        m_background->border()->setColor(popup->isOpened() ? openBorder : Palette::instance().fieldBorder());
+        m_background->border()->setColor(popup->isOpened() ? Palette::instance().accentFrame
+                                                           : Palette::instance().fieldBorder);
     });
     connect(m_combo, &QQuickItem::heightChanged, this, &ComboBox::adjustToHeight);
     connect(m_combo, &QQuickItem::enabledChanged, this,

@@ -45,8 +45,9 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
 
     auto *background = childOf<QQuickRectangle>(content);
     background->setRadius(scaled(15.0, 8.0));
+    background->setColor(Palette::instance().surface);
     background->border()->setWidth(1.0);
-    background->border()->setColor(Palette::instance().frame());
+    background->border()->setColor(Palette::instance().frame);
     background->setZ(-1.0);
     setBackground(background);
 
@@ -54,7 +55,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     m_titleBar->setHeight(scaled(68.0, 36.0));
 
     m_titleText = childOf<QQuickText>(m_titleBar);
-    m_titleText->setColor(Palette::instance().caption());
+    m_titleText->setColor(Palette::instance().caption);
     // Titles such as names of networks come from outside.
     m_titleText->setTextFormat(QQuickText::PlainText);
     m_titleText->setElideMode(QQuickText::ElideRight);
@@ -66,7 +67,7 @@ Dialog::Dialog(QQuickItem *parent) : QQuickPopup(parent)
     // the dialog is painted again.
     m_separator->setY(qRound(m_titleBar->height()));
     m_separator->setHeight(1.0);
-    m_separator->setColor(Palette::instance().frame());
+    m_separator->setColor(Palette::instance().frame);
 
     connect(content, &QQuickItem::widthChanged, this, &Dialog::relayout);
     tieToParent(this);
@@ -127,12 +128,7 @@ int Dialog::titleFontPixelSize() const
 
 void Dialog::applyTitleFont()
 {
-    // A screen so small that nothing is left for the title: Qt knows no font of 0 pixels.
-    if (titleFontPixelSize() < 1)
-        return;
-    QFont font = QGuiApplication::font();
-    font.setPixelSize(titleFontPixelSize());
-    m_titleText->setFont(font);
+    m_titleText->setFont(textFont(titleFontPixelSize()));
 }
 
 void Dialog::fitTitleText()

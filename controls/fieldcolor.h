@@ -7,7 +7,7 @@ namespace QSP {
 /// Colour of the text in an entry field.
 inline QColor fieldTextColor(bool enabled)
 {
-    return enabled ? Palette::instance().fieldText() : Palette::instance().disabledText();
+    return enabled ? Palette::instance().fieldText : Palette::instance().disabledText;
 }
 
 } // namespace QSP

@@ -30,12 +30,6 @@ constexpr qreal dateTimeGap = 35.0;
 constexpr qreal buttonOffset = 552.0;
 constexpr qreal buttonWidth = 80.0;
 
-QFont withPixelSize(QFont font, qreal size)
-{
-    font.setPixelSize(qMax(1, static_cast<int>(size)));
-    return font;
-}
-
 qreal rootWidth()
 {
     const QQuickItem *root = ScreenRoot::item();
@@ -75,6 +69,7 @@ void TimeEditPopup::createUI()
     background->setParent(this);
     background->setSize(QSizeF(width(), height()));
     background->setRadius((GlobalInfo::instance().hasFixedSizes() ? 8.0 : 15.0) * scale);
+    background->setColor(Palette::instance().surface);
     background->border()->setColor(QColor(0xC8, 0xCD, 0xD2));
     background->border()->setWidth(1.0);
     setBackground(background);
@@ -131,14 +126,14 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     frame->setSize(box.size());
     frame->setRadius(4.0);
     frame->setColor(QColor(0xF7, 0xF8, 0xFA));
-    frame->border()->setColor(Palette::instance().frame());
+    frame->border()->setColor(Palette::instance().frame);
     frame->border()->setWidth(1.0);
 
     auto *input = new QQuickTextInput(frame);
     input->setSize(box.size());
-    input->setFont(withPixelSize(font(), fontPixelSize));
-    input->setColor(Palette::instance().text());
-    input->setSelectionColor(Palette::instance().accent());
+    input->setFont(textFont(fontPixelSize));
+    input->setColor(Palette::instance().text);
+    input->setSelectionColor(Palette::instance().accent);
     input->setSelectedTextColor(Qt::white);
     input->setHAlign(QQuickTextInput::AlignHCenter);
     input->setVAlign(QQuickTextInput::AlignVCenter);
@@ -147,7 +142,7 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
     input->installEventFilter(m_keyFilter.get());
     TouchMask::cover(input);
     connect(input, &QQuickItem::activeFocusChanged, this, [this, input, frame](bool focused) {
-        frame->border()->setColor(focused ? Palette::instance().focus() : Palette::instance().frame());
+        frame->border()->setColor(focused ? Palette::instance().focus : Palette::instance().frame);
         onInputFocusChanged(input, focused);
     });
     return input;
@@ -156,8 +151,8 @@ QQuickTextInput *TimeEditPopup::createInput(InputType type, const QRectF &box, i
 void TimeEditPopup::createSeparator(const QString &text, const QRectF &span, int fontPixelSize)
 {
     auto *separator = new QQuickText(contentItem());
-    separator->setFont(withPixelSize(font(), fontPixelSize));
-    separator->setColor(Palette::instance().text());
+    separator->setFont(textFont(fontPixelSize));
+    separator->setColor(Palette::instance().text);
     separator->setVAlign(QQuickText::AlignVCenter);
     separator->setText(text);
     separator->setX(span.x() + (span.width() - separator->implicitWidth()) * 0.5);
@@ -174,12 +169,12 @@ void TimeEditPopup::createButtons(const QRectF &place, qreal baseFontSize)
     auto *face = new QQuickRectangle(button);
     face->setSize(place.size());
     face->setRadius(5.0);
-    face->setColor(Palette::instance().accent());
+    face->setColor(Palette::instance().accent);
     button->fadeWhilePressed(face);
 
     auto *text = new QQuickText(face);
     text->setColor(Qt::white);
-    text->setFont(withPixelSize(font(), baseFontSize * 0.9));
+    text->setFont(textFont(baseFontSize * 0.9));
     setMultilingualText(text, [] { return QCoreApplication::translate("TimeEditPopup", "OK"); });
     text->setX((place.width() - text->width()) * 0.5);
     text->setY((place.height() - text->height()) * 0.5);

@@ -44,6 +44,8 @@ void setOptions(OperatorPanel *panel, const Options &options)
         panel->setOption("panelCompactLandscape", true);
     if (!options.hiddenCards.isEmpty())
         panel->setOption("panelHiddenCards", options.hiddenCards);
+    if (!options.theme.isEmpty())
+        panel->setOption("panelTheme", options.theme);
 }
 
 bool hasDisplay()

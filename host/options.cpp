@@ -64,6 +64,18 @@ bool readPort(const QString &text, std::optional<quint16> *port)
     return isNumber;
 }
 
+bool readTheme(const QString &text, QVariantMap *theme)
+{
+    const QStringList entries = text.split(QLatin1Char(','));
+    for (const QString &entry : entries) {
+        const int equals = entry.indexOf(QLatin1Char('='));
+        if (equals < 1 || equals == entry.size() - 1)
+            return false;
+        theme->insert(entry.left(equals), entry.mid(equals + 1));
+    }
+    return true;
+}
+
 } // namespace
 
 std::optional<Options> Options::read(const QStringList &arguments, QString *error)
@@ -91,8 +103,8 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
             if (!readPort(reader.value(), &options.vncPort))
                 return fail(QStringLiteral("a port is a number up to 65535"));
         } else {
-            const QStringList withValue = {"--size",     "--library", "--scenario",  "--as",
-                                           "--language", "--tour",    "--hide-cards"};
+            const QStringList withValue = {"--size",     "--library", "--scenario",   "--as",
+                                           "--language", "--tour",    "--hide-cards", "--theme"};
             if (!withValue.contains(name))
                 return fail(QStringLiteral("no such option"));
             const QString value = reader.value();
@@ -103,6 +115,8 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
                             value);
             if (name == QLatin1String("--language") && !readLanguage(value, &options.language))
                 return fail(QStringLiteral("a language is en or zh, not ") + value);
+            if (name == QLatin1String("--theme") && !readTheme(value, &options.theme))
+                return fail(QStringLiteral("a theme is NAME=VALUE with commas, not ") + value);
             if (name == QLatin1String("--library"))
                 options.library = value;
             if (name == QLatin1String("--scenario"))
@@ -123,10 +137,6 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
     }
     if (options.isTour() && options.isOpenWanted) {
         *error = QStringLiteral("--tour: goes without --open, it begins on the operator's page");
-        return std::nullopt;
-    }
-    if (options.isTour() && !options.hiddenCards.isEmpty()) {
-        *error = QStringLiteral("--tour: goes without --hide-cards, it visits every card");
         return std::nullopt;
     }
     return options;
@@ -151,6 +161,8 @@ QString Options::help()
         "                     a screen under 800 wide that lies is laid out as one that stands\n"
         "  --hide-cards LIST  cards that this panel does not have, by their names, with\n"
         "                     commas: brightness,buzzer\n"
+        "  --theme LIST       colours and fonts of the settings, with commas:\n"
+        "                     accent=#007A5A,background=#D8E4DE,font=DejaVu Sans\n"
         "  --open             begin with the settings open\n"
         "  --journal          print what is asked of the simulated panel and what it reports\n"
         "  --library FILE     the settings screen to load, if not the one that belongs here;\n"

@@ -3,6 +3,7 @@
 #include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <QtCore/QVariant>
 
 #include <optional>
 
@@ -20,6 +21,8 @@ struct Options {
     bool isStrict = false;
     bool isCompactLandscape = false;
     QStringList hiddenCards;
+    /// Colours and fonts by name.
+    QVariantMap theme;
     QString tourDirectory;
     /// Port to serve VNC on; 0 is any free one.
     std::optional<quint16> vncPort;

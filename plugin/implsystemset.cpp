@@ -5,6 +5,7 @@
 #include "shell/base/globalinfo.h"
 #include "shell/base/hostoptions.h"
 #include "shell/base/logging.h"
+#include "shell/base/palette.h"
 #include "shell/base/qmltype.h"
 #include "shell/cardinfo.h"
 
@@ -39,6 +40,7 @@ QQuickItem *ImplSystemSet::init(QQmlEngine *engine, int width, int height, int r
     const QSP::HostOptions options = QSP::HostOptions::readFrom(*engine, QSP::cardNames());
     if (options.keepsLanguage)
         QSP::GlobalInfo::keepLanguage();
+    QSP::Palette::setTheme(options.theme);
     QSP::GlobalInfo &info = QSP::GlobalInfo::instance();
 
     QSP::registerQmlType<QSP::AppRootItem>();

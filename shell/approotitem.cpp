@@ -46,7 +46,7 @@ AppRootItem::AppRootItem(QQuickItem *parent) : QQuickRectangle(parent)
     // For the buttons of the menu.
     registerQmlType<BeepButton>();
     qRegisterMetaType<QSP::AppRootItem::MenuIndex>();
-    setColor(Palette::instance().background());
+    setColor(Palette::instance().background);
     connect(this, &AppRootItem::currentPageChanged, this, &AppRootItem::changePage);
     // Before any card looks.
     connect(this, &AppRootItem::opened, &m_panel, &Panel::read);

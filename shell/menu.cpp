@@ -72,7 +72,7 @@ void Menu::setShown(bool shown)
 void Menu::build(const std::function<bool(Entry)> &isMissing)
 {
     const GlobalInfo &info = GlobalInfo::instance();
-    m_bar->setColor(m_isNarrow ? Palette::instance().background() : Palette::instance().surface());
+    m_bar->setColor(m_isNarrow ? Palette::instance().background : Palette::instance().surface);
     const qreal factor = m_isNarrow ? 1.0 : info.isScreenPortrait() ? 0.2625 : 0.205078125;
     followWidth(m_root, this, [this, factor] { m_bar->setWidth(factor * m_root->width()); });
 
@@ -157,7 +157,7 @@ void Menu::addArrow(QQuickItem *button)
 void Menu::addSeparatorLine()
 {
     auto *line = new QQuickRectangle(m_column);
-    line->setColor(Palette::instance().background());
+    line->setColor(Palette::instance().background);
     line->setHeight(1.0);
     followWidth(m_column, line, [column = m_column, line] {
         const qreal margin = buttonMargin(column);
@@ -179,7 +179,7 @@ void Menu::highlightMenuButton(Entry page, bool on)
     if (auto *background = qobject_cast<QQuickRectangle *>(button->background())) {
         background->border()->setWidth(0.0);
         const bool marked = on && !m_isNarrow;
-        background->setColor(marked ? Palette::instance().markedSurface() : Palette::instance().surface());
+        background->setColor(marked ? Palette::instance().markedSurface : Palette::instance().surface);
     }
     button->setProperty("imgUrl", iconUrl(on ? row->icons.highlighted : row->icons.normal));
 }

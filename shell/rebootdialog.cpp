@@ -2,6 +2,7 @@
 
 #include "controls/beepbutton.h"
 #include "controls/dialog.h"
+#include "controls/dialogsize.h"
 #include "controls/modalshade.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/multilingualtext.h"
@@ -19,27 +20,15 @@ namespace {
 
 constexpr QSizeF leastSize(426.0, 243.0);
 constexpr qreal leastMargin = 12.0;
-constexpr qreal widthOfScreenWidth = 0.416015625;
 // What a finger in a glove finds.
 constexpr qreal leastButtonHeight = 60.0;
-// White stands out against it, as it would not against the accent.
-constexpr QColor confirmColor(0x1D, 0x6B, 0xE5);
 
 // Like the other dialogs, but never too small for its buttons where the screen has the room.
-QSizeF dialogSize(const QQuickItem *root)
+QSizeF sizeOn(const QQuickItem *root)
 {
-    const qreal scale = GlobalInfo::instance().hasFixedSizes()
-                            ? 1.0
-                            : qMax(1.0, widthOfScreenWidth * root->width() / leastSize.width());
-    return (leastSize * scale)
+    return dialogSize(root->width())
+        .expandedTo(leastSize)
         .boundedTo({root->width() - 2.0 * leastMargin, root->height() - 2.0 * leastMargin});
-}
-
-void setPixelSize(QQuickText *text, qreal size)
-{
-    QFont font = QGuiApplication::font();
-    font.setPixelSize(qMax(1, static_cast<int>(size)));
-    text->setFont(font);
 }
 
 QString restartText()
@@ -65,8 +54,8 @@ RebootDialog::RebootDialog(QQuickItem *root)
     , m_dialog(new Dialog(root))
     , m_body(new QQuickItem)
     , m_question(new QQuickText(m_body))
-    , m_cancel(addButton({Palette::instance().markedSurface(), Palette::instance().strongHint()}, cancelText))
-    , m_restart(addButton({confirmColor, Qt::white}, restartText))
+    , m_cancel(addButton({Palette::instance().markedSurface, Palette::instance().strongHint}, cancelText))
+    , m_restart(addButton({Palette::instance().strongAccent, Qt::white}, restartText))
 {
     m_dialog->setParent(this);
     m_dialog->setModal(true);
@@ -75,7 +64,7 @@ RebootDialog::RebootDialog(QQuickItem *root)
     m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
     m_dialog->setBodyItem(m_body);
 
-    m_question->setColor(Palette::instance().text());
+    m_question->setColor(Palette::instance().text);
     m_question->setHAlign(QQuickText::AlignHCenter);
     m_question->setVAlign(QQuickText::AlignVCenter);
     m_question->setWrapMode(QQuickText::WordWrap);
@@ -138,7 +127,7 @@ void RebootDialog::translateTitle()
 
 void RebootDialog::place()
 {
-    const QSizeF size = dialogSize(m_root);
+    const QSizeF size = sizeOn(m_root);
     // The height first: the body is fitted when the width changes.
     m_dialog->setHeight(size.height());
     m_dialog->setWidth(size.width());
@@ -157,12 +146,12 @@ void RebootDialog::layout()
 
     m_question->setPosition(QPointF(margin, 0.0));
     m_question->setSize(QSizeF(width - 2.0 * margin, buttonY));
-    setPixelSize(m_question, 0.105 * height);
+    m_question->setFont(textFont(0.105 * height));
     qreal x = margin;
     for (BeepButton *button : {m_cancel, m_restart}) {
         button->setPosition(QPointF(x, qRound(buttonY)));
         button->setSize(QSizeF(buttonWidth, buttonHeight));
-        setPixelSize(qobject_cast<QQuickText *>(button->contentItem()), 0.3 * buttonHeight);
+        qobject_cast<QQuickText *>(button->contentItem())->setFont(textFont(0.3 * buttonHeight));
         x += buttonWidth + margin;
     }
 }

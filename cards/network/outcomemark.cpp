@@ -39,10 +39,10 @@ void addStroke(QQuickItem *disc, QLineF line)
 OutcomeMark::OutcomeMark(int side, QQuickItem *parent) : QQuickItem(parent)
 {
     setSize(QSizeF(side, side));
-    m_tick = addDisc(this, Palette::instance().success());
+    m_tick = addDisc(this, Palette::instance().success);
     addStroke(m_tick, {0.29, 0.53, 0.44, 0.67});
     addStroke(m_tick, {0.44, 0.67, 0.72, 0.36});
-    m_cross = addDisc(this, Palette::instance().failure());
+    m_cross = addDisc(this, Palette::instance().failure);
     addStroke(m_cross, {0.35, 0.35, 0.65, 0.65});
     addStroke(m_cross, {0.35, 0.65, 0.65, 0.35});
 }

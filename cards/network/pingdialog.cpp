@@ -2,6 +2,7 @@
 
 #include "cards/network/outcomemark.h"
 #include "controls/dialog.h"
+#include "controls/dialogsize.h"
 #include "controls/modalshade.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/multilingualtext.h"
@@ -14,11 +15,7 @@ namespace QSP {
 
 namespace {
 
-constexpr double widthFactor = 0.416015625;
-constexpr double heightFactor = 0.5704225352112676;
 constexpr double fontFactor = 0.021484375;
-constexpr int portraitWidth = 426;
-constexpr int portraitHeight = 243;
 constexpr int portraitFontPixelSize = 18;
 constexpr double markFactor = 1.4; // of the font
 
@@ -29,19 +26,10 @@ int referenceWidth()
     return info.isNativePortrait() ? info.screenSize().height() : info.screenSize().width();
 }
 
-QSizeF dialogSize()
-{
-    if (GlobalInfo::instance().hasFixedSizes())
-        return {portraitWidth, portraitHeight};
-    const double width = referenceWidth() * widthFactor;
-    return {width, width * heightFactor};
-}
-
 int fontPixelSize()
 {
-    // Qt knows no font of 0 pixels.
     return GlobalInfo::instance().hasFixedSizes() ? portraitFontPixelSize
-                                                  : qMax(1, static_cast<int>(referenceWidth() * fontFactor));
+                                                  : static_cast<int>(referenceWidth() * fontFactor);
 }
 
 } // namespace
@@ -62,10 +50,8 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
     m_dialog->setEnableCloseButton(true);
     m_dialog->setClosePolicy(QQuickPopup::CloseOnEscape | QQuickPopup::CloseOnPressOutside);
 
-    QFont font = m_text->font();
-    font.setPixelSize(fontPixelSize());
-    m_text->setFont(font);
-    m_text->setColor(Palette::instance().focus());
+    m_text->setFont(textFont(fontPixelSize()));
+    m_text->setColor(Palette::instance().focus);
     m_text->setHAlign(QQuickText::AlignHCenter);
     m_text->setVAlign(QQuickText::AlignVCenter);
     m_text->setWrapMode(QQuickText::WordWrap);
@@ -80,7 +66,7 @@ PingDialog::PingDialog(QQuickItem *root, QObject *parent)
 
 void PingDialog::place()
 {
-    const QSizeF size = dialogSize();
+    const QSizeF size = dialogSize(referenceWidth());
     m_dialog->setWidth(size.width());
     m_dialog->setHeight(size.height());
     m_dialog->setX(qRound((m_root->width() - size.width()) / 2.0));

@@ -27,13 +27,6 @@ QQuickAnchors *anchorsOf(QQuickItem *item)
     return QQuickItemPrivate::get(item)->anchors();
 }
 
-void setPixelSize(QQuickText *text, int size)
-{
-    QFont font = text->font();
-    font.setPixelSize(qMax(1, size));
-    text->setFont(font);
-}
-
 } // namespace
 
 template <class Apply> void RowFactory::follow(QQuickItem *item, Apply apply) const
@@ -56,12 +49,12 @@ QQuickItem *RowFactory::labelledRow(const char *source, double height) const
 {
     QQuickItem *parent = row(height);
     auto *label = new QQuickText(parent);
-    label->setColor(Palette::instance().text());
+    label->setColor(Palette::instance().text);
     label->setElideMode(QQuickText::ElideRight);
     anchorsOf(label)->setLeft(QQuickItemPrivate::get(parent)->left());
     anchorsOf(label)->setVerticalCenter(QQuickItemPrivate::get(parent)->verticalCenter());
     follow(label, [label](int, int fontPixelSize) {
-        setPixelSize(label, fontPixelSize);
+        label->setFont(textFont(fontPixelSize));
         anchorsOf(label)->setLeftMargin(fontPixelSize);
     });
     setNetworkText(label, source);
@@ -131,8 +124,8 @@ CMacInput *RowFactory::mac(QQuickItem *row) const
 QQuickText *RowFactory::text(QQuickItem *row) const
 {
     auto *text = new QQuickText(row);
-    follow(text, [text](int, int fontPixelSize) { setPixelSize(text, fontPixelSize); });
-    text->setColor(Palette::instance().text());
+    follow(text, [text](int, int fontPixelSize) { text->setFont(textFont(fontPixelSize)); });
+    text->setColor(Palette::instance().text);
     placeRight(text, row);
     return text;
 }

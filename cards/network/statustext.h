@@ -18,7 +18,7 @@ public:
     bool hasItem() const { return m_item != nullptr; }
 
     /// @p source is an untranslated text of static duration.
-    void show(const char *source, const QColor &color = Palette::instance().text());
+    void show(const char *source, const QColor &color = Palette::instance().text);
 
 private:
     QQuickText *m_item = nullptr;

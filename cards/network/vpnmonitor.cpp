@@ -26,19 +26,19 @@ std::pair<const char *, QColor> statusOf(int state)
     switch (state) {
     case 0:
         // Without an entry in the catalogues, as makers of them have it.
-        return {"Not connected", palette.text()};
+        return {"Not connected", palette.text};
     case 1:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "Connecting..."), palette.text()};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Connecting..."), palette.text};
     case 2:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "HMI not authorized"), palette.failure()};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "HMI not authorized"), palette.failure};
     case 3:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "SSL Error"), palette.failure()};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "SSL Error"), palette.failure};
     case 4:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "Certificate Error"), palette.failure()};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Certificate Error"), palette.failure};
     case 5:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "VPN connected"), palette.success()};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "VPN connected"), palette.success};
     default:
-        return {QT_TRANSLATE_NOOP("CardNetwork", "Unknown Status"), palette.failure()};
+        return {QT_TRANSLATE_NOOP("CardNetwork", "Unknown Status"), palette.failure};
     }
 }
 

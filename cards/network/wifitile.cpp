@@ -37,9 +37,7 @@ QQuickText *addText(QQuickItem *parent, const QColor &color)
 
 void placeText(QQuickText *text, qreal x, int pixelSize)
 {
-    QFont font = text->font();
-    font.setPixelSize(qMax(1, pixelSize));
-    text->setFont(font);
+    text->setFont(textFont(pixelSize));
     text->setX(x);
 }
 
@@ -48,8 +46,8 @@ void placeText(QQuickText *text, qreal x, int pixelSize)
 WifiTile::WifiTile(QQuickItem *parent)
     : BeepButton(parent)
     , m_icon(addIcon(this, "4@2x.png"))
-    , m_status(addText(this, Palette::instance().text()))
-    , m_hint(addText(this, Palette::instance().hint()))
+    , m_status(addText(this, Palette::instance().text))
+    , m_hint(addText(this, Palette::instance().hint))
     , m_marker(addIcon(this, "rightArrow0@2x.png"))
 {
     auto *frame = new QQuickRectangle(this);
@@ -58,7 +56,7 @@ WifiTile::WifiTile(QQuickItem *parent)
     frame->border()->setColor(QColor::fromRgba(borderColor));
     setBackground(frame);
     connect(this, &QQuickAbstractButton::pressedChanged, frame, [this, frame] {
-        frame->setColor(isPressed() ? Palette::instance().markedSurface() : Palette::instance().surface());
+        frame->setColor(isPressed() ? Palette::instance().markedSurface : Palette::instance().surface);
     });
 
     // Two lines, one above and one below the middle.

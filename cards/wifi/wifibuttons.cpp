@@ -4,6 +4,7 @@
 #include "shell/approotitem.h"
 #include "shell/barparts.h"
 #include "shell/base/multilingualtext.h"
+#include "shell/base/palette.h"
 #include "shell/rootof.h"
 
 #include <QtCore/QCoreApplication>
@@ -43,9 +44,7 @@ BeepButton *addWifiResetButton(QQuickItem *row, int rowHeight, int fontPixelSize
     button->setBackground(background);
 
     auto *text = new QQuickText(button);
-    QFont font = text->font();
-    font.setPixelSize(qMax(1, static_cast<int>(fontPixelSize * 0.8)));
-    text->setFont(font);
+    text->setFont(textFont(fontPixelSize * 0.8));
     text->setColor(Qt::white);
     text->setHAlign(QQuickText::AlignHCenter);
     text->setVAlign(QQuickText::AlignVCenter);

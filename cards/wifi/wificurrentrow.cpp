@@ -24,7 +24,7 @@ WifiCurrentRow::WifiCurrentRow(QQuickItem *container, int rowHeight, QObject *pa
     anchors->setRight(QQuickItemPrivate::get(container)->right());
 
     m_name->setTextFormat(QQuickText::PlainText);
-    m_name->setColor(Palette::instance().text());
+    m_name->setColor(Palette::instance().text);
     m_name->setHAlign(QQuickText::AlignLeft);
     m_name->setVAlign(QQuickText::AlignVCenter);
     m_name->setElideMode(QQuickText::ElideRight);
@@ -41,9 +41,7 @@ WifiCurrentRow::WifiCurrentRow(QQuickItem *container, int rowHeight, QObject *pa
 
 void WifiCurrentRow::show(const QString &name, int strength, int fontPixelSize)
 {
-    QFont font = m_name->font();
-    font.setPixelSize(qMax(1, fontPixelSize));
-    m_name->setFont(font);
+    m_name->setFont(textFont(fontPixelSize));
     m_name->setText(displayName(name));
     if (strength >= 1)
         m_signal->setSource(wifiSignalIcon(strength));

@@ -17,16 +17,7 @@ namespace QSP {
 
 namespace {
 
-// White stands out against it, as it would not against the accent.
-constexpr QColor connectColor(0x1D, 0x6B, 0xE5);
 constexpr QColor errorColor(0xFF, 0x00, 0x00);
-
-void setFontSize(QQuickText *text, int pixelSize)
-{
-    QFont font = text->font();
-    font.setPixelSize(qMax(1, pixelSize));
-    text->setFont(font);
-}
 
 // Neither the focus nor the keyboard leaves the field when such a button is tapped.
 BeepButton *addQuietButton(QQuickItem *parent)
@@ -47,7 +38,7 @@ WifiPasswordBody::WifiPasswordBody(int fontPixelSize, QQuickItem *parent)
     , m_entry(new QQuickItem(this))
     , m_busyPlace(new QQuickItem(this))
 {
-    setFontSize(m_status, fontPixelSize);
+    m_status->setFont(textFont(fontPixelSize));
     m_status->setHAlign(QQuickText::AlignHCenter);
     m_status->setVAlign(QQuickText::AlignVCenter);
     m_status->setElideMode(QQuickText::ElideRight);
@@ -59,7 +50,7 @@ WifiPasswordBody::WifiPasswordBody(int fontPixelSize, QQuickItem *parent)
 QQuickText *WifiPasswordBody::addText(QQuickItem *parent, const char *text) const
 {
     auto *item = new QQuickText(parent);
-    setFontSize(item, static_cast<int>(m_fontPixelSize * 0.8));
+    item->setFont(textFont(m_fontPixelSize * 0.8));
     item->setVAlign(QQuickText::AlignVCenter);
     setMultilingualText(item, [text] { return QCoreApplication::translate("CardWifi", text); });
     return item;
@@ -70,18 +61,16 @@ void WifiPasswordBody::addField()
     m_frame = new QQuickRectangle(m_entry);
     m_frame->setRadius(4.0);
     m_frame->border()->setWidth(1.0);
-    m_frame->border()->setColor(Palette::instance().caption());
+    m_frame->border()->setColor(Palette::instance().caption);
 
     // A field that cut off its own text at its sides would cut its touch area as well, above and below.
     m_inputView = new QQuickItem(m_frame);
     m_inputView->setClip(true);
     m_input = new PasswordInput(m_inputView);
     TouchMask::cover(m_input, TouchArea::fingerHeight);
-    QFont font = m_input->font();
-    font.setPixelSize(qMax(1, static_cast<int>(m_fontPixelSize * 0.8)));
-    m_input->setFont(font);
-    m_input->setColor(Palette::instance().text());
-    m_input->setSelectionColor(Palette::instance().accent());
+    m_input->setFont(textFont(m_fontPixelSize * 0.8));
+    m_input->setColor(Palette::instance().text);
+    m_input->setSelectionColor(Palette::instance().accent);
     m_input->setVAlign(QQuickTextInput::AlignVCenter);
     m_input->setHAlign(QQuickTextInput::AlignLeft);
     m_input->setInputMethodHints(Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
@@ -102,7 +91,7 @@ void WifiPasswordBody::addShowButton()
     tick->setFillMode(QQuickImage::PreserveAspectFit);
     m_tick = tick;
     m_showText = addText(m_showButton, QT_TRANSLATE_NOOP("CardWifi", "Show Password"));
-    m_showText->setColor(Palette::instance().strongHint());
+    m_showText->setColor(Palette::instance().strongHint);
     connect(m_showText, &QQuickItem::implicitWidthChanged, this, &WifiPasswordBody::layout);
     connect(m_showButton, &QQuickAbstractButton::checkedChanged, this, &WifiPasswordBody::updateEcho);
     updateEcho();
@@ -112,7 +101,7 @@ void WifiPasswordBody::addConnectButton()
 {
     m_connectButton = addQuietButton(m_entry);
     auto *background = new QQuickRectangle(m_connectButton);
-    background->setColor(connectColor);
+    background->setColor(Palette::instance().strongAccent);
     background->setRadius(5.0);
     m_connectButton->setBackground(background);
     m_connectText = addText(m_connectButton, QT_TRANSLATE_NOOP("CardWifi", "Connect"));
@@ -124,7 +113,7 @@ void WifiPasswordBody::addConnectButton()
 
 void WifiPasswordBody::onFocusChanged(bool focused)
 {
-    m_frame->border()->setColor(focused ? Palette::instance().accent() : Palette::instance().caption());
+    m_frame->border()->setColor(focused ? Palette::instance().accent : Palette::instance().caption);
     VkbManager &keyboard = VkbManager::instance();
     if (focused) {
         keyboard.showVkb(true);
@@ -138,7 +127,7 @@ void WifiPasswordBody::updateEcho()
 {
     const bool shown = m_showButton->isChecked();
     m_input->setEchoMode(shown ? QQuickTextInput::Normal : QQuickTextInput::Password);
-    m_box->border()->setColor(shown ? Palette::instance().accent() : Palette::instance().caption());
+    m_box->border()->setColor(shown ? Palette::instance().accent : Palette::instance().caption);
     m_tick->setVisible(shown);
 }
 

@@ -2,6 +2,7 @@
 
 #include "cards/wifi/wifipasswordbody.h"
 #include "controls/dialog.h"
+#include "controls/dialogsize.h"
 #include "controls/modalshade.h"
 #include "panel/ssid.h"
 #include "shell/approotitem.h"
@@ -17,19 +18,8 @@ namespace QSP {
 
 namespace {
 
-constexpr QSizeF portraitSize(426.0, 243.0);
-constexpr qreal widthOfScreenWidth = 0.416015625;
 constexpr qreal besideKeyboardY = 25.0;
 constexpr qreal aboveKeyboard = 8.0;
-
-QSizeF dialogSize()
-{
-    const GlobalInfo &info = GlobalInfo::instance();
-    if (info.hasFixedSizes())
-        return portraitSize;
-    const qreal width = info.screenSize().width() * widthOfScreenWidth;
-    return {width, width * 243.0 / 426.0};
-}
 
 } // namespace
 
@@ -43,8 +33,9 @@ WifiPasswordDialog::WifiPasswordDialog(QQuickItem *card, int fontPixelSize)
     m_dialog->setEnableCloseButton(true);
     m_dialog->setModal(true);
     m_dialog->setClosePolicy(QQuickPopup::NoAutoClose);
-    m_dialog->setWidth(dialogSize().width());
-    m_dialog->setHeight(dialogSize().height());
+    const QSizeF size = dialogSize(GlobalInfo::instance().screenSize().width());
+    m_dialog->setWidth(size.width());
+    m_dialog->setHeight(size.height());
     m_dialog->setBodyItem(m_body);
     if (m_root) {
         m_dialog->setParentItem(m_root);

@@ -43,7 +43,7 @@ void WifiRow::make()
 
     m_button = new BeepButton(this);
     auto *background = new QQuickRectangle(m_button);
-    background->setColor(Palette::instance().markedSurface());
+    background->setColor(Palette::instance().markedSurface);
     background->setRadius(6.0);
     background->setVisible(false);
     m_button->setBackground(background);
@@ -52,7 +52,7 @@ void WifiRow::make()
     connect(m_button, &QQuickAbstractButton::clicked, this, &WifiRow::clicked);
 
     auto *line = new QQuickRectangle(m_button);
-    line->setColor(Palette::instance().separator());
+    line->setColor(Palette::instance().separator);
     line->setHeight(1.0);
     line->setVisible(!m_isFirst);
     m_line = line;
@@ -62,10 +62,8 @@ void WifiRow::make()
     auto *label = new QQuickText(m_button);
     m_label = label;
     label->setTextFormat(QQuickText::PlainText);
-    QFont font = label->font();
-    font.setPixelSize(qMax(1, m_look.fontPixelSize));
-    label->setFont(font);
-    label->setColor(Palette::instance().text());
+    label->setFont(textFont(m_look.fontPixelSize));
+    label->setColor(Palette::instance().text);
     label->setHAlign(QQuickText::AlignLeft);
     label->setVAlign(QQuickText::AlignVCenter);
     label->setElideMode(QQuickText::ElideRight);

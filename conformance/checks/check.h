@@ -34,6 +34,8 @@ class Check
 public:
     Check(const CheckInfo &info, HMI::SystemSet::NIC adapter, const Order &order, Witness &witness);
 
+    /// Whether the checks may use the adapter at all.
+    bool isAsked(HMI::SystemSet::NIC nic) const { return (m_order.adapters & nic) != 0; }
     /// The adapter that the check is made for; of no meaning for a check of the whole panel.
     HMI::SystemSet::NIC adapter() const { return m_adapter; }
     const Result &result() const { return m_result; }

@@ -1,6 +1,6 @@
 #include "conformance/checks/cost.h"
 
-#include "conformance/checks/limits.h"
+#include "conformance/checks/calllimits.h"
 
 #include <algorithm>
 #include <chrono>

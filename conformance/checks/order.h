@@ -16,7 +16,7 @@ struct Order {
     bool isReadOnly = false;      ///< no check that changes the panel
     /// How long to wait for a report, at most; what the contract grants less time gets less.
     std::chrono::seconds patience{60};
-    /// How long the service gets between its start and the first question.
+    /// How long the service gets at most to read its panel, before what it answers counts.
     std::chrono::seconds settling{0};
     /// Whether a result of this title is there already, from a process before this one.
     std::function<bool(const std::string &)> isDone;

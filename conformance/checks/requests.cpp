@@ -1,7 +1,7 @@
 #include "conformance/checks/asking.h"
+#include "conformance/checks/calllimits.h"
 #include "conformance/checks/cost.h"
 #include "conformance/checks/functions.h"
-#include "conformance/checks/limits.h"
 
 #include <atomic>
 
@@ -11,14 +11,14 @@ namespace Conformance {
 
 namespace {
 
-/// An adapter that the panel has, or LAN0: requests must be safe in any case.
-SystemSet::NIC someAdapter()
+/// An adapter that the panel has and that is asked for, or none: requests must be safe in any case.
+SystemSet::NIC someAdapter(const Check &check)
 {
     for (const AdapterName &adapter : AdapterNames) {
-        if (has(adapter.nic))
+        if (has(adapter.nic) && check.isAsked(adapter.nic))
             return adapter.nic;
     }
-    return SystemSet::LAN0;
+    return static_cast<SystemSet::NIC>(NoAdapter);
 }
 
 void expectAtOnce(Check &check, const char *operation, double cost)
@@ -33,17 +33,19 @@ void Checks::requestsAtOnce(Check &check)
 {
     PingReports pings;
     ListReports lists;
-    const SystemSet::NIC nic = someAdapter();
+    const SystemSet::NIC nic = someAdapter(check);
     expectAtOnce(check, "pingTest", costOf([&] { pings = askForPing(nic); }));
-    expectAtOnce(check, "scanWifi", costOf([&] { lists = askForScan(); }));
+    if (check.isAsked(SystemSet::WIFI))
+        expectAtOnce(check, "scanWifi", costOf([&] { lists = askForScan(); }));
     waitForReport(check, "pingTest", *pings, PingLimit);
-    waitForReport(check, "scanWifi", *lists, ListLimit);
+    if (lists)
+        waitForReport(check, "scanWifi", *lists, ListLimit);
 }
 
 void Checks::requestsCallingBack(Check &check)
 {
     const auto isDone = std::make_shared<std::atomic<bool>>(false);
-    const SystemSet::NIC nic = someAdapter();
+    const SystemSet::NIC nic = someAdapter(check);
     service().pingTest(nic, [isDone, nic](bool) {
         service().getIp(nic);
         service().getDefaultNIC();
@@ -58,14 +60,14 @@ void Checks::requestsCallingBack(Check &check)
 
 void Checks::requestsUnheard(Check &check)
 {
-    const SystemSet::NIC nic = someAdapter();
-    service().pingTest(nic, {});
-    service().scanWifi({});
+    const SystemSet::NIC nic = someAdapter(check);
     // Whatever comes of them has come by the time that later ones report.
-    const PingReports pings = askForPing(nic);
-    const ListReports lists = askForScan();
-    waitForReport(check, "pingTest", *pings, PingLimit);
-    waitForReport(check, "scanWifi", *lists, ListLimit);
+    service().pingTest(nic, {});
+    if (check.isAsked(SystemSet::WIFI))
+        service().scanWifi({});
+    waitForReport(check, "pingTest", *askForPing(nic), PingLimit);
+    if (check.isAsked(SystemSet::WIFI))
+        waitForReport(check, "scanWifi", *askForScan(), ListLimit);
     service().setDHCP(static_cast<SystemSet::NIC>(NoAdapter), false, {}, true);
     waitForReport(check, "setDHCP", *askForDhcp(static_cast<SystemSet::NIC>(NoAdapter), false), LeaseLimit);
 }

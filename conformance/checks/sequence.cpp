@@ -1,13 +1,12 @@
 #include "conformance/checks/sequence.h"
 
 #include "conformance/checks/asking.h"
+#include "conformance/checks/calllimits.h"
 #include "conformance/checks/cost.h"
 #include "conformance/checks/functions.h"
-#include "conformance/checks/limits.h"
 
 #include <algorithm>
 #include <string_view>
-#include <thread>
 
 using HMI::SystemSet;
 
@@ -92,14 +91,23 @@ bool isFrame(std::string_view group)
     return group == "life" || group == "panel";
 }
 
+/// Calls @p function; what it throws fails @p check.
+void callSafely(Check &check, const std::function<void()> &function)
+{
+    try {
+        function();
+    } catch (const std::exception &error) {
+        check.failed("the service", "nothing is thrown", error.what());
+    } catch (...) {
+        check.failed("the service", "nothing is thrown", "something that is no std::exception");
+    }
+}
+
 } // namespace
 
 void Sequence::run()
 {
     start(StartInfo);
-    // Until its worker has read the panel a service may answer neutral, which is not to be taken for the panel.
-    std::this_thread::sleep_for(m_order.settling);
-    m_adapters = service().getAllNIC();
     // In a process that follows one that died the panel is no longer what it was.
     if (const std::optional<Settings> settings = Settings::decoded(m_order.settings))
         m_restorer.emplace(*settings);
@@ -114,8 +122,8 @@ void Sequence::run()
         });
     }
     restore(RestoredInfo);
-    leaveRequests();
     m_witness.begin(Check(EndInfo, {}, m_order, m_witness).result());
+    leaveRequests();
 }
 
 bool Sequence::isWanted(const CheckInfo &info) const
@@ -135,7 +143,31 @@ void Sequence::start(const CheckInfo &info)
     const double cost = costOf([] { service(); });
     if (cost > StartWarning)
         check.warned("SystemSet", "there within " + milliseconds(StartWarning), milliseconds(cost));
+    callSafely(check, [&] {
+        settle(check);
+        m_adapters = service().getAllNIC();
+    });
     m_witness.end(check.result());
+}
+
+void Sequence::settle(Check &check) const
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr Milliseconds BetweenLooks{100};
+    if (m_order.settling.count() == 0)
+        return;
+    const Clock::time_point end = Clock::now() + m_order.settling;
+    Settings before = Settings::read();
+    while (Clock::now() < end) {
+        check.waitFor([] { return false; }, BetweenLooks);
+        check.alive();
+        Settings now = Settings::read();
+        if (!now.isNeutral() && now.encoded() == before.encoded())
+            return;
+        before = std::move(now);
+    }
+    check.note((before.isNeutral() ? "still neutral after " : "not settled after ") +
+               std::to_string(m_order.settling.count()) + " s");
 }
 
 void Sequence::make(const CheckInfo &info, const Function &function)
@@ -163,21 +195,20 @@ void Sequence::make(const CheckInfo &info, SystemSet::NIC adapter, const Functio
         return m_witness.end(check.result());
     }
     m_witness.begin(check.result());
-    try {
+    callSafely(check, [&] {
         function(check);
         if (info.effect == Effect::Changes && m_restorer)
             m_restorer->putBack(check);
-    } catch (const std::exception &error) {
-        check.failed("the service", "nothing is thrown", error.what());
-    } catch (...) {
-        check.failed("the service", "nothing is thrown", "something that is no std::exception");
-    }
+    });
     m_witness.end(check.result());
 }
 
 void Sequence::rememberPanel(Check &check)
 {
     Settings settings = Settings::read();
+    // A service that has not read its panel yet would have that written into it at the end.
+    if (!settings.adapters.empty() && settings.isNeutral())
+        check.warned("the service", "something of an adapter", "nothing; --settle gives it time");
     if (changesWifi())
         settings.addPassword(check);
     m_witness.keep(settings.encoded());
@@ -200,10 +231,11 @@ void Sequence::leaveRequests() const
 {
     // So that the service ends while something is under way.
     for (const AdapterName &adapter : AdapterNames) {
-        if (has(adapter.nic))
+        if ((m_adapters & m_order.adapters & adapter.nic) != 0)
             askForPing(adapter.nic);
     }
-    askForScan();
+    if ((m_order.adapters & SystemSet::WIFI) != 0)
+        askForScan();
 }
 
 } // namespace Conformance

@@ -20,6 +20,9 @@ private:
     bool isWanted(const CheckInfo &info) const;
     bool changesWifi() const;
     void start(const CheckInfo &info);
+    /// Waits until the service has read its panel, if the order grants it time for that. Until then it may answer
+    /// neutral, which is not to be taken for the panel.
+    void settle(Check &check) const;
     void make(const CheckInfo &info, const Function &function);
     void make(const CheckInfo &info, HMI::SystemSet::NIC adapter, const Function &function);
     void rememberPanel(Check &check);

@@ -32,6 +32,16 @@ private:
 
 } // namespace
 
+bool Settings::isNeutral() const
+{
+    return std::all_of(adapters.begin(), adapters.end(), [](const auto &entry) {
+        const AdapterSettings &adapter = entry.second;
+        const quint32 bits =
+            adapter.ip | adapter.mask | adapter.gateway | adapter.dns.first | adapter.dns.second;
+        return bits == 0 && !adapter.isEnabled && !adapter.isDhcpOn;
+    });
+}
+
 Settings Settings::read()
 {
     Settings settings;

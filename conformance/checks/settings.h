@@ -28,6 +28,8 @@ struct Settings {
     HMI::SSID network{};  ///< the joined one; all zero for none
     std::string password; ///< what the panel keeps for it; no getter tells, see addPassword()
 
+    /// Whether it tells nothing of any adapter, as while a service has not read its panel yet.
+    bool isNeutral() const;
     static Settings read();
     /// Learns the password of the joined network from a scan, so that it can be joined again.
     void addPassword(Check &check);

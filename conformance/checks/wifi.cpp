@@ -1,7 +1,7 @@
 #include "conformance/checks/asking.h"
+#include "conformance/checks/calllimits.h"
 #include "conformance/checks/cost.h"
 #include "conformance/checks/functions.h"
-#include "conformance/checks/limits.h"
 
 #include <algorithm>
 

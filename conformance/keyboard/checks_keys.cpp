@@ -42,6 +42,25 @@ std::string told(const QVector<KeyStroke> &strokes)
     return text.empty() ? "nothing" : text;
 }
 
+/// Shows the keys of @p type on a stage of their own, and hands over the stage and the place of @p found among them.
+/// Without such a key the check is skipped.
+template <class Use>
+void withKey(KeyboardRun &run, Ruling &ruling, VkbLayoutType type, const KeyMap::Key *found, Use use)
+{
+    const KeyMap::Key *key = wantedKey(found, ruling);
+    if (!key)
+        return;
+    Stage stage(run.library());
+    if (isUsable(stage, ruling) && stage.show(type))
+        use(stage, key->point);
+}
+
+/// The same with the key of a character that addresses have.
+template <class Use> void withCharacter(KeyboardRun &run, Ruling &ruling, char character, Use use)
+{
+    withKey(run, ruling, VkbAddressDigits, run.keysOf(VkbAddressDigits).typing(QLatin1Char(character)), use);
+}
+
 /// One press and one release of the same key.
 bool isOneKey(const QVector<KeyStroke> &strokes)
 {
@@ -88,21 +107,17 @@ void layoutHeight(KeyboardRun &run, Ruling &ruling)
 
 void layoutUnknown(KeyboardRun &run, Ruling &ruling)
 {
-    const KeyMap::Key *dot = wantedKey(run.keysOf(VkbAddressDigits).typing(QLatin1Char('.')), ruling);
-    if (!dot)
-        return;
-    Stage stage(run.library());
-    if (!isUsable(stage, ruling) || !stage.show(VkbAddressDigits))
-        return;
-    for (const int type : {-1, 1000}) {
-        stage.keyboard()->setLayoutType(static_cast<VkbLayoutType>(type));
-        stage.field()->forget();
-        stage.tap(dot->point);
-        ruling.expect(!stage.field()->strokes().isEmpty() &&
-                          stage.field()->strokes().constFirst().text == QLatin1String("."),
-                      "setLayoutType", "an unknown value leaves the keys: the dot is where it was",
-                      told(stage.field()->strokes()));
-    }
+    withCharacter(run, ruling, '.', [&ruling](Stage &stage, const QPointF &dot) {
+        for (const int type : {-1, 1000}) {
+            stage.keyboard()->setLayoutType(static_cast<VkbLayoutType>(type));
+            stage.field()->forget();
+            stage.tap(dot);
+            ruling.expect(!stage.field()->strokes().isEmpty() &&
+                              stage.field()->strokes().constFirst().text == QLatin1String("."),
+                          "setLayoutType", "an unknown value leaves the keys: the dot is where it was",
+                          told(stage.field()->strokes()));
+        }
+    });
 }
 
 void keyEvents(KeyboardRun &run, Ruling &ruling)
@@ -159,96 +174,79 @@ void keyHide(KeyboardRun &run, Ruling &ruling)
 
 void keyRepeat(KeyboardRun &run, Ruling &ruling)
 {
-    const KeyMap::Key *key = wantedKey(run.keysOf(VkbAddressDigits).sending(Qt::Key_Backspace), ruling);
-    if (!key)
-        return;
-    Stage stage(run.library());
-    if (!isUsable(stage, ruling) || !stage.show(VkbAddressDigits))
-        return;
-    stage.press(key->point);
-    const auto repeated = [&stage] {
-        const QVector<KeyStroke> &strokes = stage.field()->strokes();
-        return std::count_if(strokes.cbegin(), strokes.cend(), [](const KeyStroke &stroke) {
-            return stroke.isPress() && stroke.code == Qt::Key_Backspace && stroke.isRepeat;
-        });
-    };
-    const bool isRepeating = Stage::waitFor([&repeated] { return repeated() >= FewestRepeats; }, HoldMs);
-    ruling.expect(isRepeating, "Backspace",
-                  std::to_string(FewestRepeats) + " events of auto-repeat within " + std::to_string(HoldMs) +
-                      " ms",
-                  std::to_string(repeated()));
-    stage.release(key->point);
-    QCoreApplication::processEvents();
-    const int atRelease = presses(stage.field()->strokes(), Qt::Key_Backspace);
-    Stage::pause(Stage::HidingMs);
-    const int later = presses(stage.field()->strokes(), Qt::Key_Backspace);
-    ruling.expect(later == atRelease, "Backspace", "nothing after it was let go",
-                  std::to_string(later - atRelease) + " events");
+    const KeyMap::Key *backspace = run.keysOf(VkbAddressDigits).sending(Qt::Key_Backspace);
+    withKey(run, ruling, VkbAddressDigits, backspace, [&ruling](Stage &stage, const QPointF &point) {
+        stage.press(point);
+        const auto repeated = [&stage] {
+            const QVector<KeyStroke> &strokes = stage.field()->strokes();
+            return std::count_if(strokes.cbegin(), strokes.cend(), [](const KeyStroke &stroke) {
+                return stroke.isPress() && stroke.code == Qt::Key_Backspace && stroke.isRepeat;
+            });
+        };
+        const bool isRepeating = Stage::waitFor([&repeated] { return repeated() >= FewestRepeats; }, HoldMs);
+        ruling.expect(isRepeating, "Backspace",
+                      std::to_string(FewestRepeats) + " events of auto-repeat within " +
+                          std::to_string(HoldMs) + " ms",
+                      std::to_string(repeated()));
+        stage.release(point);
+        QCoreApplication::processEvents();
+        const int atRelease = presses(stage.field()->strokes(), Qt::Key_Backspace);
+        Stage::pause(Stage::HidingMs);
+        const int later = presses(stage.field()->strokes(), Qt::Key_Backspace);
+        ruling.expect(later == atRelease, "Backspace", "nothing after it was let go",
+                      std::to_string(later - atRelease) + " events");
+    });
 }
 
 void keyFocus(KeyboardRun &run, Ruling &ruling)
 {
-    const KeyMap::Key *key = wantedKey(run.keysOf(VkbAddressDigits).typing(QLatin1Char('1')), ruling);
-    if (!key)
-        return;
-    Stage stage(run.library());
-    if (!isUsable(stage, ruling) || !stage.show(VkbAddressDigits))
-        return;
-    stage.press(key->point);
-    ruling.expect(stage.field()->hasActiveFocus(), "a key", "the field has the focus while it is held",
-                  "it lost it");
-    stage.release(key->point);
-    ruling.expect(stage.field()->hasActiveFocus(), "a key", "the field has the focus after it", "it lost it");
+    withCharacter(run, ruling, '1', [&ruling](Stage &stage, const QPointF &point) {
+        stage.press(point);
+        ruling.expect(stage.field()->hasActiveFocus(), "a key", "the field has the focus while it is held",
+                      "it lost it");
+        stage.release(point);
+        ruling.expect(stage.field()->hasActiveFocus(), "a key", "the field has the focus after it",
+                      "it lost it");
+    });
 }
 
 void keyTarget(KeyboardRun &run, Ruling &ruling)
 {
-    const KeyMap::Key *key = wantedKey(run.keysOf(VkbAddressDigits).typing(QLatin1Char('1')), ruling);
-    if (!key)
-        return;
-    Stage stage(run.library());
-    if (!isUsable(stage, ruling) || !stage.show(VkbAddressDigits))
-        return;
-    stage.tap(key->point);
-    stage.other()->forceActiveFocus();
-    stage.field()->forget();
-    stage.tap(key->point);
-    ruling.expect(stage.field()->strokes().isEmpty() && !stage.other()->strokes().isEmpty(), "a key",
-                  "goes to the field that has the focus now",
-                  "the one before got " + told(stage.field()->strokes()));
+    withCharacter(run, ruling, '1', [&ruling](Stage &stage, const QPointF &point) {
+        stage.tap(point);
+        stage.other()->forceActiveFocus();
+        stage.field()->forget();
+        stage.tap(point);
+        ruling.expect(stage.field()->strokes().isEmpty() && !stage.other()->strokes().isEmpty(), "a key",
+                      "goes to the field that has the focus now",
+                      "the one before got " + told(stage.field()->strokes()));
+    });
 }
 
 void keyMidst(KeyboardRun &run, Ruling &ruling)
 {
     for (const VkbLayoutType type : {VkbAddressDigits, VkbFullKeyboard}) {
-        const KeyMap::Key *key = wantedKey(run.keysOf(type).returning(), ruling);
-        if (!key)
-            return;
-        Stage stage(run.library());
-        if (!isUsable(stage, ruling) || !stage.show(type))
-            return;
-        stage.field()->whenPressed([&stage] {
-            stage.keyboard()->setLayoutType(VkbPlainDigits);
-            stage.keyboard()->show(false);
+        const KeyMap::Key *returning = run.keysOf(type).returning();
+        withKey(run, ruling, type, returning, [&ruling](Stage &stage, const QPointF &point) {
+            stage.field()->whenPressed([&stage] {
+                stage.keyboard()->setLayoutType(VkbPlainDigits);
+                stage.keyboard()->show(false);
+            });
+            stage.tap(point);
+            const auto isHidden = [&stage] { return !stage.keyboard()->isVisible(); };
+            ruling.expect(Stage::waitFor(isHidden, Stage::PatienceMs), "show",
+                          "false from within a key event hides", "the keyboard is still there");
         });
-        stage.tap(key->point);
-        const auto isHidden = [&stage] { return !stage.keyboard()->isVisible(); };
-        ruling.expect(Stage::waitFor(isHidden, Stage::PatienceMs), "show",
-                      "false from within a key event hides", "the keyboard is still there");
     }
 }
 
 void keyMouse(KeyboardRun &run, Ruling &ruling)
 {
-    const KeyMap::Key *key = wantedKey(run.keysOf(VkbAddressDigits).typing(QLatin1Char('1')), ruling);
-    if (!key)
-        return;
-    Stage stage(run.library());
-    if (!isUsable(stage, ruling) || !stage.show(VkbAddressDigits))
-        return;
-    stage.click(key->point);
-    ruling.expect(isOneKey(stage.field()->strokes()), "a key", "a click strikes it",
-                  told(stage.field()->strokes()));
+    withCharacter(run, ruling, '1', [&ruling](Stage &stage, const QPointF &point) {
+        stage.click(point);
+        ruling.expect(isOneKey(stage.field()->strokes()), "a key", "a click strikes it",
+                      told(stage.field()->strokes()));
+    });
 }
 
 } // namespace KeyboardCheckFunctions

@@ -14,8 +14,11 @@ void tapReturnButton(Visitor &visitor)
 // On a narrow screen at most two steps lead back to it.
 void leadToMenu(Visitor &visitor)
 {
-    const QString entry = Visitor::said("QSP::AppRootItem", "General");
-    for (int i = 0; i < 2 && !visitor.seesButton(entry); ++i)
+    const auto isThere = [&visitor] {
+        return visitor.seesButton(Visitor::said("QSP::AppRootItem", "Reboot")) ||
+               visitor.seesButton(Visitor::said("QSP::AppRootItem", "Exit"));
+    };
+    for (int i = 0; i < 2 && !isThere(); ++i)
         tapReturnButton(visitor);
 }
 
@@ -94,11 +97,6 @@ Action page(const char *title)
 Action menu()
 {
     return leadToMenu;
-}
-
-Action goBack()
-{
-    return tapReturnButton;
 }
 
 Action leave()

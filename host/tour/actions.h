@@ -33,8 +33,6 @@ Action seeReady(const char *className, const char *property);
 Action tapAside();
 /// Shows the page of a menu entry, from wherever the visitor is.
 Action page(const char *title);
-/// The return button in the title bar of a narrow screen.
-Action goBack();
 /// Shows the menu, from wherever the visitor is.
 Action menu();
 /// The key beside the glass.

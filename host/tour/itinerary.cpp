@@ -16,14 +16,28 @@ struct Visit {
 
     bool isNarrow() const { return options.size.width() < narrowBelow; }
     bool isLow() const { return options.size.height() < lowBelow; }
+    bool has(const char *card) const { return !options.hiddenCards.contains(QLatin1String(card)); }
+    bool hasGeneral() const { return has("brightness") || has("time") || has("buzzer"); }
+    bool hasNetwork() const { return has("network") || has("defaultAdapter") || has("dns"); }
+    /// The entry that every menu has.
+    const char *entry() const
+    {
+        return options.applicationName == QLatin1String("vistor") ? "Exit" : "Reboot";
+    }
 };
 
-void visitGeneral(Stops &stops)
+void visitGeneral(Stops &stops, const Visit &visit)
 {
+    if (!visit.hasGeneral())
+        return;
     stops.push_back({"general", {Do::page("General")}});
     const Action dim = Do::tapClass("QSP::BrightButton", 0);
-    stops.push_back({"general-dimmed", {dim, dim}});
-    stops.push_back({"general-buzzer", {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardBuzzer")}});
+    if (visit.has("brightness"))
+        stops.push_back({"general-dimmed", {dim, dim}});
+    if (visit.has("buzzer"))
+        stops.push_back({"general-buzzer", {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardBuzzer")}});
+    if (!visit.has("time"))
+        return;
     stops.push_back({"general-clock-editor",
                      {Do::tapClass("QSP::BeepButton", 0, "QSP::CardTime"), Do::see("TimeEditPopup", "OK")}});
     stops.push_back({"general-clock-editor-keys", {Do::tapClass("QQuickTextInput", 0), Do::type("2031")}});
@@ -60,13 +74,28 @@ void visitDefaultAdapter(Stops &stops)
     stops.push_back({"ping-failed", {list, disable, test, Do::see("CardNIC", "Test failed!")}});
     stops.push_back({"ping-busy", {Do::tapAside(), disable, test}});
     stops.push_back({"ping-result", {Do::see("CardNIC", "Test successful!")}});
+    stops.push_back({"ping-closed", {Do::tapAside()}});
+}
+
+void visitNetwork(Stops &stops, const Visit &visit)
+{
+    if (visit.has("network"))
+        visitAdapters(stops);
+    else if (visit.hasNetwork())
+        stops.push_back({"network", {Do::page("Network")}});
+    // Its ping goes out over an adapter that is switched off and on.
+    if (visit.has("network") && visit.has("defaultAdapter"))
+        visitDefaultAdapter(stops);
 }
 
 void visitWifi(Stops &stops, const Visit &visit)
 {
+    // The way there is on the network card.
+    if (!visit.has("wifi") || !visit.has("network"))
+        return;
     stops.push_back({"wifi-empty",
-                     {Do::tapAside(), Do::tapText("CardNetwork", "Wi-Fi"),
-                      Do::tapText("CardNetwork", "Wi-Fi Settings"), Do::see("CardWifi", "Nearby Wi-Fi")}});
+                     {Do::tapText("CardNetwork", "Wi-Fi"), Do::tapText("CardNetwork", "Wi-Fi Settings"),
+                      Do::see("CardWifi", "Nearby Wi-Fi")}});
     stops.push_back({"wifi-scanning", {Do::tapProperty("QSP::CardWifi", "scanButton")}});
     stops.push_back(
         {"wifi-networks", {Do::seeReady("QSP::CardWifi", "scanButton"), Do::seeName("Maintenance")}});
@@ -84,10 +113,12 @@ void visitWifi(Stops &stops, const Visit &visit)
     stops.push_back({"wifi-joined", {Do::seeGone("CardWifi", "Connecting"), Do::seeName(visit.network)}});
 }
 
-void visitOthers(Stops &stops)
+void visitOthers(Stops &stops, const Visit &visit)
 {
-    stops.push_back({"version", {Do::page("Version")}});
-    stops.push_back({"language", {Do::page("Language")}});
+    if (visit.has("version"))
+        stops.push_back({"version", {Do::page("Version")}});
+    if (visit.has("language"))
+        stops.push_back({"language", {Do::page("Language")}});
 }
 
 // The restart that is asked about, and not done.
@@ -112,21 +143,14 @@ void visitLanguages(Stops &stops)
 
 void visitSettings(Stops &stops, const Visit &visit)
 {
-    const Action open = Do::tapText("", "Settings");
-    if (visit.isNarrow()) {
-        stops.push_back({"menu", {open, Do::see("QSP::AppRootItem", "General")}});
-        visitGeneral(stops);
-    } else {
-        const size_t first = stops.size();
-        visitGeneral(stops);
-        stops[first].actions.insert(stops[first].actions.begin(), open);
-    }
-    visitAdapters(stops);
-    visitDefaultAdapter(stops);
+    stops.push_back({visit.isNarrow() ? "menu" : "settings",
+                     {Do::tapText("", "Settings"), Do::see("QSP::AppRootItem", visit.entry())}});
+    visitGeneral(stops, visit);
+    visitNetwork(stops, visit);
     visitWifi(stops, visit);
-    visitOthers(stops);
+    visitOthers(stops, visit);
     if (visit.isNarrow())
-        stops.push_back({"back-to-menu", {Do::goBack(), Do::see("QSP::AppRootItem", "General")}});
+        stops.push_back({"back-to-menu", {Do::menu(), Do::see("QSP::AppRootItem", visit.entry())}});
     if (!visit.options.isStrict)
         visitRebootQuestion(stops);
 }
@@ -138,7 +162,8 @@ std::vector<Stop> itinerary(const Options &options)
     Stops stops;
     stops.push_back({"operator", {}});
     visitSettings(stops, {options, "Works Hall Guests"});
-    if (!options.isStrict)
+    const bool hasLanguage = Visit{options, ""}.has("language");
+    if (!options.isStrict && hasLanguage)
         visitLanguages(stops);
     stops.push_back({"operator-again", {Do::leave()}});
 
@@ -150,9 +175,10 @@ std::vector<Stop> itinerary(const Options &options)
         stop.picture += QLatin1String("-zh");
         stops.push_back(std::move(stop));
     }
-    stops.push_back(
-        {"language-back-to-english",
-         {Do::page("Language"), Do::tapName("English"), Do::see("QSP::AppRootItem", "Language")}});
+    if (hasLanguage)
+        stops.push_back(
+            {"language-back-to-english",
+             {Do::page("Language"), Do::tapName("English"), Do::see("QSP::AppRootItem", "Language")}});
     stops.push_back({"operator-at-last", {Do::leave()}});
     return stops;
 }

@@ -23,11 +23,11 @@ constexpr int g_checkTime = 1500;
 
 } // namespace
 
-AdapterWriter::AdapterWriter(std::size_t place, QString interface, const State *state, ProfileBook *book,
+AdapterWriter::AdapterWriter(std::size_t place, Sections blank, const State *state, ProfileBook *book,
                              QObject *parent)
     : QObject(parent)
     , m_place(place)
-    , m_interface(std::move(interface))
+    , m_blank(std::move(blank))
     , m_state(state)
     , m_book(book)
     , m_bus(QString())
@@ -204,7 +204,7 @@ void AdapterWriter::update(const QDBusMessage &answer)
 void AdapterWriter::add()
 {
     QDBusMessage question = Nm::call(Nm::settingsPath(), Nm::settings(), "AddConnection2");
-    question << QVariant::fromValue(withValues(newWiredSettings(name(), m_interface), m_wanted))
+    question << QVariant::fromValue(withValues(m_blank, m_wanted))
              << uint(m_persist ? Nm::ToDisk : Nm::InMemory) << QVariantMap();
     ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &added) {
         if (isError(added))

@@ -26,7 +26,8 @@ public:
     using OnDhcp = std::function<void(HMI::SystemSet::DHCP_STATE)>;
     using State = Published<Snapshot>;
 
-    AdapterWriter(std::size_t place, QString interface, const State *state, ProfileBook *book,
+    /// @p blank is what a profile of the panel's own for it begins with.
+    AdapterWriter(std::size_t place, Sections blank, const State *state, ProfileBook *book,
                   QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
@@ -77,7 +78,7 @@ private:
     QString name() const { return nameOf(Adapters.at(m_place)); }
 
     std::size_t m_place;
-    QString m_interface;
+    Sections m_blank;
     const State *m_state;
     ProfileBook *m_book;
     QDBusConnection m_bus;

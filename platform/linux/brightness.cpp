@@ -42,7 +42,7 @@ Brightness::Brightness(Root root, const Config &config, Later later)
     m_maximum = std::max(1, numberIn(m_root.read(m_device + QStringLiteral("/max_brightness"))));
     m_minimum = std::min(config.backlightMinimum, m_maximum);
     m_level = levelOf(numberIn(m_root.read(m_device + QStringLiteral("/brightness"))));
-    if (isSaved && saved != m_level) {
+    if (isSaved && saved != m_level && !m_root.isReadOnly()) {
         m_level = saved;
         write(saved);
     }

@@ -16,12 +16,14 @@ struct Config {
     std::map<HMI::SystemSet::NIC, QString> adapters = {
         {HMI::SystemSet::LAN0, QStringLiteral("auto")}, {HMI::SystemSet::LAN1, QStringLiteral("auto")},
         {HMI::SystemSet::WIFI, QStringLiteral("auto")}, {HMI::SystemSet::MOBILE_4G, QStringLiteral("auto")},
-        {HMI::SystemSet::VPN, QStringLiteral("none")},
+        {HMI::SystemSet::VPN, QStringLiteral("auto")},
     };
     QString pingTarget = QStringLiteral("gateway"); ///< or an IPv4 address
     int pingTimeout = 3000;                         ///< milliseconds
+    QString apn = QStringLiteral("auto");           ///< of 4G; or a name
     QString vpnAsia;                                ///< id of a stored connection
     QString vpnEurope;
+    int vpnRetry = 30;                          ///< seconds
     QString backlight = QStringLiteral("auto"); ///< a name in /sys/class/backlight
     int backlightMinimum = 1;                   ///< the raw value of the darkest level
     QString buzzer = QStringLiteral("auto");    ///< "none", an input device, or the value file of a GPIO

@@ -79,7 +79,7 @@ QString takeFor(SystemSet::NIC nic, Hardware *hardware)
     case SystemSet::MOBILE_4G:
         return hardware->takeModem();
     case SystemSet::VPN:
-        break;
+        return QStringLiteral("tun0"); // what plug-ins call their first one
     }
     return {};
 }
@@ -94,6 +94,9 @@ Interfaces chooseInterfaces(const Root &root, const Config &config)
     Interfaces interfaces;
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
         const QString wanted = config.adapters.at(Adapters.at(place));
+        const bool isTunnel = Adapters.at(place) == SystemSet::VPN;
+        if (isTunnel && config.vpnAsia.isEmpty() && config.vpnEurope.isEmpty())
+            continue; // nowhere to go
         if (wanted == QLatin1String("auto"))
             interfaces.at(place) = takeFor(Adapters.at(place), &hardware);
         else if (wanted != QLatin1String("none"))

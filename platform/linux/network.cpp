@@ -1,7 +1,10 @@
 #include "linux/network.h"
 
+#include "linux/config.h"
+#include "linux/modemprofile.h"
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
+#include "linux/vpntunnel.h"
 #include "linux/wifi.h"
 
 #include <algorithm>
@@ -15,9 +18,26 @@ constexpr int g_quietTime = 20;
 // Signals that never end must not keep the screen from what they say.
 constexpr int g_longestSilence = 200;
 
+/// What a new profile of an adapter begins with; empty for one that has no profile of the panel's making here.
+Sections blankProfile(HMI::SystemSet::NIC nic, const Config &config, const QString &interface)
+{
+    switch (nic) {
+    case HMI::SystemSet::LAN0:
+    case HMI::SystemSet::LAN1:
+        return newWiredSettings(nameOf(nic), interface);
+    case HMI::SystemSet::MOBILE_4G:
+        return newModemSettings(nameOf(nic), config.apn);
+    case HMI::SystemSet::WIFI: // a network's is made by joining it
+    case HMI::SystemSet::VPN:
+        break;
+    }
+    return {};
+}
+
 } // namespace
 
-Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent)
+Network::Network(const Root &root, const Config &config, const Interfaces &interfaces,
+                 Published<Snapshot> *state, QObject *parent)
     : QObject(parent)
     , m_interfaces(interfaces)
     , m_state(state)
@@ -31,15 +51,23 @@ Network::Network(const Interfaces &interfaces, Published<Snapshot> *state, QObje
     connect(&m_quiet, &QTimer::timeout, this, &Network::publish);
     connect(&m_mirror, &ObjectMirror::changed, this, &Network::mirrorChanged);
     connect(&m_book, &ProfileBook::changed, this, &Network::note);
+    const QString &modem = interfaces.at(*placeOf(HMI::SystemSet::MOBILE_4G));
+    if (!modem.isEmpty()) {
+        m_modem = std::make_unique<Modem>(modem, this);
+        connect(m_modem.get(), &Modem::changed, this, &Network::noteBesides);
+    }
+    if (!interfaces.at(*placeOf(HMI::SystemSet::VPN)).isEmpty()) {
+        m_vpn = new VpnTunnel(root, config, m_state, &m_mirror, &m_book, this);
+        connect(m_vpn, &VpnTunnel::changed, this, &Network::noteBesides);
+    }
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
         const HMI::SystemSet::NIC nic = Adapters.at(place);
-        const bool isWired = nic == HMI::SystemSet::LAN0 || nic == HMI::SystemSet::LAN1;
-        const bool isWireless = nic == HMI::SystemSet::WIFI;
-        if (!(isWired || isWireless) || interfaces.at(place).isEmpty())
+        if (interfaces.at(place).isEmpty() || nic == HMI::SystemSet::VPN)
             continue;
-        if (isWireless)
+        if (nic == HMI::SystemSet::WIFI)
             m_wifi = new Wifi(interfaces.at(place), m_state, &m_mirror, &m_book, this);
-        auto *writer = new AdapterWriter(place, interfaces.at(place), m_state, &m_book, this);
+        auto *writer =
+            new AdapterWriter(place, blankProfile(nic, config, interfaces.at(place)), m_state, &m_book, this);
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
             m_settled.at(place) = number;
             publish();
@@ -60,13 +88,21 @@ void Network::attach(const QDBusConnection &bus)
     }
     if (m_wifi != nullptr)
         m_wifi->attach(bus);
+    if (m_vpn != nullptr)
+        m_vpn->attach(bus);
     m_mirror.attach(bus);
+    if (m_modem)
+        m_modem->attach(bus);
 }
 
 void Network::detach()
 {
     m_mirror.detach();
     m_book.detach();
+    if (m_modem)
+        m_modem->detach();
+    if (m_vpn != nullptr)
+        m_vpn->attach(QDBusConnection(QString()));
     for (AdapterWriter *writer : m_writers) {
         if (writer != nullptr)
             writer->attach(QDBusConnection(QString()));
@@ -113,6 +149,8 @@ void Network::mirrorChanged()
         }
         if (m_wifi != nullptr)
             m_wifi->interrupt();
+        if (m_vpn != nullptr)
+            m_vpn->interrupt();
     }
     m_wasComplete = m_mirror.isComplete();
     if (m_wifi != nullptr)
@@ -128,6 +166,13 @@ void Network::note()
         m_quiet.start();
 }
 
+void Network::noteBesides()
+{
+    // Before the daemon's first answer nothing is known of the adapters: not that they are not there.
+    if (m_state->read()->round > 0)
+        note();
+}
+
 void Network::publish()
 {
     if (!m_book.isComplete())
@@ -137,9 +182,18 @@ void Network::publish()
     const NetworkReading reading(m_mirror, m_book);
     std::array<AdapterState, Adapters.size()> adapters;
     for (std::size_t place = 0; place < adapters.size(); ++place)
-        adapters.at(place) = reading.adapter(Adapters.at(place), m_interfaces.at(place));
-    m_state->change([this, &adapters](Snapshot &snapshot) {
+        adapters.at(place) = reading.adapter(Adapters.at(place), daemonName(place));
+    VpnLinks links = {};
+    if (m_vpn != nullptr) {
+        m_vpn->follow();
+        adapters.at(*placeOf(HMI::SystemSet::VPN)) = reading.tunnel(m_vpn->active());
+        links = m_vpn->links();
+    }
+    const ModemState modem = m_modem ? m_modem->state() : ModemState();
+    m_state->change([this, &adapters, modem, links](Snapshot &snapshot) {
         snapshot.adapters = adapters;
+        snapshot.modem = modem;
+        snapshot.vpnLinks = links;
         ++snapshot.round;
         for (std::size_t place = 0; place < adapters.size(); ++place) {
             // A wish that came after is still to be done.
@@ -154,6 +208,14 @@ void Network::publish()
     if (m_wifi != nullptr)
         m_wifi->published();
     emit published();
+}
+
+QString Network::daemonName(std::size_t place) const
+{
+    // A modem is called by the port over which it is commanded, not by the one of its network.
+    const bool isModem = m_modem && Adapters.at(place) == HMI::SystemSet::MOBILE_4G;
+    const QString port = isModem ? m_modem->port() : QString();
+    return port.isEmpty() ? m_interfaces.at(place) : port;
 }
 
 } // namespace HmiLinux

@@ -2,6 +2,7 @@
 
 #include "linux/adapterwriter.h"
 #include "linux/interfaces.h"
+#include "linux/modem.h"
 #include "linux/objectmirror.h"
 #include "linux/profilebook.h"
 
@@ -10,6 +11,9 @@
 
 namespace HmiLinux {
 
+struct Config;
+class Root;
+class VpnTunnel;
 class Wifi;
 
 /// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
@@ -19,7 +23,8 @@ class Network : public QObject
     Q_OBJECT
 
 public:
-    Network(const Interfaces &interfaces, Published<Snapshot> *state, QObject *parent = nullptr);
+    Network(const Root &root, const Config &config, const Interfaces &interfaces, Published<Snapshot> *state,
+            QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
     void detach();
@@ -28,6 +33,9 @@ public:
     AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
     /// The networks of the wireless adapter; null on a panel without one.
     Wifi *wifi() { return m_wifi; }
+
+    /// Null on a panel without a tunnel.
+    VpnTunnel *vpn() { return m_vpn; }
 
     /// Writes at once what is gathered.
     void finish();
@@ -44,12 +52,18 @@ private slots:
 private:
     void mirrorChanged();
     void note();
+    /// For what others than the daemon tell.
+    void noteBesides();
     void publish();
+    /// What the daemon calls the interface of an adapter; empty on a panel without.
+    QString daemonName(std::size_t place) const;
 
     Interfaces m_interfaces;
     Published<Snapshot> *m_state;
     ObjectMirror m_mirror;
     ProfileBook m_book;
+    std::unique_ptr<Modem> m_modem; ///< null on a panel without
+    VpnTunnel *m_vpn = nullptr;
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
     Wifi *m_wifi = nullptr;

@@ -42,13 +42,26 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
     state.known = !state.device.isEmpty();
     if (state.known) {
         readDevice(&state);
-        readLive(&state);
+        readLive(pathIn(state.device, Nm::device(), QStringLiteral("Ip4Config")), &state);
     }
     if (nic == HMI::SystemSet::WIFI)
         readWifi(&state, interface);
     state.values = valuesOf(state);
     if (nic == HMI::SystemSet::WIFI)
         state.values.enabled = state.known && isRadioOn();
+    // A port without a profile takes whatever fits; a modem without one connects to nothing.
+    if (nic == HMI::SystemSet::MOBILE_4G && state.profile.isEmpty() && state.activeProfile.isEmpty())
+        state.values.enabled = false;
+    return state;
+}
+
+AdapterState NetworkReading::tunnel(const QString &active) const
+{
+    AdapterState state;
+    state.known = !active.isEmpty();
+    state.values.dhcp = true; // the other end gives the address
+    if (state.known)
+        readLive(pathIn(active, Nm::active(), QStringLiteral("Ip4Config")), &state);
     return state;
 }
 
@@ -65,6 +78,8 @@ QString NetworkReading::deviceOf(const QString &interface) const
 void NetworkReading::readDevice(AdapterState *state) const
 {
     state->deviceState = m_mirror.property(state->device, Nm::device(), QStringLiteral("State")).toUInt();
+    state->interface =
+        m_mirror.property(state->device, Nm::device(), QStringLiteral("IpInterface")).toString();
     // Up to 1.22 the address was told by the kind of the device alone.
     QVariant mac = m_mirror.property(state->device, Nm::device(), QStringLiteral("HwAddress"));
     if (!mac.isValid())
@@ -79,10 +94,9 @@ void NetworkReading::readDevice(AdapterState *state) const
     state->carriesDefaultRoute = m_mirror.property(active, Nm::active(), QStringLiteral("Default")).toBool();
 }
 
-void NetworkReading::readLive(AdapterState *state) const
+void NetworkReading::readLive(const QString &config, AdapterState *state) const
 {
     // There may be no such property while nothing is in force.
-    const QString config = pathIn(state->device, Nm::device(), QStringLiteral("Ip4Config"));
     if (config.isEmpty())
         return;
     const Records addresses = recordsOf(m_mirror.property(config, Nm::ip4(), QStringLiteral("AddressData")));

@@ -14,11 +14,13 @@ public:
     NetworkReading(const ObjectMirror &mirror, const ProfileBook &book);
 
     AdapterState adapter(HMI::SystemSet::NIC nic, const QString &interface) const;
+    /// The tunnel whose connection in force is @p active; empty for none.
+    AdapterState tunnel(const QString &active) const;
 
 private:
     QString deviceOf(const QString &interface) const;
     void readDevice(AdapterState *state) const;
-    void readLive(AdapterState *state) const;
+    void readLive(const QString &config, AdapterState *state) const;
     void readWifi(AdapterState *state, const QString &interface) const;
     bool isRadioOn() const;
     ProfileValues valuesOf(const AdapterState &state) const;

@@ -95,6 +95,18 @@ Dns serversIn(const QVariantMap &ipv4)
     return {HMI::IP(qFromBigEndian<quint32>(list.value(0))), HMI::IP(qFromBigEndian<quint32>(list.value(1)))};
 }
 
+QStringList certificatesIn(const QVariantMap &vpn)
+{
+    const auto data = qdbus_cast<Texts>(vpn.value(QStringLiteral("data")));
+    QStringList files;
+    for (const QString &key : {QStringLiteral("ca"), QStringLiteral("cert"), QStringLiteral("key")}) {
+        const QString file = data.value(key);
+        if (file.startsWith(QLatin1Char('/')))
+            files.append(file);
+    }
+    return files;
+}
+
 QList<uint> serverList(const Dns &dns)
 {
     QList<uint> list;
@@ -153,6 +165,7 @@ Profile readProfile(const QString &path, const Sections &settings)
     Profile profile;
     profile.path = path;
     profile.uuid = connection.value(QStringLiteral("uuid")).toString();
+    profile.id = connection.value(QStringLiteral("id")).toString();
     profile.type = connection.value(QStringLiteral("type")).toString();
     profile.interface = connection.value(QStringLiteral("interface-name")).toString();
     profile.lastUsed = connection.value(QStringLiteral("timestamp")).toULongLong();
@@ -170,6 +183,7 @@ Profile readProfile(const QString &path, const Sections &settings)
     readNetwork(&profile, settings, kept);
     profile.values.isDefault =
         ipv4.value(QStringLiteral("route-metric"), g_anyMetric).toLongLong() == g_defaultMetric;
+    profile.certificates = certificatesIn(settings.value(QStringLiteral("vpn")));
     return profile;
 }
 
@@ -196,20 +210,27 @@ Sections withValues(Sections settings, const ProfileValues &values)
     return settings;
 }
 
-Sections newSettings(const QString &adapter, const QString &interface)
+Sections newSettings(const QString &adapter, const QString &type)
 {
     Sections settings;
     QVariantMap &connection = settings[QStringLiteral("connection")];
     connection.insert(QStringLiteral("id"), QStringLiteral("Panel ") + adapter);
-    connection.insert(QStringLiteral("interface-name"), interface);
+    connection.insert(QStringLiteral("type"), type);
     connection.insert(QStringLiteral("autoconnect-priority"), g_priority);
     // A server that is silent when the panel starts is asked again, for as long as it takes.
     connection.insert(QStringLiteral("autoconnect-retries"), 0);
     settings[QStringLiteral("user")].insert(QStringLiteral("data"),
                                             QVariant::fromValue(Texts{{adapterKey(), adapter}}));
-    settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
     // Nothing here is set for IPv6. Waited for, it would fail an adapter without an IPv4 address where no router is.
     settings[QStringLiteral("ipv6")].insert(QStringLiteral("method"), QStringLiteral("ignore"));
+    return settings;
+}
+
+Sections newSettings(const QString &adapter, const QString &type, const QString &interface)
+{
+    Sections settings = newSettings(adapter, type);
+    settings[QStringLiteral("connection")].insert(QStringLiteral("interface-name"), interface);
+    settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
     return settings;
 }
 
@@ -220,11 +241,10 @@ QString wifiType()
 
 Sections newWiredSettings(const QString &adapter, const QString &interface)
 {
-    Sections settings = newSettings(adapter, interface);
-    QVariantMap &connection = settings[QStringLiteral("connection")];
-    connection.insert(QStringLiteral("uuid"), profileUuid(adapter));
-    connection.insert(QStringLiteral("type"), QStringLiteral("802-3-ethernet"));
-    settings[QStringLiteral("802-3-ethernet")];
+    const QString type = QStringLiteral("802-3-ethernet");
+    Sections settings = newSettings(adapter, type, interface);
+    settings[QStringLiteral("connection")].insert(QStringLiteral("uuid"), profileUuid(adapter));
+    settings[type];
     return settings;
 }
 

@@ -4,6 +4,7 @@
 #include "linux/dbustypes.h"
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace HmiLinux {
 
@@ -27,6 +28,7 @@ struct ProfileValues {
 struct Profile {
     QString path;
     QString uuid;
+    QString id; ///< the name that people call it by
     QString type;
     QString interface; ///< empty for one of any device
     ProfileValues values;
@@ -34,6 +36,7 @@ struct Profile {
     QByteArray wifiName;    ///< empty for all else
     bool isOwnWifi = false; ///< the panel has made it
     qulonglong lastUsed = 0;
+    QStringList certificates; ///< files that a tunnel needs
 };
 
 /// What the settings of the profile at @p path say.
@@ -42,8 +45,10 @@ Profile readProfile(const QString &path, const Sections &settings);
 /// Settings with @p values in place of what they said; all else in them stays.
 Sections withValues(Sections settings, const ProfileValues &values);
 
-/// What all new profiles of this panel have.
-Sections newSettings(const QString &adapter, const QString &interface);
+/// What the settings of each new profile of this panel have in common.
+Sections newSettings(const QString &adapter, const QString &type);
+/// The same for an adapter of one interface, which takes leases.
+Sections newSettings(const QString &adapter, const QString &type, const QString &interface);
 QString wifiType();
 
 /// The settings of a new profile for a wired adapter of this panel.

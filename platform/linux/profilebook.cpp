@@ -73,6 +73,15 @@ const Profile *ProfileBook::byUuid(const QString &uuid) const
     return nullptr;
 }
 
+const Profile *ProfileBook::byId(const QString &id, const QStringList &types) const
+{
+    for (const Profile &profile : m_profiles) {
+        if (profile.id == id && types.contains(profile.type))
+            return &profile;
+    }
+    return nullptr;
+}
+
 void ProfileBook::updated(const QDBusMessage &signal)
 {
     if (m_known.contains(signal.path()))

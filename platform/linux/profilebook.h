@@ -35,6 +35,8 @@ public:
     bool isComplete() const { return m_waiting.isEmpty(); }
     const Profile *byPath(const QString &path) const;
     const Profile *byUuid(const QString &uuid) const;
+    /// One of the @p types: an id may be given to more than one.
+    const Profile *byId(const QString &id, const QStringList &types) const;
 
 signals:
     void changed();

@@ -14,7 +14,7 @@ constexpr qint64 g_largest = 65536;
 
 } // namespace
 
-Root::Root(QString directory) : m_directory(std::move(directory))
+Root::Root(QString directory, Access access) : m_directory(std::move(directory)), m_access(access)
 {
     while (m_directory.endsWith(QLatin1Char('/')))
         m_directory.chop(1);
@@ -30,6 +30,8 @@ std::optional<QByteArray> Root::read(const QString &absolute) const
 
 bool Root::replace(const QString &absolute, const QByteArray &contents) const
 {
+    if (isReadOnly())
+        return true;
     QDir().mkpath(QFileInfo(path(absolute)).path());
     QSaveFile file(path(absolute));
     return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.commit();
@@ -37,6 +39,8 @@ bool Root::replace(const QString &absolute, const QByteArray &contents) const
 
 bool Root::tell(const QString &absolute, const QByteArray &value) const
 {
+    if (isReadOnly())
+        return true;
     QFile file(path(absolute));
     return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered | QIODevice::ExistingOnly) &&
            file.write(value) == value.size();

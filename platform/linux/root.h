@@ -12,7 +12,14 @@ namespace HmiLinux {
 class Root
 {
 public:
-    explicit Root(QString directory = {});
+    enum class Access {
+        All,
+        ReadOnly, ///< what is to be written counts as written, and nothing is
+    };
+
+    explicit Root(QString directory = {}, Access access = Access::All);
+
+    bool isReadOnly() const { return m_access == Access::ReadOnly; }
 
     /// Where the file called @p absolute on a panel lies.
     QString path(const QString &absolute) const { return m_directory + absolute; }
@@ -26,6 +33,7 @@ public:
 
 private:
     QString m_directory;
+    Access m_access;
 };
 
 /// Does work that may take long somewhere else than on the caller's thread, in the order in which it was handed in.

@@ -21,20 +21,12 @@ Config configuration(const Root &root)
     return config;
 }
 
-/// Without those that this service does not drive yet: the screen would offer what has no effect.
-Interfaces drivenInterfaces(const Root &root, const Config &config)
-{
-    Interfaces interfaces = chooseInterfaces(root, config);
-    for (const SystemSet::NIC nic : {SystemSet::MOBILE_4G, SystemSet::VPN})
-        interfaces.at(*placeOf(nic)).clear();
-    return interfaces;
-}
-
 } // namespace
 
 Service::Service(const Root &root, const QString &bus)
-    : m_config(configuration(root))
-    , m_interfaces(drivenInterfaces(root, m_config))
+    : m_isReadOnly(root.isReadOnly())
+    , m_config(configuration(root))
+    , m_interfaces(chooseInterfaces(root, m_config))
     , m_mask(adapterMask(m_interfaces))
     , m_serialNumber(readSerialNumber(root, m_config))
     , m_buzzer(root, m_config)
@@ -42,16 +34,20 @@ Service::Service(const Root &root, const QString &bus)
     // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
     const QDBusConnection first(QStringLiteral("panelsettings"));
     Q_UNUSED(first)
-    m_thread =
-        std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
-    m_worker = m_thread->worker();
     const Later keep = [this](std::function<void()> work) {
         m_files.add(std::move(work));
         later([this] { m_files.run(); });
     };
+    // Before the worker reads what is chosen.
+    m_vpn = std::make_unique<VpnSwitch>(root, m_config, &m_state, keep);
+    m_thread =
+        std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
+    m_worker = m_thread->worker();
     m_brightness = std::make_unique<Brightness>(root, m_config, keep);
     m_language = std::make_unique<LanguageFile>(root, m_config, keep);
     m_thread->start();
+    if (m_isReadOnly)
+        return; // a watch makes the directory of the file
     later([this] {
         auto *watch = new FileWatch(m_language->file(), m_worker);
         QObject::connect(watch, &FileWatch::changed, watch, [this] { m_language->readAgain(); });

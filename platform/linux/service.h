@@ -7,6 +7,7 @@
 #include "linux/interfaces.h"
 #include "linux/languagefile.h"
 #include "linux/published.h"
+#include "linux/vpnswitch.h"
 
 #include <atomic>
 #include <memory>
@@ -27,6 +28,8 @@ public:
     Service(const Service &) = delete;
     Service &operator=(const Service &) = delete;
 
+    /// Whether nothing may be changed on this device.
+    bool isReadOnly() const { return m_isReadOnly; }
     /// The adapters that the panel has, as a mask.
     int adapters() const { return m_mask; }
     /// The place of one of them; nothing for what the panel does not have.
@@ -46,6 +49,7 @@ public:
 
     Brightness &brightness() { return *m_brightness; }
     LanguageFile &language() { return *m_language; }
+    VpnSwitch &vpn() { return *m_vpn; }
     BuzzerSwitch &buzzer() { return m_buzzer; }
     /// Of what later() does alone.
     Worker &worker() { return *m_worker; }
@@ -58,6 +62,7 @@ public:
     void endWorker();
 
 private:
+    bool m_isReadOnly;
     Config m_config;
     Interfaces m_interfaces;
     int m_mask;
@@ -70,6 +75,7 @@ private:
     Worker *m_worker; ///< of m_thread
     std::unique_ptr<Brightness> m_brightness;
     std::unique_ptr<LanguageFile> m_language;
+    std::unique_ptr<VpnSwitch> m_vpn;
 };
 
 } // namespace HmiLinux

@@ -42,7 +42,10 @@ ProfileValues Wish::over(ProfileValues values) const
 
 ProfileValues Snapshot::values(std::size_t place) const
 {
-    return wishes.at(place).over(adapters.at(place).values);
+    ProfileValues values = wishes.at(place).over(adapters.at(place).values);
+    if (Adapters.at(place) == SystemSet::VPN)
+        values.enabled = vpn.isOn;
+    return values;
 }
 
 Dns Snapshot::dns(std::size_t place) const

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "linux/modemstate.h"
 #include "linux/profile.h"
+#include "linux/vpnstate.h"
 #include "linux/wifilink.h"
 
 #include <array>
@@ -46,6 +48,7 @@ struct AdapterState {
     WifiLink wifi; ///< of the wireless adapter alone
     // For who writes, not for who reads.
     uint deviceState = 0;
+    QString interface;     ///< the one that packets take; empty when it is not told
     QString device;        ///< path
     QString activeProfile; ///< path; empty when none is in force
     QString profile;       ///< path of the panel's own; empty until it is made
@@ -55,6 +58,9 @@ struct AdapterState {
 struct Snapshot {
     std::array<AdapterState, Adapters.size()> adapters;
     std::array<Wish, Adapters.size()> wishes;
+    ModemState modem;
+    VpnChoice vpn;
+    VpnLinks vpnLinks = {};
     int round = 0; ///< readings of the daemon so far
 
     /// What is set, or will be when the daemon has done as asked.

@@ -1,5 +1,6 @@
 #include "linux/systemset_p.h"
 
+#include "linux/vpntunnel.h"
 #include "linux/worker.h"
 
 using namespace HmiLinux;
@@ -20,8 +21,15 @@ bool SystemSet::isNicEnabled(NIC nic) const
 void SystemSet::enableNIC(NIC nic, bool enable, bool persist)
 {
     const std::optional<std::size_t> place = d->service.place(nic);
-    if (!place || isNicEnabled(nic) == enable)
+    if (!place || isNicEnabled(nic) == enable ||
+        d->onlyTells(QStringLiteral("switch %1 %2")
+                         .arg(nameOf(nic), enable ? QStringLiteral("on") : QStringLiteral("off"))))
         return;
+    if (nic == VPN) {
+        d->service.vpn().setOn(enable, persist);
+        d->service.later([this] { d->service.worker().network().vpn()->choose(); });
+        return;
+    }
     d->service.wish(*place, persist, [enable](Wish &wish) { wish.enabled = enable; });
     d->service.later([this, place] { d->service.worker().network().writer(*place)->writeEnabled(); });
 }
@@ -42,12 +50,13 @@ SystemSet::NIC SystemSet::getDefaultNIC() const
 void SystemSet::setDefaultNIC(NIC nic, bool)
 {
     const std::optional<std::size_t> chosen = d->service.place(nic);
-    if (!chosen)
+    // The tunnel's routes are those that its server hands out.
+    if (!chosen || nic == VPN || d->onlyTells(QStringLiteral("make %1 the default adapter").arg(nameOf(nic))))
         return;
     for (const NIC other : Adapters) {
         const std::optional<std::size_t> place = d->service.place(other);
         const bool isChosen = place == chosen;
-        if (!place || d->service.snapshot()->values(*place).isDefault == isChosen)
+        if (!place || other == VPN || d->service.snapshot()->values(*place).isDefault == isChosen)
             continue;
         d->service.wish(*place, true, [isChosen](Wish &wish) { wish.isDefault = isChosen; });
         d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });

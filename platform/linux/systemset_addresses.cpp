@@ -8,11 +8,17 @@ namespace HMI {
 
 namespace {
 
+/// Whether addresses can be set by hand: 4G and the tunnel have those that the other side gives them.
+bool hasStaticAddresses(SystemSet::NIC nic)
+{
+    return nic != SystemSet::MOBILE_4G && nic != SystemSet::VPN;
+}
+
 /// Lets the operator's value stand in for one of the stored addresses until it is written with the others.
 void wishAddress(Service &service, SystemSet::NIC nic, IP value, bool persist, std::optional<IP> Wish::*field)
 {
     const std::optional<std::size_t> place = service.place(nic);
-    if (!place)
+    if (!place || !hasStaticAddresses(nic))
         return;
     service.wish(*place, persist, [=](Wish &wish) { wish.*field = value; });
     service.later([&service, place] { service.worker().network().writer(*place)->gather(); });
@@ -58,17 +64,20 @@ IP SystemSet::getGatewayFromEE(NIC nic) const
 
 void SystemSet::setIp(NIC nic, IP ip, bool persist)
 {
-    wishAddress(d->service, nic, ip, persist, &Wish::ip);
+    if (!d->onlyTells(QStringLiteral("give %1 the address %2").arg(nameOf(nic), dotted(ip))))
+        wishAddress(d->service, nic, ip, persist, &Wish::ip);
 }
 
 void SystemSet::setSubnetMask(NIC nic, IP mask, bool persist)
 {
-    wishAddress(d->service, nic, mask, persist, &Wish::mask);
+    if (!d->onlyTells(QStringLiteral("give %1 the mask %2").arg(nameOf(nic), dotted(mask))))
+        wishAddress(d->service, nic, mask, persist, &Wish::mask);
 }
 
 void SystemSet::setGateway(NIC nic, IP gateway, bool persist)
 {
-    wishAddress(d->service, nic, gateway, persist, &Wish::gateway);
+    if (!d->onlyTells(QStringLiteral("give %1 the gateway %2").arg(nameOf(nic), dotted(gateway))))
+        wishAddress(d->service, nic, gateway, persist, &Wish::gateway);
 }
 
 MAC SystemSet::getMac(NIC nic) const
@@ -85,7 +94,10 @@ bool SystemSet::isDhcpOn(NIC nic) const
 void SystemSet::setDHCP(NIC nic, bool on, const std::function<void(DHCP_STATE)> &done, bool persist)
 {
     const std::optional<std::size_t> place = d->service.place(nic);
-    if (!place) {
+    if (!place || nic == VPN || (!on && !hasStaticAddresses(nic)) ||
+        d->onlyTells(
+            QStringLiteral("put %1 on %2")
+                .arg(nameOf(nic), on ? QStringLiteral("DHCP") : QStringLiteral("its static address")))) {
         if (done)
             d->service.later([done] { done(DHCP_FAILED); });
         return;
@@ -103,7 +115,9 @@ std::pair<IP, IP> SystemSet::getDns(NIC nic) const
 void SystemSet::setDns(NIC nic, const std::pair<IP, IP> &servers)
 {
     const std::optional<std::size_t> place = d->service.place(nic);
-    if (!place)
+    if (!place || nic == VPN ||
+        d->onlyTells(QStringLiteral("give %1 the name servers %2 and %3")
+                         .arg(nameOf(nic), dotted(servers.first), dotted(servers.second))))
         return;
     d->service.wish(*place, true, [&servers](Wish &wish) { wish.dns = Dns{servers.first, servers.second}; });
     d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });

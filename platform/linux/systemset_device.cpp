@@ -19,7 +19,8 @@ constexpr std::chrono::milliseconds g_clockLimit{1000};
 
 bool SystemSet::setSystemTime(long seconds)
 {
-    if (!Clock::canHold(seconds))
+    if (!Clock::canHold(seconds) ||
+        d->onlyTells(QStringLiteral("set the clock to %1 s since 1970").arg(seconds)))
         return false;
     const auto outcome = std::make_shared<std::promise<bool>>();
     std::future<bool> set = outcome->get_future();
@@ -45,7 +46,8 @@ SystemSet::Bright SystemSet::bright() const
 
 void SystemSet::setBright(Bright level, bool save)
 {
-    d->service.brightness().setLevel(level, save);
+    if (!d->onlyTells(QStringLiteral("set the brightness to %1").arg(level)))
+        d->service.brightness().setLevel(level, save);
 }
 
 bool SystemSet::isBuzzerOn() const
@@ -55,12 +57,14 @@ bool SystemSet::isBuzzerOn() const
 
 void SystemSet::setBuzzerOn(bool on)
 {
-    d->service.buzzer().setOn(on);
+    const QString state = on ? QStringLiteral("beep") : QStringLiteral("be silent");
+    if (!d->onlyTells(QStringLiteral("let keys ") + state))
+        d->service.buzzer().setOn(on);
 }
 
 void SystemSet::beep(bool on) const
 {
-    if (on)
+    if (on && !d->service.isReadOnly())
         d->service.later([this] { d->service.worker().beeper().beep(); });
 }
 
@@ -71,7 +75,9 @@ SystemSet::Language SystemSet::getLanguage() const
 
 void SystemSet::setLanguage(Language language)
 {
-    d->service.language().setLanguage(language);
+    const QString name = language == CHINESE ? QStringLiteral("Chinese") : QStringLiteral("English");
+    if (!d->onlyTells(QStringLiteral("make the language ") + name))
+        d->service.language().setLanguage(language);
 }
 
 std::string SystemSet::getSerialNumber() const
@@ -81,7 +87,8 @@ std::string SystemSet::getSerialNumber() const
 
 void SystemSet::reboot()
 {
-    d->service.later([this] { d->service.worker().power().reboot(); });
+    if (!d->onlyTells(QStringLiteral("restart the device")))
+        d->service.later([this] { d->service.worker().power().reboot(); });
 }
 
 } // namespace HMI

@@ -4,8 +4,6 @@
 
 #include "linux/service.h"
 
-#include <atomic>
-
 namespace HMI {
 
 struct SystemSet::Private {
@@ -23,8 +21,10 @@ struct SystemSet::Private {
 
     static void endWithApplication();
 
+    /// Whether nothing may be changed on this device; then it tells @p what would have been done.
+    bool onlyTells(const QString &what) const;
+
     HmiLinux::Service service;
-    std::atomic<VPNServer> vpnServer{ASIA};
 };
 
 } // namespace HMI

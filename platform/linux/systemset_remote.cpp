@@ -1,36 +1,53 @@
 #include "linux/systemset_p.h"
 
+#include "linux/vpntunnel.h"
+#include "linux/worker.h"
+
+using namespace HmiLinux;
+
 namespace HMI {
 
-// Neither a modem nor a tunnel is driven yet: the panel says that it has none. The choice of a server holds until
-// the process ends.
-
-int SystemSet::get4GState(NIC) const
+int SystemSet::get4GState(NIC nic) const
 {
-    return 0;
+    if (nic != MOBILE_4G)
+        return 0;
+    return d->read<int>(nic, [](const Snapshot &now, std::size_t place) {
+        return linkState(now.modem, now.adapters.at(place).deviceState, now.values(place).enabled);
+    });
 }
 
-int SystemSet::get4GSignal(NIC) const
+int SystemSet::get4GSignal(NIC nic) const
 {
-    return 0;
+    if (nic != MOBILE_4G)
+        return 0;
+    return d->read<int>(nic, [](const Snapshot &now, std::size_t) { return now.modem.signal; });
 }
 
 SystemSet::VPNServer SystemSet::getVPNServer() const
 {
-    return d->vpnServer;
+    return d->service.snapshot()->vpn.server;
 }
 
 void SystemSet::setVPNServer(VPNServer server)
 {
-    if (server == ASIA || server == EUROPE)
-        d->vpnServer = server;
+    const QString name = server == EUROPE ? QStringLiteral("Europe") : QStringLiteral("Asia");
+    if (!d->service.place(VPN) || d->onlyTells(QStringLiteral("choose the server in ") + name))
+        return;
+    d->service.vpn().setServer(server);
+    d->service.later([this] { d->service.worker().network().vpn()->choose(); });
 }
 
-int SystemSet::getVPNServerState(VPNServer) const
+int SystemSet::getVPNServerState(VPNServer server) const
 {
-    return 0;
+    if (server != ASIA && server != EUROPE)
+        return 0;
+    return int(d->service.snapshot()->vpnLinks.at(std::size_t(server)));
 }
 
-void SystemSet::resetVPNIp(VPNServer) {}
+void SystemSet::resetVPNIp(VPNServer server)
+{
+    if (d->service.place(VPN) && !d->onlyTells(QStringLiteral("end the tunnel")))
+        d->service.later([this, server] { d->service.worker().network().vpn()->drop(server); });
+}
 
 } // namespace HMI

@@ -19,6 +19,8 @@ void SystemSet::scanWifi(const WifiListCallback &done)
 
 void SystemSet::resetWifi(const WifiListCallback &done)
 {
+    if (d->onlyTells(QStringLiteral("forget all networks")))
+        return scanWifi(done);
     d->service.later([this, done] {
         if (Wifi *wifi = d->service.worker().network().wifi())
             wifi->reset(done);
@@ -30,6 +32,12 @@ void SystemSet::resetWifi(const WifiListCallback &done)
 void SystemSet::connectWifi(const SSID &ssid, const std::string &password,
                             const std::function<void(StateWifi)> &done)
 {
+    const QByteArray name = QByteArray(ssid.data(), int(ssid.size()));
+    if (d->onlyTells(QStringLiteral("join the network ") + QString::fromUtf8(name.constData()))) {
+        if (done)
+            d->service.later([done] { done(WIFI_OFFLINE); });
+        return;
+    }
     const auto secret = std::make_shared<const Secret>(password);
     d->service.later([this, ssid, secret, done] {
         if (Wifi *wifi = d->service.worker().network().wifi())

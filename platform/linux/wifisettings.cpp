@@ -59,10 +59,9 @@ bool needsPassword(WifiSecurity security)
 
 Sections newWifiSettings(const QByteArray &name, const QString &interface, WifiSecurity security)
 {
-    Sections settings = newSettings(QStringLiteral("WIFI"), interface);
+    Sections settings = newSettings(QStringLiteral("WIFI"), wifiType(), interface);
     QVariantMap &connection = settings[QStringLiteral("connection")];
     connection.insert(QStringLiteral("id"), QStringLiteral("Panel WIFI ") + QString::fromUtf8(name));
-    connection.insert(QStringLiteral("type"), wifiType());
     // A second try with the same password would keep the operator waiting.
     connection.insert(QStringLiteral("auth-retries"), 1);
     QVariantMap &wireless = settings[wifiType()];

@@ -19,7 +19,7 @@ Worker::Worker(const Root &root, const Config &config, const Interfaces &interfa
     , m_interfaces(interfaces)
     , m_state(state)
     , m_bus(bus, this)
-    , m_network(interfaces, state, this)
+    , m_network(root, config, interfaces, state, this)
     , m_clock(&m_bus, this)
     , m_power(&m_bus, this)
     , m_beeper(config, makeSounder(root, config), this)
@@ -58,7 +58,10 @@ void Worker::ping(std::size_t place, const std::function<void(bool)> &done)
             done(false);
         return;
     }
-    new Ping(m_interfaces.at(place), target, m_config.pingTimeout, done, this);
+    // A modem that is commanded over a serial line has an interface only while it is connected.
+    const QString &interface = snapshot->adapters.at(place).interface;
+    new Ping(interface.isEmpty() ? m_interfaces.at(place) : interface, target, m_config.pingTimeout, done,
+             this);
 }
 
 } // namespace HmiLinux

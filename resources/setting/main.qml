@@ -54,7 +54,7 @@ AppRootItem {
 
                 anchors.centerIn: parent
                 text: "Setting"
-                font.family: "1"
+                font.family: Toolkit.Palette.titleFont
                 font.pixelSize: Math.max(1, _title.height / 3)
                 color: Toolkit.Palette.title
             }
@@ -64,7 +64,7 @@ AppRootItem {
             id: _titleText
 
             anchors.verticalCenter: parent.verticalCenter
-            font.family: "1"
+            font.family: Toolkit.Palette.titleFont
             font.pixelSize: Math.max(1, _title.height / 3)
             color: Toolkit.Palette.title
         }

@@ -17,8 +17,10 @@ constexpr const char *keepLanguageOption = "panelKeepLanguage";
 constexpr const char *confirmRebootOption = "panelConfirmReboot";
 constexpr const char *compactLandscapeOption = "panelCompactLandscape";
 constexpr const char *hiddenCardsOption = "panelHiddenCards";
-constexpr std::array<const char *, 5> knownOptions = {
-    languagesOption, keepLanguageOption, confirmRebootOption, compactLandscapeOption, hiddenCardsOption};
+constexpr const char *themeOption = "panelTheme";
+constexpr std::array<const char *, 6> knownOptions = {languagesOption,     keepLanguageOption,
+                                                      confirmRebootOption, compactLandscapeOption,
+                                                      hiddenCardsOption,   themeOption};
 
 void refuse(const char *option, const QString &reason)
 {
@@ -112,6 +114,18 @@ QStringList readHiddenCards(const QObject &engine, const QStringList &cards)
     return readNames(engine, hiddenCardsOption, wrongWith).value_or(QStringList());
 }
 
+Theme readTheme(const QObject &engine)
+{
+    const QVariant value = engine.property(themeOption);
+    if (!value.isValid())
+        return {};
+    QString fault;
+    Theme theme = Theme::readFrom(value, &fault);
+    if (!fault.isEmpty())
+        refuse(themeOption, fault);
+    return theme;
+}
+
 } // namespace
 
 HostOptions HostOptions::readFrom(const QObject &engine, const QStringList &cards)
@@ -122,6 +136,7 @@ HostOptions HostOptions::readFrom(const QObject &engine, const QStringList &card
     options.keepsLanguage = readFlag(engine, keepLanguageOption);
     options.confirmsReboot = readFlag(engine, confirmRebootOption);
     options.wantsCompactLandscape = readFlag(engine, compactLandscapeOption);
+    options.theme = readTheme(engine);
     options.hiddenCards = readHiddenCards(engine, cards);
     return options;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/base/theme.h"
+
 #include <QtCore/QLocale>
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
@@ -21,6 +23,8 @@ struct HostOptions {
     bool confirmsReboot = false;
     /// A screen that is narrow and lies is laid out as one that stands.
     bool wantsCompactLandscape = false;
+    /// Colours and fonts; see Palette::setTheme() for when it counts.
+    Theme theme;
     /// Names of cards that this panel does not have, see CardRow.
     QStringList hiddenCards;
 

@@ -42,6 +42,7 @@ void compareWithUsual(const HostOptions &options)
     QCOMPARE(options.confirmsReboot, usual.confirmsReboot);
     QCOMPARE(options.wantsCompactLandscape, usual.wantsCompactLandscape);
     QCOMPARE(options.hiddenCards, usual.hiddenCards);
+    QVERIFY(options.theme == usual.theme);
 }
 
 } // namespace
@@ -65,7 +66,9 @@ void TestHostOptions::everyOptionIsRead()
                                           {"panelKeepLanguage", true},
                                           {"panelConfirmReboot", true},
                                           {"panelCompactLandscape", true},
-                                          {"panelHiddenCards", QStringList{"second"}}});
+                                          {"panelHiddenCards", QStringList{"second"}},
+                                          {"panelTheme", QVariantMap{{"accent", "#C02020"}}}});
+    QCOMPARE(options.theme.accent, std::optional<QColor>(QColor(0xC0, 0x20, 0x20)));
     QCOMPARE(options.languages, (QVector<QLocale::Language>{QLocale::English, QLocale::Chinese}));
     QVERIFY(options.keepsLanguage);
     QVERIFY(options.confirmsReboot);
@@ -76,7 +79,8 @@ void TestHostOptions::everyOptionIsRead()
                                {"panelKeepLanguage", false},
                                {"panelConfirmReboot", false},
                                {"panelCompactLandscape", false},
-                               {"panelHiddenCards", QStringList{}}}));
+                               {"panelHiddenCards", QStringList{}},
+                               {"panelTheme", QVariantMap{}}}));
 }
 
 void TestHostOptions::languages_data()
@@ -143,6 +147,11 @@ void TestHostOptions::wrongValueIsRefused_data()
     for (const char *name : {"", "First", "first ", "0", "third"})
         add("panelHiddenCards", QStringList{"second", QString::fromLatin1(name)},
             "is no card; there are first, second");
+    for (const QVariant &value : {QVariant("dark"), QVariant(0x3482FF), QVariant(QVariantList{}),
+                                  QVariant(QVariantHash{{"accent", "#3482FF"}})})
+        add("panelTheme", value, "it is no QVariantMap");
+    // What is wrong in it stands in the test of the themes.
+    add("panelTheme", QVariantMap{{"acent", "#3482FF"}}, "there is no \"acent\" in a theme");
     add("panelLanguage", QStringList{"en"}, "there is no such option");
     add("panelHideCards", QStringList{}, "there is no such option");
 }

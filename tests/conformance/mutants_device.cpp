@@ -3,15 +3,13 @@
 #include "keeping.h"
 #include "mutants.h"
 #include "original.h"
+#include "pastime.h"
 #include "stale.h"
 
 #include <atomic>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <ctime>
 #include <stdexcept>
-#include <thread>
 
 using namespace Mutants;
 
@@ -28,26 +26,6 @@ std::atomic<bool> isBuzzerBusy{false};
 bool isBuzzerLost = false;
 bool isLanguageKnown = false;
 bool isServerKnown = false;
-
-void sleep(double milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(milliseconds));
-}
-
-double processorMilliseconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
-/// Uses so much of the processor, however busy it is with others.
-void work(double milliseconds)
-{
-    const double end = processorMilliseconds() + milliseconds;
-    while (processorMilliseconds() < end) {
-    }
-}
 
 } // namespace
 
@@ -69,7 +47,7 @@ void SystemSet::setBright(Bright level, bool save)
     if (is(Mutant::BrightCrash) && level == Level)
         std::abort();
     while (is(Mutant::BrightHang) && level == Level)
-        sleep(1000);
+        Pastime::sleep(1000);
     if (is(Mutant::BrightCrash) || is(Mutant::BrightHang))
         keepLevel(level);
     if (is(Mutant::BrightOutside) && level == BRIGHT_MAX + 1)
@@ -91,7 +69,7 @@ void SystemSet::setBuzzerOn(bool on)
         staleBuzzer.arm(!on);
     if (is(Mutant::BuzzerRace)) {
         isBuzzerBusy = true;
-        sleep(1);
+        Pastime::sleep(1);
         isBuzzerBusy = false;
     }
     original<void(SystemSet *, bool)>("setBuzzerOn")(this, on);
@@ -100,7 +78,7 @@ void SystemSet::setBuzzerOn(bool on)
 void SystemSet::beep(bool on) const
 {
     if (is(Mutant::BeepWaits))
-        sleep(50);
+        Pastime::sleep(50);
     original<void(const SystemSet *, bool)>("beep")(this, on);
 }
 
@@ -146,7 +124,7 @@ void SystemSet::syncHwclock()
     if (is(Mutant::HwclockThrows))
         throw std::runtime_error("no hardware clock");
     while (is(Mutant::HwclockHangs))
-        sleep(1000);
+        Pastime::sleep(1000);
     original<void(SystemSet *)>("syncHwclock")(this);
 }
 
@@ -167,7 +145,7 @@ int SystemSet::get4GSignal(NIC nic) const
 SystemSet::VPNServer SystemSet::getVPNServer() const
 {
     if (is(Mutant::SlowGetter))
-        work(0.4);
+        Pastime::work(0.4);
     if (is(Mutant::VpnServerValue) && !isServerKnown)
         return UnknownServer;
     return staleServer.look(original<VPNServer(const SystemSet *)>("getVPNServer")(this));
@@ -193,14 +171,14 @@ int SystemSet::getVPNServerState(VPNServer server) const
 MAC SystemSet::getMac(NIC nic) const
 {
     if (is(Mutant::SlowAdapterGetter) && nic == LAN1)
-        work(1.5);
+        Pastime::work(1.5);
     return original<MAC(const SystemSet *, NIC)>("getMac")(this, nic);
 }
 
 int SystemSet::currentWifiSignalStrength() const
 {
     if (is(Mutant::SleepingGetter))
-        sleep(2);
+        Pastime::sleep(2);
     if (is(Mutant::SignalValue))
         return 130;
     return original<int(const SystemSet *)>("currentWifiSignalStrength")(this);

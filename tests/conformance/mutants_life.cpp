@@ -3,9 +3,9 @@
 #include "keeping.h"
 #include "mutants.h"
 #include "original.h"
+#include "pastime.h"
 #include "simulator/simulator.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <iostream>
 #include <thread>
@@ -17,11 +17,6 @@ namespace HMI {
 namespace {
 
 constexpr int QuickMilliseconds = 5;
-
-void sleep(int milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
 
 /// The panel that PANEL_SCENARIO names, or the simulator's own; in any case a quick one.
 void prepare()
@@ -43,7 +38,7 @@ void prepare()
 SystemSet::SystemSet()
 {
     if (is(Mutant::SlowStart))
-        sleep(150);
+        Pastime::sleep(150);
     if (is(Mutant::StartCrash))
         std::abort();
     original<void(SystemSet *)>("SystemSet")(this);
@@ -56,11 +51,11 @@ SystemSet::~SystemSet()
     if (is(Mutant::EndCrash))
         std::abort();
     while (is(Mutant::EndHang))
-        sleep(1000);
+        Pastime::sleep(1000);
     original<void(SystemSet *)>("~SystemSet")(this);
     if (is(Mutant::ReportAfterEnd)) {
         std::thread([] {
-            sleep(5);
+            Pastime::sleep(5);
             lastPing()(false);
         }).detach();
     }

@@ -28,6 +28,8 @@ int SystemSet::getAllNIC() const
     // Not in the constructor, whose time is taken.
     if (++calls == 1)
         writeState();
+    if (is(Mutant::NeutralAtFirst) && calls < AmongManyLooks)
+        return 0;
     const int mask = original<int(const SystemSet *)>("getAllNIC")(this);
     return is(Mutant::AdaptersChange) && calls == AmongManyLooks ? mask ^ MOBILE_4G : mask;
 }

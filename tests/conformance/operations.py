@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Holds what is written of the service's members against the header.
 
-    operations.py NM LIBRARY ROOT    the list of members, the library, and the table in the documents
+    operations.py NM LIBRARY ROOT    the list of members, the library, the table in the documents, and what is timed
     operations.py --selftest ROOT    proves that the check finds what it is there to find
 """
 
@@ -13,6 +13,7 @@ import sys
 HEADER = "platform/include/hmi/systemset.h"
 LIST = "conformance/operations.h"
 TABLE = "docs/service-contract.md"
+TIMING = "conformance/checks/speed.cpp"
 MEMBER = re.compile(r"(~?\w+)\s*\([^;{]*\)\s*(?:const)?\s*$")
 ROW = re.compile(r'\{"(~?\w+)", (.*), Refusal::(\w+)\}')
 SYMBOL = re.compile(r"_ZNK?3HMI9SystemSet(?:\d|[CD][12]Ev)")
@@ -35,6 +36,12 @@ def members_of_header(text):
         if match:
             names.append(match[1])
     return names
+
+
+def getters_of_header(text):
+    """What only tells something: const members, but for the one that makes a noise."""
+    constant = set(re.findall(r"(\w+)\([^;)]*\) const;", text)) - {"beep"}
+    return [name for name in members_of_header(text) if name in constant]
 
 
 def rows_of_list(text):
@@ -86,6 +93,10 @@ def problems_of_texts(header, members, table):
             yield f"{TABLE}: {name}: {kind}, but the checks have it otherwise"
 
 
+def problems_of_timing(header, timing):
+    yield from compare(TIMING, re.findall(r'\.measure\("(\w+)"', timing), getters_of_header(header))
+
+
 def problems_of_library(nm, library, members):
     listing = subprocess.run([nm, "-D", "--defined-only", library], check=True, capture_output=True, text=True).stdout
     defined = {line.split()[-1] for line in listing.splitlines()}
@@ -101,14 +112,14 @@ def is_32_bit(defined):
 
 
 def texts(root):
-    return tuple(pathlib.Path(root, name).read_text(encoding="utf-8") for name in (HEADER, LIST, TABLE))
+    return tuple(pathlib.Path(root, name).read_text(encoding="utf-8") for name in (HEADER, LIST, TABLE, TIMING))
 
 
 def selftest(root):
-    header, members, table = texts(root)
+    header, members, table, timing = texts(root)
 
     def expect(expected, *changed):
-        found = list(problems_of_texts(*changed))
+        found = list(problems_of_texts(*changed) if len(changed) == 3 else problems_of_timing(*changed))
         assert any(expected in problem for problem in found), (expected, found)
 
     assert len(members_of_header(header)) > 40
@@ -122,7 +133,9 @@ def selftest(root):
            members.replace('6rebootEv", Refusal::Never', '6rebootEv", Refusal::Allowed'), table)
     expect(f"{TABLE}: missing: getMac", header, members, table.replace("`getMac", "`getMacs"))
     expect("neither must answer nor may refuse", header, members, table.replace("| must answer", "| answers", 1))
-    print("7 planted mistakes found")
+    expect(f"{TIMING}: missing: shutDown", new, timing)
+    expect(f"{TIMING}: missing: getMac", header, timing.replace('"getMac"', '"getMacs"'))
+    print("9 planted mistakes found")
 
 
 def main():
@@ -130,8 +143,12 @@ def main():
         selftest(sys.argv[2])
         return 0
     nm, library, root = sys.argv[1:]
-    header, members, table = texts(root)
-    problems = [*problems_of_texts(header, members, table), *problems_of_library(nm, library, members)]
+    header, members, table, timing = texts(root)
+    problems = [
+        *problems_of_texts(header, members, table),
+        *problems_of_timing(header, timing),
+        *problems_of_library(nm, library, members),
+    ]
     for problem in problems:
         print(problem)
     print(f"{len(members_of_header(header))} members, {len(problems)} problems")

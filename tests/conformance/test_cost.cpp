@@ -1,13 +1,12 @@
 #include "tests/support/paneltest.h"
 
+#include "conformance/checks/calllimits.h"
 #include "conformance/checks/cost.h"
-#include "conformance/checks/limits.h"
+#include "tests/conformance/pastime.h"
 
 #include <QtGui/QGuiApplication>
 
 #include <atomic>
-#include <chrono>
-#include <ctime>
 #include <thread>
 
 using namespace Conformance;
@@ -26,25 +25,6 @@ private slots:
 };
 
 namespace {
-
-void sleep(double milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(milliseconds));
-}
-
-double processorMilliseconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
-void work(double milliseconds)
-{
-    const double end = processorMilliseconds() + milliseconds;
-    while (processorMilliseconds() < end) {
-    }
-}
 
 /// More threads than processors, which all have something to do.
 class Crowd
@@ -79,26 +59,26 @@ void nothing() {}
 
 void TestCost::aSleepCountsByTheClock()
 {
-    QVERIFY(costOf([] { sleep(20); }) >= 20);
+    QVERIFY(costOf([] { Pastime::sleep(20); }) >= 20);
 }
 
 void TestCost::workCounts()
 {
-    QVERIFY(costOf([] { work(3); }) >= 3);
+    QVERIFY(costOf([] { Pastime::work(3); }) >= 3);
 }
 
 void TestCost::aSleepThatIsUsualCounts()
 {
-    QVERIFY(usualCostOf([] { sleep(2); }, nothing) > GetterLimit);
+    QVERIFY(usualCostOf([] { Pastime::sleep(2); }, nothing) > GetterLimit);
 }
 
 void TestCost::whatOthersTakeDoesNotCount()
 {
     const Crowd crowd;
     // Long enough altogether to be interrupted many times.
-    const double cost = usualCostOf([] { work(GetterWarning / 2); }, nothing);
+    const double cost = usualCostOf([] { Pastime::work(GetterWarning / 2); }, nothing);
     QVERIFY2(cost < GetterWarning, qPrintable(QString::number(cost)));
-    const double longer = costOf([] { work(100); });
+    const double longer = costOf([] { Pastime::work(100); });
     QVERIFY2(longer < 110, qPrintable(QString::number(longer)));
 }
 
@@ -107,7 +87,7 @@ void TestCost::oneSlowCallAmongManyDoesNotCount()
     int calls = 0;
     const auto call = [&calls] {
         if (++calls % 50 == 0)
-            work(2);
+            Pastime::work(2);
     };
     QVERIFY(usualCostOf(call, nothing) < GetterWarning);
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """What the program makes of its command line: test_options.py PROGRAM LIBRARY"""
 
+import json
 import os
 import pathlib
 import re
@@ -15,12 +16,14 @@ PROGRAM, LIBRARY = map(os.path.abspath, sys.argv[1:3])
 RESULT = re.compile(r"^(pass|cannot comply|WARNING|FAILURE|skipped) +([a-z0-9]+)\.([a-z0-9-]+)( \w+)?$", re.MULTILINE)
 
 
-def run(*arguments, mutant=None, state=None):
+def run(*arguments, mutant=None, state=None, scenario=None):
     environment = dict(os.environ)
     if mutant:
         environment["PANEL_MUTANT"] = mutant
     if state:
         environment["PANEL_STATE"] = str(state)
+    if scenario:
+        environment["PANEL_SCENARIO"] = str(scenario)
     return subprocess.run([PROGRAM, *map(str, arguments)], env=environment, capture_output=True, text=True, check=False)
 
 
@@ -50,6 +53,7 @@ class Options(unittest.TestCase):
         self.assertNotIn("wifi.scan", listing.stdout)
         for arguments in (["--group", "keys", LIBRARY], ["--keyboard", "--group", "wifi", LIBRARY],
                           ["--keyboard", "--read-only", LIBRARY], ["--keyboard", "--adapters", "lan0", LIBRARY],
+                          ["--keyboard", "--settle", "3", LIBRARY], ["--keyboard", "--patience", "3", LIBRARY],
                           ["--keyboard"]):
             self.assertEqual(run(*arguments).returncode, 2, arguments)
 
@@ -63,6 +67,12 @@ class Options(unittest.TestCase):
         done = run("--group", "ping,dns", "--adapters", "lan0,WIFI", LIBRARY)
         self.assertEqual({adapter.strip() for *_, adapter in results_of(done)} - {""}, {"LAN0", "WIFI"})
 
+    def test_requests_keep_to_the_adapters(self):
+        for adapters, mutant, code in (("vpn", "ping-silent", 1), ("lan0", "ping-silent", 0),
+                                       ("wifi", "scan-blocks", 1), ("lan0", "scan-blocks", 0)):
+            done = run("--group", "requests", "--adapters", adapters, "--patience", "2", LIBRARY, mutant=mutant)
+            self.assertEqual(done.returncode, code, (adapters, mutant, done.stdout))
+
     def test_read_only_changes_nothing(self):
         listing = run("--list").stdout
         changing = {line.split()[0] for line in listing.splitlines() if line.split()[1] == "changes"}
@@ -75,6 +85,32 @@ class Options(unittest.TestCase):
         done = subprocess.run([PROGRAM, "--group", "language", os.path.basename(LIBRARY)], cwd=os.path.dirname(LIBRARY),
                               capture_output=True, text=True, check=False)
         self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_settling(self):
+        # Far longer than the test may take: it goes on once the service has read its panel.
+        done = run("--settle", "3600", "--group", "adapters", LIBRARY, mutant="neutral-at-first")
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertIn("LAN0", {adapter.strip() for *_, adapter in results_of(done)})
+
+    def test_settling_has_an_end(self):
+        # A panel without adapters never tells anything of one. Waiting is no hanging, either.
+        scenario = os.path.join(os.path.dirname(__file__), "../../platform/simulator/scenarios/no-adapter.json")
+        done = run("--settle", "4", "--limit", "3", "--group", "language", LIBRARY, scenario=scenario)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertRegex(done.stdout, r"pass +life.start\n +still neutral after 4 s\n")
+        self.assertIn("language.switching", done.stdout)
+
+    def test_a_panel_of_which_nothing_is_known_is_told(self):
+        # It would be made so in the end, whatever it is like.
+        nothing = {"ip": "0.0.0.0", "mask": "0.0.0.0", "gateway": "0.0.0.0"}
+        adapter = {"enabled": False, "dhcp": False, "stored": nothing,
+                   "dns": {"preferred": "0.0.0.0", "alternate": "0.0.0.0"}}
+        with tempfile.TemporaryDirectory() as directory:
+            scenario = pathlib.Path(directory, "neutral.json")
+            scenario.write_text(json.dumps({"adapters": {"LAN0": adapter}}), encoding="utf-8")
+            done = run("--read-only", "--group", "language", LIBRARY, scenario=scenario)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertRegex(done.stdout, r"WARNING +life.answers\n(.*\n)*.*expected: something of an adapter.*--settle")
 
     def test_missing_library(self):
         done = run("/nowhere/libhmisystemset.so")

@@ -37,7 +37,7 @@ class Options(unittest.TestCase):
             self.assert_refused(["--size", size], "--size", "WIDTHxHEIGHT")
 
     def test_values_missing(self):
-        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour", "--hide-cards"):
+        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour", "--hide-cards", "--theme"):
             self.assert_refused([option], option, "a value is missing")
             self.assert_refused([option, "--vnc"], option, "a value is missing")
             self.assert_refused([option + "="], option, "a value is missing")
@@ -46,6 +46,10 @@ class Options(unittest.TestCase):
         self.assert_refused(["--help=please"], "--help", "takes no value")
         self.assert_refused(["--journal=please"], "--journal", "takes no value")
         self.assert_refused(["--strict=please"], "--strict", "takes no value")
+
+    def test_theme(self):
+        for theme in ("green", "accent", "accent=", "=green", "accent=#007A5A,", "accent=#007A5A,text", ","):
+            self.assert_refused(["--theme", theme], "--theme", "NAME=VALUE")
 
     def test_language(self):
         self.assert_refused(["--language", "fr"], "--language", "fr")
@@ -57,13 +61,12 @@ class Options(unittest.TestCase):
     def test_tour_and_vnc(self):
         self.assert_refused(["--tour", "somewhere", "--vnc"], "--tour")
         self.assert_refused(["--tour", "somewhere", "--open"], "--tour")
-        self.assert_refused(["--tour", "somewhere", "--hide-cards", "dns"], "--tour")
 
     def test_help(self):
         code, out, err = run("--help")
         self.assertEqual((code, err), (0, ""))
         for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--vnc", "--strict",
-                       "--hide-cards", "--compact-landscape"):
+                       "--hide-cards", "--compact-landscape", "--theme"):
             self.assertIn(option, out)
 
     def test_no_display(self):

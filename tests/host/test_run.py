@@ -34,8 +34,10 @@ WRONG = (
     ["--vnc=http"],
     ["--tour", "somewhere", "--vnc"],
     ["--tour", "somewhere", "--open"],
-    ["--tour", "somewhere", "--hide-cards", "dns"],
     ["--hide-cards"],
+    ["--theme"],
+    ["--theme", "accent"],
+    ["--theme", "accent=,text=#000000"],
     ["--strict=yes"],
 )
 
@@ -68,6 +70,19 @@ class Run(unittest.TestCase):
             self.assertEqual(host_code, 2, options)
             self.assertEqual(said, host_said.replace("panel-host: ", "run: ", 1), options)
 
+    def test_wrong_platforms(self):
+        for options, named in (
+            (["--platform"], "--platform: a value is missing"),
+            (["--platform", "windows"], "--platform: a platform is simulator or linux, not windows"),
+            (["--write"], "--write: goes with --platform linux"),
+            (["--platform=simulator", "--write"], "--write: goes with --platform linux"),
+            (["--platform", "linux", "--write=yes"], "--write: takes no value"),
+            (["--platform", "linux", "--scenario", SCENARIOS / "quick.json"], "--scenario: goes without --platform linux"),
+            (["--platform", "linux", "--write", "--tour", "somewhere"], "--tour: goes without --write"),
+        ):
+            code, said = self.call(*options)
+            self.assertEqual((code, said[: len("run: " + named)]), (2, "run: " + named), options)
+
     def test_files_that_are_not_there(self):
         for options in (["--scenario", "/nowhere/panel.json"], ["--library", "/nowhere/libpanelsettings.so"]):
             code, said = self.call(*options)
@@ -83,6 +98,7 @@ class Run(unittest.TestCase):
             "--library": ["libpanelsettings.so"],
             "--tour": ["somewhere"],
             "--hide-cards": ["buzzer,dns"],
+            "--theme": ["accent=#007A5A,font=DejaVu Sans"],
         }
         _, told, _ = hostprocess.run("--help")
         names = re.findall(r"^  (--[\w-]+)", told, re.MULTILINE)
@@ -90,7 +106,8 @@ class Run(unittest.TestCase):
         for name in names:
             if name != "--help":
                 self.assertEqual(self.call(name, *values.get(name, [])), (BUILDS, ""), name)
-        for options in ([], ["--vnc", "5901"], ["--vnc=0", "--open"], ["--vnc", "--size", "480x800"]):
+        for options in ([], ["--vnc", "5901"], ["--vnc=0", "--open"], ["--vnc", "--size", "480x800"],
+                        ["--platform", "linux"], ["--platform=linux", "--write", "--open"], ["--platform", "simulator"]):
             self.assertEqual(self.call(*options), (BUILDS, ""), options)
 
 

@@ -16,7 +16,7 @@ def size_of(picture):
 
 
 class Tour(unittest.TestCase):
-    def walk(self, width, height, *options):
+    def walk(self, width, height, *options, has_wifi=True):
         with hostprocess.temporary_directory() as directory:
             album = pathlib.Path(directory, "new", "album")
             album.mkdir(parents=True)
@@ -29,7 +29,7 @@ class Tour(unittest.TestCase):
             (album / "notes.png").unlink()  # only the pictures of earlier tours went
             pictures = sorted(album.iterdir())
             self.assertIn(f"{len(pictures)} pictures", out)
-            self.check_journal(out, "--strict" in options)
+            self.check_journal(out, "--strict" in options, has_wifi)
             for number, picture in enumerate(pictures, 1):
                 self.assertRegex(picture.name, rf"^{number:02}-[a-z0-9-]+\.png$")
                 self.assertEqual(size_of(picture), (width, height), picture.name)
@@ -37,7 +37,7 @@ class Tour(unittest.TestCase):
                 picture.name[3:-4]: picture.read_bytes() for picture in pictures
             }
 
-    def check_journal(self, out, strict):
+    def check_journal(self, out, strict, has_wifi):
         lines = [line for line in out.splitlines() if re.match(r"\d\d:\d\d:\d\d\.\d{3} (->|<-) \w+\(.*\)$", line)]
         entries = [line.split(" ", 1)[1] for line in lines]
         languages = [entry for entry in entries if entry.startswith("-> setLanguage")]
@@ -49,7 +49,9 @@ class Tour(unittest.TestCase):
         else:
             self.assertEqual(languages, [chinese, english, chinese, english])
         self.assertNotIn("-> reboot()", entries)
-        self.assertIn("-> scanWifi()", entries)
+        self.assertEqual("-> scanWifi()" in entries, has_wifi)
+        if not has_wifi:
+            return
         self.assertTrue(any(entry.startswith("<- scanWifi(") for entry in entries), entries)
         # Passwords are typed on the way.
         self.assertIn("-> connectWifi(\"Maintenance\", ****)", entries)
@@ -78,6 +80,19 @@ class Tour(unittest.TestCase):
 
     def test_compact(self):
         self.check(*self.walk(480, 272, "--compact-landscape"), "menu", "wifi-password-typed")
+
+    def test_hidden_cards(self):
+        """What is left is visited, and what is hidden is neither looked for nor asked about."""
+        names, _ = self.walk(1024, 600, "--hide-cards", "buzzer,defaultAdapter,wifi,version", has_wifi=False)
+        self.assertLessEqual({"general-dimmed", "general-clock-set", "network-lan1", "language-zh"}, set(names))
+        self.assertFalse([name for name in names if re.match("general-buzzer|ping|wifi|version", name)])
+
+    def test_hidden_pages(self):
+        hidden = "brightness,time,buzzer,network,defaultAdapter,dns"
+        for width, height in ((1024, 600), (480, 800)):
+            names, _ = self.walk(width, height, "--hide-cards", hidden, has_wifi=False)
+            self.assertLessEqual({"language", "version-zh", "reboot-question", "operator-at-last"}, set(names))
+            self.assertFalse([name for name in names if re.match("general|network|wifi", name)])
 
     def test_directory_that_cannot_be_made(self):
         with hostprocess.temporary_directory() as directory:

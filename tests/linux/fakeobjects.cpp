@@ -8,11 +8,6 @@ using HmiLinux::Sections;
 
 namespace {
 
-QString root()
-{
-    return QStringLiteral("/org/freedesktop");
-}
-
 QString manager()
 {
     return QStringLiteral("org.freedesktop.DBus.ObjectManager");
@@ -25,7 +20,7 @@ QString properties()
 
 } // namespace
 
-FakeObjects::FakeObjects() : m_bus(QString())
+FakeObjects::FakeObjects(QString manager) : m_manager(std::move(manager)), m_bus(QString())
 {
     HmiLinux::registerBusTypes();
 }
@@ -41,7 +36,7 @@ bool FakeObjects::publish(const QString &address, const QString &name)
     m_connectionName = QStringLiteral("fake-%1").arg(++count);
     m_name = name;
     m_bus = QDBusConnection::connectToBus(address, m_connectionName);
-    return m_bus.isConnected() && m_bus.registerVirtualObject(root(), this, QDBusConnection::SubPath) &&
+    return m_bus.isConnected() && m_bus.registerVirtualObject(m_manager, this, QDBusConnection::SubPath) &&
            m_bus.registerService(name);
 }
 
@@ -54,14 +49,14 @@ void FakeObjects::vanish()
 void FakeObjects::add(const QString &path, const Sections &interfaces)
 {
     m_objects[path] = interfaces;
-    tell(root(), manager(), QStringLiteral("InterfacesAdded"),
+    tell(m_manager, manager(), QStringLiteral("InterfacesAdded"),
          {QVariant::fromValue(QDBusObjectPath(path)), QVariant::fromValue(interfaces)});
 }
 
 void FakeObjects::remove(const QString &path)
 {
     const QStringList interfaces = m_objects.take(path).keys();
-    tell(root(), manager(), QStringLiteral("InterfacesRemoved"),
+    tell(m_manager, manager(), QStringLiteral("InterfacesRemoved"),
          {QVariant::fromValue(QDBusObjectPath(path)), interfaces});
 }
 

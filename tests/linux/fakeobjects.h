@@ -8,8 +8,7 @@
 
 #include <functional>
 
-/// A daemon of the test's own: objects with properties behind an object manager at /org/freedesktop, and methods as
-/// the test wants them. It answers while the event loop of its thread runs; while it does not, the daemon is frozen.
+/// A daemon of the test's own: objects with properties behind an object manager, and methods as the test wants them. It answers while the event loop of its thread runs; while it does not, the daemon is frozen.
 class FakeObjects : public QDBusVirtualObject
 {
     Q_OBJECT
@@ -17,7 +16,8 @@ class FakeObjects : public QDBusVirtualObject
 public:
     using Method = std::function<QDBusMessage(const QDBusMessage &)>;
 
-    FakeObjects();
+    /// @p manager is the path of the object manager, above all other objects.
+    explicit FakeObjects(QString manager = QStringLiteral("/org/freedesktop"));
     ~FakeObjects() override;
 
     /// Appears on the bus under @p name.
@@ -34,6 +34,7 @@ public:
               const QVariantList &arguments);
     /// What a call of @p name does, on whatever object.
     void onCall(const QString &name, const Method &method) { m_methods[name] = method; }
+    Method method(const QString &name) const { return m_methods.value(name); }
 
     /// Lets the next settings of properties be refused.
     void refuseProperties(bool refuse) { m_refusesProperties = refuse; }
@@ -48,6 +49,7 @@ public:
 private:
     QDBusMessage answer(const QDBusMessage &message);
 
+    QString m_manager;
     QString m_connectionName;
     QString m_name;
     QDBusConnection m_bus;

@@ -1,6 +1,10 @@
+#include "tests/linux/fakemodemmanager.h"
+#include "tests/linux/fakevpn.h"
 #include "tests/linux/fakewifi.h"
 #include "tests/linux/paneldirectory.h"
 #include "tests/linux/privatebus.h"
+
+#include "linux/modemnames.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -9,7 +13,7 @@
 #include <cstdio>
 
 /// Runs a program on a panel with the service for real ones: files in a temporary directory, timedated and logind of
-/// our own, and NetworkManager too unless the system's bus has a real one.
+/// our own, and NetworkManager with a modem and tunnels too unless the system's bus has a real one.
 ///
 ///     linux_panel [--real] PROGRAM ARGUMENTS...
 
@@ -20,11 +24,12 @@ QString text(const char *latin)
     return QString::fromLatin1(latin);
 }
 
-void furnish(const PanelDirectory &panel, bool hasWifi)
+void furnish(const PanelDirectory &panel, bool isReal)
 {
+    const QByteArray ports = "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n";
     panel.put(text("/etc/panelsettings/linux.conf"),
-              QByteArray("[adapters]\nLAN0 = lan0\nLAN1 = lan1\nMOBILE_4G = none\nWIFI = ") +
-                  (hasWifi ? "wlan0\n" : "none\n"));
+              ports + (isReal ? "WIFI = none\nMOBILE_4G = none\n"
+                              : "WIFI = wlan0\nMOBILE_4G = wwan0\n[vpn]\nAsia = asia\nEurope = europe\n"));
     panel.put(text("/sys/class/backlight/lcd/max_brightness"), "255\n");
     panel.put(text("/sys/class/backlight/lcd/brightness"), "200\n");
     panel.put(text("/proc/device-tree/serial-number"), "LINUX-0815\n");
@@ -39,6 +44,14 @@ void furnish(FakeNetworkManager *daemon)
             daemon->addProfile(FakeNetworkManager::wiredProfile(port, {{text("method"), text("auto")}}));
         daemon->activate(profile, port);
     }
+    daemon->addPort(text("ttyUSB0"), {});
+}
+
+void furnish(FakeModemManager *daemon)
+{
+    daemon->addModem();
+    daemon->setState(HmiLinux::Mm::Registered);
+    daemon->setSignal(71);
 }
 
 void furnish(FakeNetworkManager *daemon, FakeWifi *wifi)
@@ -82,17 +95,22 @@ int main(int argc, char **argv)
     }
 
     const PanelDirectory panel;
-    furnish(panel, !isReal);
+    furnish(panel, isReal);
     PrivateBus bus;
     FakeNetworkManager network;
+    FakeVpn tunnels(&network);
+    FakeModemManager modems;
     FakeObjects others;
     others.onCall(text("SetTime"), [](const QDBusMessage &message) { return message.createReply(); });
     others.onCall(text("Reboot"), [](const QDBusMessage &message) { return message.createReply(); });
     furnish(&network);
+    furnish(&modems);
+    tunnels.addConnection(text("asia"));
+    tunnels.addConnection(text("europe"));
     FakeWifi wifi(&network);
     furnish(&network, &wifi);
     const QString address = isReal ? qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS") : bus.address();
-    if ((!isReal && (!bus.start() || !network.publish(address))) ||
+    if ((!isReal && (!bus.start() || !network.publish(address) || !modems.publish(address))) ||
         !others.publish(address, text("org.freedesktop.timedate1"))) {
         std::fputs("linux_panel: there is no bus\n", stderr);
         return 126;

@@ -19,6 +19,7 @@ private slots:
     void whatIsWrongIsToldWithItsLine();
     void firstHardwareIsChosen();
     void namedInterfacesAreAdapters();
+    void tunnelIsWhereAConnectionIs();
 
 private:
     Config read(const QByteArray &contents)
@@ -57,6 +58,8 @@ void TestLinuxConfig::sampleSaysTheDefaults()
     QVERIFY(sample.adapters == defaults.adapters);
     QCOMPARE(sample.pingTarget, defaults.pingTarget);
     QCOMPARE(sample.pingTimeout, defaults.pingTimeout);
+    QCOMPARE(sample.apn, defaults.apn);
+    QCOMPARE(sample.vpnRetry, defaults.vpnRetry);
     QCOMPARE(sample.backlight, defaults.backlight);
     QCOMPARE(sample.backlightMinimum, defaults.backlightMinimum);
     QCOMPARE(sample.buzzer, defaults.buzzer);
@@ -72,7 +75,8 @@ void TestLinuxConfig::everyKeyIsRead()
     const Config config =
         read("; other comment\n[adapters]\nLAN0=eth7\nLAN1 = none\nWIFI=wlan3\nMOBILE_4G=wwan1\nVPN=wg0\n"
              "[ping]\ntarget=192.0.2.1\ntimeout=500\n"
-             "[vpn]\nAsia=asia office\nEurope=europe\n"
+             "[mobile]\napn=internet.plant\n"
+             "[vpn]\nAsia=asia office\nEurope=europe\nretry=5\n"
              "[backlight]\ndevice=lcd\nminimum=9\n"
              "[buzzer]\ndevice=/sys/class/gpio/gpio4/value\nfrequency=440\nduration=7\n"
              "[identity]\nserial-number=/etc/serial\n"
@@ -85,8 +89,10 @@ void TestLinuxConfig::everyKeyIsRead()
     QCOMPARE(config.adapters.at(SystemSet::VPN), QStringLiteral("wg0"));
     QCOMPARE(config.pingTarget, QStringLiteral("192.0.2.1"));
     QCOMPARE(config.pingTimeout, 500);
+    QCOMPARE(config.apn, QStringLiteral("internet.plant"));
     QCOMPARE(config.vpnAsia, QStringLiteral("asia office"));
     QCOMPARE(config.vpnEurope, QStringLiteral("europe"));
+    QCOMPARE(config.vpnRetry, 5);
     QCOMPARE(config.backlight, QStringLiteral("lcd"));
     QCOMPARE(config.backlightMinimum, 9);
     QCOMPARE(config.buzzer, QStringLiteral("/sys/class/gpio/gpio4/value"));
@@ -172,6 +178,18 @@ void TestLinuxConfig::namedInterfacesAreAdapters()
     QCOMPARE(adapterMask(chooseInterfaces(bare.root(), config)), int(SystemSet::LAN1));
     config.adapters[SystemSet::LAN1] = QStringLiteral("none");
     QCOMPARE(adapterMask(chooseInterfaces(bare.root(), config)), 0);
+}
+
+void TestLinuxConfig::tunnelIsWhereAConnectionIs()
+{
+    const PanelDirectory bare;
+    const auto tunnel = [&](const QByteArray &contents) {
+        return chooseInterfaces(bare.root(), read(contents)).at(4);
+    };
+    QCOMPARE(tunnel("[adapters]\nVPN = tun3\n"), QString());
+    QCOMPARE(tunnel("[vpn]\nEurope = work\n"), QStringLiteral("tun0"));
+    QCOMPARE(tunnel("[adapters]\nVPN = wg0\n[vpn]\nAsia = work\n"), QStringLiteral("wg0"));
+    QCOMPARE(tunnel("[adapters]\nVPN = none\n[vpn]\nAsia = work\n"), QString());
 }
 
 PANEL_TEST_MAIN(TestLinuxConfig)

@@ -10,6 +10,8 @@
 
 #include <QtCore/QSet>
 
+#include <cstring>
+
 #include <linux/input.h>
 
 using namespace HmiLinux;

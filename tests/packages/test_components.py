@@ -28,6 +28,15 @@ COMPONENTS = {
     "simulator": [f"{STANDINS}/{SERVICE}", r"share/panelsettings/scenarios/[\w-]+\.json"],
     "keyboard": [f"{STANDINS}/{KEYBOARD}"],
     "host": ["bin/panel-host"],
+    "linux": [
+        f"{LIBRARIES}/panelsettings/linux/{SERVICE}",
+        "share/polkit-1/rules.d/50-panelsettings.rules",
+        "lib/udev/rules.d/70-panelsettings.rules",
+        "lib/sysctl.d/50-panelsettings.conf",
+        "lib/sysusers.d/panelsettings.conf",
+        "lib/tmpfiles.d/panelsettings.conf",
+        "share/doc/panelsettings-linux/linux.conf.sample",
+    ],
     "conformance": ["bin/panelsettings-conformance", rf"{LIBRARIES}/panelsettings/conformance-[\w-]+\.so"],
     "doc": [
         f"{DOCUMENTS}/README.md",
@@ -65,7 +74,18 @@ class Components(unittest.TestCase):
             for name in (SERVICE, KEYBOARD):
                 self.assertEqual((own / name).read_bytes(), b"the panel's")
                 found = {file.parent for file in installation.files_of(stage) if file.name == name}
-                self.assertEqual(found, {pathlib.Path("usr", place) for place in (LIBRARIES, STANDINS)})
+                own_directories = {LIBRARIES, STANDINS} | ({LIBRARIES / "panelsettings/linux"} if name == SERVICE else set())
+                self.assertEqual(found, {pathlib.Path("usr", place) for place in own_directories})
+
+    def test_links_of_the_pages_lead_somewhere(self):
+        """Whoever has the installation alone has no sources to look into."""
+        links = 0
+        for page in (installation.PREFIX / DOCUMENTS).rglob("*.md"):
+            text = re.sub(r"^```.*?^```", "", page.read_text(encoding="utf-8"), flags=re.MULTILINE | re.DOTALL)
+            for link in re.findall(r"\]\(([^)#\s]+)[^)]*\)", text):
+                links += 1
+                self.assertTrue("://" in link or (page.parent / link).exists(), f"{page}: {link}")
+        self.assertGreater(links, 20)
 
     def test_paths_are_nobodys_machine(self):
         """What hosts are built with serves under any prefix."""

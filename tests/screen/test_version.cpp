@@ -55,18 +55,16 @@ void TestVersion::init()
 void TestVersion::codeOnTheGlass_data()
 {
     QTest::addColumn<QSize>("size");
-    QTest::newRow("1024x600") << QSize(1024, 600);
-    QTest::newRow("800x480") << QSize(800, 480);
-    QTest::newRow("1280x800") << QSize(1280, 800);
-    QTest::newRow("480x800") << QSize(480, 800);
-    QTest::newRow("600x1024") << QSize(600, 1024);
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes)
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 
 void TestVersion::codeOnTheGlass()
 {
     QFETCH(QSize, size);
     HmiSimulator::setSerialNumber("HMI-面板-00421");
-    ScreenFixture fixture(plugin, size);
+    ScreenFixture fixture(plugin, size, compactOptions());
     fixture.open();
     fixture.tapMenu(QStringLiteral("Version"));
     QCOMPARE(fixture.title(), QStringLiteral("Version"));

@@ -18,8 +18,6 @@ int main(int argc, char **argv)
 
     SettingsDoor door(settings.screen());
     QQmlApplicationEngine engine;
-    engine.setProperty("panelLanguages", QStringList{"en", "zh_CN"});
-    engine.setProperty("panelHiddenCards", QStringList{"buzzer", "wifi"});
     engine.rootContext()->setContextProperty(QStringLiteral("settings"), &door);
     engine.load(QUrl(QStringLiteral("qrc:/application.qml")));
     if (engine.rootObjects().isEmpty())

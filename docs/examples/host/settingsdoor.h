@@ -23,6 +23,7 @@ public:
         // Before the screen is built, which reads them.
         engine->setProperty("panelLanguages", QStringList{"en", "zh_CN"});
         engine->setProperty("panelHiddenCards", QStringList{"buzzer", "wifi"});
+        engine->setProperty("panelTheme", QVariantMap{{"accent", "#007A5A"}, {"background", "#D8E4DE"}});
 
         // Building the screen records English in the service. A panel that keeps its language says it
         // again afterwards: open() follows the service.

@@ -120,9 +120,9 @@ public:
     IP getGateway(NIC nic) const;
     /// The stored static address; 0 when none was ever stored.
     IP getIpFromEE(NIC nic) const;
-    /// The stored static subnet mask.
+    /// The stored static subnet mask; 0 when none was ever stored.
     IP getSubnetMaskFromEE(NIC nic) const;
-    /// The stored static gateway.
+    /// The stored static gateway; 0 when none was ever stored.
     IP getGatewayFromEE(NIC nic) const;
     /// Sets the static address; @p persist stores it over a restart (the screen
     /// always passes true). It takes effect while the adapter is not on DHCP.
@@ -138,7 +138,7 @@ public:
 
     // --- DHCP ---
 
-    /// Whether the adapter takes its addresses from a DHCP server.
+    /// Whether the adapter takes its addresses from a DHCP server; false when not known.
     bool isDhcpOn(NIC nic) const;
     /// Switches the adapter to DHCP (@p on) or to its stored static addresses.
     /// @p done reports when the lease is there or has failed, or the static
@@ -158,7 +158,7 @@ public:
     bool isNicEnabled(NIC nic) const;
     /// Switches the adapter on or off.
     void enableNIC(NIC nic, bool enable, bool persist);
-    /// The adapter of the default route. It may be one that is switched off.
+    /// The adapter of the default route; 0 on a panel without adapters. It may be one that is switched off.
     NIC getDefaultNIC() const;
     /// Chooses the adapter of the default route, among those that the panel has; the screen passes false for
     /// @p restart: the route changes without a restart of the network.
@@ -182,25 +182,25 @@ public:
                      const std::function<void(StateWifi)> &done);
     /// The network that the adapter has joined; all zero when none.
     SSID currentWifiSsid() const;
-    /// Whether the adapter has joined a network.
+    /// Whether the adapter has joined a network; false when not known.
     bool isWifiConnected() const;
     /// Strength of the joined network in percent, 0 to 100; 0 when not known.
     int currentWifiSignalStrength() const;
 
     // --- 4G; called with MOBILE_4G ---
 
-    /// 0 not connected, 1 connecting, 2 connected; anything else is shown as unknown.
+    /// 0 not connected (or no modem), 1 connecting, 2 connected; anything else is shown as unknown.
     int get4GState(NIC nic) const;
-    /// Strength in percent, 0 to 100; below 1 is shown as no signal.
+    /// Strength in percent, 0 to 100; 0 when not known. Below 1 is shown as no signal.
     int get4GSignal(NIC nic) const;
 
     // --- VPN ---
 
-    /// The server region in use.
+    /// The server region in use; ASIA on a panel without a VPN.
     VPNServer getVPNServer() const;
     /// Chooses the server region; the screen offers it only while the VPN is off.
     void setVPNServer(VPNServer server);
-    /// 0 not connected, 1 connecting, 2 panel not authorised, 3 TLS error,
+    /// 0 not connected (or no VPN), 1 connecting, 2 panel not authorised, 3 TLS error,
     /// 4 certificate error, 5 connected; anything else is shown as unknown.
     int getVPNServerState(VPNServer server) const;
     /// Drops the tunnel address got from @p server.
@@ -224,7 +224,7 @@ public:
 
     // --- Backlight ---
 
-    /// The level, 1 to 32.
+    /// The level, 1 to 32; any of them where nothing can be dimmed.
     Bright bright() const;
     /// Sets the level at once; a level outside 1 to 32 changes nothing. @p save is false while the operator drags, true
     /// once at the end: only then store it over a restart.
@@ -232,7 +232,7 @@ public:
 
     // --- Buzzer ---
 
-    /// Whether keys beep.
+    /// Whether keys beep; false where there is no buzzer.
     bool isBuzzerOn() const;
     /// Switches the key beep on or off and stores it. Called from a worker
     /// thread for which the GUI thread waits: it may write to flash, but must end.
@@ -242,7 +242,7 @@ public:
 
     // --- Language ---
 
-    /// The panel's language. A value other than CHINESE is shown in English.
+    /// The panel's language; ENGLISH when not known. A value other than CHINESE is shown in English.
     Language getLanguage() const;
     /// Records the language for the rest of the panel; the screen switches its own texts itself.
     void setLanguage(Language language);

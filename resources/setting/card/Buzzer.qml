@@ -34,6 +34,7 @@ CardBuzzer {
             anchors.leftMargin: _title.margin
             anchors.right: _switch.left
             anchors.verticalCenter: _content.verticalCenter
+            font.family: Toolkit.Palette.font
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
             color: Toolkit.Palette.text

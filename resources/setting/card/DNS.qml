@@ -45,6 +45,7 @@ CardDNS {
                 anchors.verticalCenter: _dns1Row.verticalCenter
                 x: _card.labelMargin
                 color: Toolkit.Palette.text
+                font.family: Toolkit.Palette.font
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _dns1Input.x - x)
@@ -76,6 +77,7 @@ CardDNS {
                 anchors.verticalCenter: _dns2Row.verticalCenter
                 x: _card.labelMargin
                 color: Toolkit.Palette.text
+                font.family: Toolkit.Palette.font
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _dns2Input.x - x)

@@ -33,6 +33,7 @@ CardTime {
 
             anchors.verticalCenter: _content.verticalCenter
             width: 0.4 * _content.width
+            font.family: Toolkit.Palette.font
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
             color: Toolkit.Palette.text
@@ -49,6 +50,7 @@ CardTime {
             // A clock that nobody sees must not cost a frame a second.
             text: _card.visible ? _card.currentDateTime : ""
             opacity: _edit.pressFade
+            font.family: Toolkit.Palette.font
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
             font.weight: Font.Medium
             color: Toolkit.Palette.accent

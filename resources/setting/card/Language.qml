@@ -94,6 +94,7 @@ CardLanguage {
                         anchors.verticalCenter: _content.verticalCenter
                         text: model.text
                         textFormat: Text.PlainText
+                        font.family: Toolkit.Palette.font
                         font.pixelSize: Math.max(1, 0.31 * _card.rowHeight)
                         font.weight: Font.Medium
                         color: Toolkit.Palette.strongHint

@@ -43,6 +43,7 @@ CardNIC {
                 anchors.verticalCenter: _networkRow.verticalCenter
                 x: _card.labelMargin
                 color: Toolkit.Palette.text
+                font.family: Toolkit.Palette.font
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _combobox.x - x)
@@ -73,6 +74,7 @@ CardNIC {
                 anchors.verticalCenter: _pingTestRow.verticalCenter
                 x: _card.labelMargin
                 color: Toolkit.Palette.text
+                font.family: Toolkit.Palette.font
                 font.pixelSize: _title.label.font.pixelSize
                 // The room that is left of the field.
                 width: Math.max(0, _pingBusy.x - x)
@@ -114,6 +116,7 @@ CardNIC {
                     anchors.right: _testBeepButton.right
                     anchors.verticalCenter: _testBeepButton.verticalCenter
                     color: Toolkit.Palette.focus
+                    font.family: Toolkit.Palette.font
                     font.pixelSize: _title.label.font.pixelSize
                 }
             }

@@ -40,6 +40,7 @@ CardNetwork {
                 anchors.leftMargin: 8
                 anchors.verticalCenter: _titleRow.verticalCenter
                 color: Toolkit.Palette.caption
+                font.family: Toolkit.Palette.font
                 font.pixelSize: _card.fontPixelSize
             }
         }

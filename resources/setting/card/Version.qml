@@ -35,6 +35,7 @@ CardVersion {
             anchors.verticalCenter: _title.verticalCenter
             visible: _card.iconError
             text: "!"
+            font.family: Toolkit.Palette.font
             font.pixelSize: _title.label.font.pixelSize
             font.bold: true
             color: "red"
@@ -80,6 +81,7 @@ CardVersion {
                 width: _frame.width - 8
                 visible: _qrCode.status !== Image.Ready
                 horizontalAlignment: Text.AlignHCenter
+                font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
                 color: Toolkit.Palette.caption
                 elide: Text.ElideRight
@@ -108,6 +110,7 @@ CardVersion {
                 id: _serialNumberLabel
 
                 width: _texts.width
+                font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, 0.31 * _card.rowHeight)
                 color: Toolkit.Palette.hint
                 elide: Text.ElideRight
@@ -117,6 +120,7 @@ CardVersion {
                 width: _texts.width
                 text: _card.serialNumber
                 textFormat: Text.PlainText
+                font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
                 font.weight: Font.Medium
                 color: Toolkit.Palette.text

@@ -47,6 +47,7 @@ CardWifi {
                 // Clear of the reset button.
                 anchors.rightMargin: 2 * _card.rowHeight
                 anchors.verticalCenter: _connectedRow.verticalCenter
+                font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, _card.fontSize)
                 color: _card.captionColor
                 elide: Text.ElideRight
@@ -74,6 +75,7 @@ CardWifi {
                 anchors.right: _currentSpace.right
                 anchors.verticalCenter: _currentSpace.verticalCenter
                 visible: false
+                font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, _card.fontSize)
                 color: Toolkit.Palette.text
                 elide: Text.ElideRight
@@ -92,6 +94,7 @@ CardWifi {
                 anchors.left: _nearRow.left
                 anchors.right: _busyHome.left
                 anchors.verticalCenter: _nearRow.verticalCenter
+                font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, _card.fontSize)
                 color: _card.captionColor
                 elide: Text.ElideRight

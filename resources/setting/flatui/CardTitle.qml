@@ -29,6 +29,7 @@ Item {
         anchors.right: _row.right
         anchors.rightMargin: _row.margin
         anchors.verticalCenter: _row.verticalCenter
+        font.family: Toolkit.Palette.font
         font.pixelSize: Math.max(1, 0.383 * _row.height)
         color: Toolkit.Palette.caption
         elide: Text.ElideRight

@@ -30,6 +30,7 @@ CIpInput {
         Text {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
+            font.family: Toolkit.Palette.font
             font.pixelSize: _ip.fontPixelSize
             color: _ip.enabled ? Toolkit.Palette.fieldText : Toolkit.Palette.disabledText
         }
@@ -44,6 +45,7 @@ CIpInput {
         Text {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
+            font.family: Toolkit.Palette.font
             font.pixelSize: _ip.fontPixelSize
             color: _ip.enabled ? Toolkit.Palette.fieldText : Toolkit.Palette.disabledText
         }
@@ -58,6 +60,7 @@ CIpInput {
         Text {
             anchors.verticalCenter: _row.verticalCenter
             text: "·"
+            font.family: Toolkit.Palette.font
             font.pixelSize: _ip.fontPixelSize
             color: _ip.enabled ? Toolkit.Palette.fieldText : Toolkit.Palette.disabledText
         }

@@ -37,6 +37,7 @@ Item {
         anchors.fill: parent
         horizontalAlignment: TextInput.AlignHCenter
         verticalAlignment: TextInput.AlignVCenter
+        font.family: Toolkit.Palette.font
         font.pixelSize: _rect.fontPixelSize
         text: "0"
         selectionColor: Toolkit.Palette.accent

@@ -24,6 +24,7 @@ CMacInput {
         horizontalAlignment: TextInput.AlignHCenter
         verticalAlignment: TextInput.AlignVCenter
         text: "00:00:00:00:00:00"
+        font.family: Toolkit.Palette.font
         selectionColor: Toolkit.Palette.accent
         inputMask: "HH:HH:HH:HH:HH:HH"
         validator: RegularExpressionValidator {

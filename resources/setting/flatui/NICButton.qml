@@ -22,6 +22,7 @@ BeepButton {
         id: _text
 
         anchors.centerIn: _button
+        font.family: Toolkit.Palette.font
         color: _button.checked ? "white" : Toolkit.Palette.accent
     }
 }

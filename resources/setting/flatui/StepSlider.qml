@@ -33,7 +33,7 @@ Toolkit.StepSlider {
         width: _slider.handleSize
         height: width
         radius: width / 2
-        color: _slider.pressed ? "#BEDAFF" : Toolkit.Palette.surface
+        color: _slider.pressed ? Toolkit.Palette.accentGlow : Toolkit.Palette.surface
         border.color: _slider.pressed ? Toolkit.Palette.accent : "#d0d0d0"
         border.width: _slider.pressed ? 3 : 1
     }
