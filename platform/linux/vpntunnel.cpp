@@ -28,10 +28,10 @@ const char *nameOf(std::size_t place)
 
 } // namespace
 
-VpnTunnel::VpnTunnel(const Root &root, const Config &config, const Published<Snapshot> *state,
+VpnTunnel::VpnTunnel(Root root, const Config &config, const Published<Snapshot> *state,
                      const ObjectMirror *mirror, const ProfileBook *book, QObject *parent)
     : QObject(parent)
-    , m_root(root)
+    , m_root(std::move(root))
     , m_state(state)
     , m_reading(mirror, book)
     , m_bus(QString())

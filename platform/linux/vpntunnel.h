@@ -23,8 +23,8 @@ class VpnTunnel : public QObject
     Q_OBJECT
 
 public:
-    VpnTunnel(const Root &root, const Config &config, const Published<Snapshot> *state,
-              const ObjectMirror *mirror, const ProfileBook *book, QObject *parent = nullptr);
+    VpnTunnel(Root root, const Config &config, const Published<Snapshot> *state, const ObjectMirror *mirror,
+              const ProfileBook *book, QObject *parent = nullptr);
 
     void attach(const QDBusConnection &bus);
     /// The daemon has gone.

@@ -1,7 +1,7 @@
 #include "simulator/simulator.h"
 
-#include "simulator/core.h"
 #include "simulator/scenario.h"
+#include "simulator/servicecall.h"
 #include "simulator/wifineighbourhood.h"
 
 namespace HmiSimulator {
@@ -9,11 +9,6 @@ namespace HmiSimulator {
 namespace {
 
 constexpr int MaximumReportsAtOnce = 1000;
-
-Core &core()
-{
-    return Core::instance();
-}
 
 bool take(Scenario scenario, std::string *error)
 {

@@ -55,7 +55,8 @@ void TestTheme::contrast()
     QFETCH(QColor, other);
     QFETCH(double, expected);
     QVERIFY(std::abs(QSP::contrastOf(one, other) - expected) < 0.005);
-    QCOMPARE(QSP::contrastOf(one, other), QSP::contrastOf(other, one));
+    std::swap(one, other);
+    QVERIFY(std::abs(QSP::contrastOf(one, other) - expected) < 0.005);
 }
 
 void TestTheme::everyEntryIsRead()

@@ -93,7 +93,7 @@ void FakeNetworkManager::addPort(const QString &interface, const QString &mac)
 
 QString FakeNetworkManager::addProfile(const Sections &settings)
 {
-    const QString path = Nm::settingsPath() + text("/%1").arg(++m_count);
+    QString path = Nm::settingsPath() + text("/%1").arg(++m_count);
     m_profiles[path] = settings;
     add(path, {{Nm::profile(), {{text("Unsaved"), false}, {text("Flags"), 0U}}}});
     return path;

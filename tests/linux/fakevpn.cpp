@@ -89,7 +89,7 @@ QString FakeVpn::activePath(const QString &id)
 QString FakeVpn::activate(const QString &profile)
 {
     const QString id = idOf(profile);
-    const QString active = activePath(id);
+    QString active = activePath(id);
     m_started.append(id);
     m_active.append(id);
     QVariantMap properties{{text("Connection"), objectPath(profile)},

@@ -123,7 +123,7 @@ void TestLinuxConfig::whatIsWrongIsToldWithItsLine_data()
     row("no number", "[ping]\ntimeout = soon\n", "linux.conf:2: \"soon\" is no number from 100 to 14000");
     row("out of range", "[buzzer]\nduration = 0\n", "linux.conf:2: \"0\" is no number from 1 to 1000");
     row("no address", "[ping]\ntarget = 1.2.3\n",
-        "linux.conf:2: \"1.2.3\" is neither \"gateway\" nor an IPv4 address");
+        R"(linux.conf:2: "1.2.3" is neither "gateway" nor an IPv4 address)");
     row("relative path", "[language]\nfile = language\n",
         "linux.conf:2: \"language\" is not an absolute path");
     row("a path where a name is", "[backlight]\ndevice = /sys/x\n",
