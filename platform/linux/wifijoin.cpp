@@ -23,8 +23,12 @@ QDBusObjectPath orNothing(const QString &path)
 
 } // namespace
 
-WifiJoin::WifiJoin(const QDBusConnection &bus, WifiTarget target, IsHeard isHeard, QObject *parent)
-    : QObject(parent), m_bus(bus), m_target(std::move(target)), m_isHeard(std::move(isHeard)), m_limit(this)
+WifiJoin::WifiJoin(QDBusConnection bus, WifiTarget target, IsHeard isHeard, QObject *parent)
+    : QObject(parent)
+    , m_bus(std::move(bus))
+    , m_target(std::move(target))
+    , m_isHeard(std::move(isHeard))
+    , m_limit(this)
 {
     m_limit.setObjectName(QStringLiteral("joinLimit"));
     m_limit.setSingleShot(true);

@@ -34,7 +34,7 @@ public:
     /// Whether the network is heard at this moment.
     using IsHeard = std::function<bool(const QByteArray &name)>;
 
-    WifiJoin(const QDBusConnection &bus, WifiTarget target, IsHeard isHeard, QObject *parent = nullptr);
+    WifiJoin(QDBusConnection bus, WifiTarget target, IsHeard isHeard, QObject *parent = nullptr);
 
     void start();
     /// Leaves it: another one takes its place, or the networks are forgotten.
@@ -56,7 +56,7 @@ private:
     void added(const QDBusMessage &answer);
     void failed(uint reason);
     void succeeded();
-    void store(const QDBusMessage &settings);
+    void store(const QDBusMessage &answer);
     void drop(const QString &profile);
     void end(HMI::SystemSet::StateWifi state, const QString &why = {});
     void whenAnswered(const QDBusMessage &question, void (WifiJoin::*take)(const QDBusMessage &));

@@ -61,7 +61,7 @@ FakeWifi::FakeWifi(FakeNetworkManager *daemon) : m_daemon(daemon)
 QString FakeWifi::appear(const QByteArray &name, int strength, Security how)
 {
     const bool isRsn = how > Wep;
-    const QString point = Nm::path() + text("/AccessPoint/%1").arg(++m_count);
+    QString point = Nm::path() + text("/AccessPoint/%1").arg(++m_count);
     m_daemon->add(point, {{Nm::accessPoint(),
                            {{text("Ssid"), name},
                             {text("Strength"), QVariant::fromValue(uchar(strength))},
@@ -87,7 +87,7 @@ QString FakeWifi::know(const QByteArray &name, const QString &password)
         {text("connection"), {{text("id"), id}, {text("uuid"), id}, {text("type"), wireless()}}},
         {wireless(), {{text("ssid"), name}}},
         {text("ipv4"), {{text("method"), text("auto")}}}};
-    const QString path = m_daemon->addProfile(settings);
+    QString path = m_daemon->addProfile(settings);
     m_passwords[path] = password;
     return path;
 }

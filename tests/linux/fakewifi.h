@@ -15,7 +15,7 @@ public:
     static QString device() { return FakeNetworkManager::devicePath(interface()); }
 
     /// An access point that is heard from now on; its path.
-    QString appear(const QByteArray &name, int strength, Security security = Psk);
+    QString appear(const QByteArray &name, int strength, Security how = Psk);
     void vanish(const QString &point);
     /// A profile of a network that somebody stored; its path.
     QString know(const QByteArray &name, const QString &password);
