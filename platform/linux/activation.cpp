@@ -12,11 +12,6 @@ namespace {
 // The daemon's own limit for a lease is below.
 constexpr int g_limit = 40000;
 
-// Steps from one activation to the next, not ends.
-constexpr uint g_dependencyReason = 38;
-constexpr uint g_newActivationReason = 60;
-constexpr uint g_noLeaseReason = 5;
-
 } // namespace
 
 Activation::Activation(QObject *parent) : QObject(parent), m_limit(this)
@@ -54,17 +49,17 @@ void Activation::deviceChanged(uint state, uint reason)
         m_prepared = true;
         return;
     }
-    if (!m_prepared || reason == g_dependencyReason)
+    if (!m_prepared || reason == Nm::ProfileRemoved)
         return;
-    if (reason == g_newActivationReason) {
+    if (reason == Nm::NewActivation) {
         m_prepared = false;
         return;
     }
     if (state == Nm::Activated)
         end({});
     else if (state == Nm::Failed)
-        end(reason == g_noLeaseReason ? QStringLiteral("no lease was to be had")
-                                      : QStringLiteral("it failed, reason %1").arg(reason));
+        end(reason == Nm::NoLease ? QStringLiteral("no lease was to be had")
+                                  : QStringLiteral("it failed, reason %1").arg(reason));
     else if (state <= Nm::Disconnected)
         end(QStringLiteral("the adapter was switched off, reason %1").arg(reason));
 }

@@ -118,9 +118,33 @@ void AdapterWriter::write()
     if (!m_now.known && m_now.profile.isEmpty())
         return fail(QStringLiteral("there is no such adapter at the moment"));
     m_wanted = wanted(m_now, wish);
+    if (isWireless() && m_wanted.enabled != m_now.values.enabled)
+        switchRadio();
+    else
+        proceed();
+}
+
+void AdapterWriter::switchRadio()
+{
+    QDBusMessage question = Nm::call(Nm::path(), QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
+    question << Nm::service() << QStringLiteral("WirelessEnabled")
+             << QVariant::fromValue(QDBusVariant(m_wanted.enabled));
+    ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &answer) {
+        if (isError(answer)) {
+            qCWarning(networkLog, "%s stays as it is: %s", qPrintable(name()), qPrintable(reasonOf(answer)));
+            m_wanted.enabled = m_now.values.enabled;
+        }
+        m_now.values.enabled = m_wanted.enabled;
+        proceed();
+    });
+}
+
+void AdapterWriter::proceed()
+{
     // A lease may be had anew with the profile of somebody else that is in force; only a change needs one of ours.
     const QString path = m_now.profile.isEmpty() ? m_now.activeProfile : m_now.profile;
-    const bool needsProfile = m_activate && path.isEmpty() && m_now.deviceState > Nm::Unavailable;
+    const bool needsProfile =
+        !isWireless() && m_activate && path.isEmpty() && m_now.deviceState > Nm::Unavailable;
     if (m_wanted != m_now.values || needsProfile)
         store();
     else
@@ -151,6 +175,8 @@ ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
 void AdapterWriter::store()
 {
     m_check.stop();
+    if (m_now.profile.isEmpty() && isWireless())
+        return fail(QStringLiteral("the panel keeps no network that they would be for"));
     if (m_now.profile.isEmpty())
         return add();
     ask(m_bus, Nm::call(m_now.profile, Nm::profile(), "GetSettings"), m_requests.get(),
@@ -162,8 +188,10 @@ void AdapterWriter::update(const QDBusMessage &answer)
     if (isError(answer))
         return fail(reasonOf(answer));
     const auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+    ProfileValues values = m_wanted;
+    values.enabled |= isWireless(); // the radio is what is switched
     QDBusMessage question = Nm::call(m_now.profile, Nm::profile(), "Update2");
-    question << QVariant::fromValue(withValues(settings, m_wanted))
+    question << QVariant::fromValue(withValues(settings, values))
              << uint(m_persist ? Nm::ToDisk : Nm::InMemory) << QVariantMap();
     ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &updated) {
         if (isError(updated))
@@ -200,6 +228,8 @@ void AdapterWriter::apply(const QString &path)
 {
     if (!m_now.known)
         return answer(!m_wanted.dhcp);
+    if (isWireless() && (!m_wanted.enabled || m_now.deviceState < Nm::Preparing))
+        return answer(!m_wanted.dhcp); // in force with the next network
     if (!m_wanted.enabled) {
         switchOff();
         return answer(!m_wanted.dhcp);

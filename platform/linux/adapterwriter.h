@@ -13,8 +13,11 @@ namespace HmiLinux {
 
 class ProfileBook;
 
-/// Hands the operator's wishes for one adapter to the daemon: one update of the panel's own profile, and one
-/// act that puts it in force. Profiles that others made stay as they are.
+/// Hands the operator's wishes for one adapter to the daemon: one update of the panel's own profile, and one act that
+/// puts it in force. Profiles that others made stay as they are.
+///
+/// The wireless adapter is switched by its radio, and never joins a network that it has not joined: its profile is the
+/// one of the network, which is made by joining it.
 class AdapterWriter : public QObject
 {
     Q_OBJECT
@@ -53,6 +56,8 @@ signals:
     void settled(quint64 number);
 
 private:
+    void switchRadio();
+    void proceed();
     ProfileValues wanted(const AdapterState &now, const Wish &wish);
     void store();
     void update(const QDBusMessage &answer);
@@ -69,6 +74,7 @@ private:
     void activated(const QString &why);
     void takeAsked();
     void answer(bool succeeded);
+    bool isWireless() const { return Adapters.at(m_place) == HMI::SystemSet::WIFI; }
     QString name() const { return nameOf(Adapters.at(m_place)); }
 
     std::size_t m_place;

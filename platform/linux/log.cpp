@@ -11,6 +11,7 @@ Q_LOGGING_CATEGORY(networkLog, "panelsettings.linux.network", QtInfoMsg)
 Q_LOGGING_CATEGORY(pingLog, "panelsettings.linux.ping", QtInfoMsg)
 Q_LOGGING_CATEGORY(powerLog, "panelsettings.linux.power", QtInfoMsg)
 Q_LOGGING_CATEGORY(profileLog, "panelsettings.linux.profiles", QtInfoMsg)
+Q_LOGGING_CATEGORY(wifiLog, "panelsettings.linux.wifi", QtInfoMsg)
 Q_LOGGING_CATEGORY(readOnlyLog, "panelsettings.linux.readonly", QtInfoMsg)
 Q_LOGGING_CATEGORY(vpnLog, "panelsettings.linux.vpn", QtInfoMsg)
 

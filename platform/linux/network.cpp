@@ -5,6 +5,7 @@
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
 #include "linux/vpntunnel.h"
+#include "linux/wifi.h"
 
 #include <algorithm>
 
@@ -17,8 +18,8 @@ constexpr int g_quietTime = 20;
 // Signals that never end must not keep the screen from what they say.
 constexpr int g_longestSilence = 200;
 
-/// What a new profile of an adapter begins with; nothing for one that is not set up through profiles of the panel.
-std::optional<Sections> blankProfile(HMI::SystemSet::NIC nic, const Config &config, const QString &interface)
+/// What a new profile of an adapter begins with; empty for one that has no profile of the panel's making here.
+Sections blankProfile(HMI::SystemSet::NIC nic, const Config &config, const QString &interface)
 {
     switch (nic) {
     case HMI::SystemSet::LAN0:
@@ -26,11 +27,11 @@ std::optional<Sections> blankProfile(HMI::SystemSet::NIC nic, const Config &conf
         return newWiredSettings(nameOf(nic), interface);
     case HMI::SystemSet::MOBILE_4G:
         return newModemSettings(nameOf(nic), config.apn);
-    case HMI::SystemSet::WIFI:
+    case HMI::SystemSet::WIFI: // a network's is made by joining it
     case HMI::SystemSet::VPN:
         break;
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace
@@ -60,10 +61,13 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
         connect(m_vpn, &VpnTunnel::changed, this, &Network::noteBesides);
     }
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
-        const std::optional<Sections> blank = blankProfile(Adapters.at(place), config, interfaces.at(place));
-        if (!blank || interfaces.at(place).isEmpty())
+        const HMI::SystemSet::NIC nic = Adapters.at(place);
+        if (interfaces.at(place).isEmpty() || nic == HMI::SystemSet::VPN)
             continue;
-        auto *writer = new AdapterWriter(place, *blank, m_state, &m_book, this);
+        if (nic == HMI::SystemSet::WIFI)
+            m_wifi = new Wifi(interfaces.at(place), m_state, &m_mirror, &m_book, this);
+        auto *writer =
+            new AdapterWriter(place, blankProfile(nic, config, interfaces.at(place)), m_state, &m_book, this);
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
             m_settled.at(place) = number;
             publish();
@@ -82,6 +86,8 @@ void Network::attach(const QDBusConnection &bus)
         if (writer != nullptr)
             writer->attach(bus);
     }
+    if (m_wifi != nullptr)
+        m_wifi->attach(bus);
     if (m_vpn != nullptr)
         m_vpn->attach(bus);
     m_mirror.attach(bus);
@@ -101,6 +107,8 @@ void Network::detach()
         if (writer != nullptr)
             writer->attach(QDBusConnection(QString()));
     }
+    if (m_wifi != nullptr)
+        m_wifi->attach(QDBusConnection(QString()));
     note();
 }
 
@@ -125,6 +133,8 @@ void Network::deviceStateChanged(const QDBusMessage &signal)
         if (writer != nullptr)
             writer->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
     }
+    if (m_wifi != nullptr)
+        m_wifi->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
 }
 
 void Network::mirrorChanged()
@@ -137,10 +147,14 @@ void Network::mirrorChanged()
             if (writer != nullptr)
                 writer->interrupt();
         }
+        if (m_wifi != nullptr)
+            m_wifi->interrupt();
         if (m_vpn != nullptr)
             m_vpn->interrupt();
     }
     m_wasComplete = m_mirror.isComplete();
+    if (m_wifi != nullptr)
+        m_wifi->mirrorChanged();
     note();
 }
 
@@ -191,6 +205,8 @@ void Network::publish()
         if (writer != nullptr)
             writer->published();
     }
+    if (m_wifi != nullptr)
+        m_wifi->published();
     emit published();
 }
 

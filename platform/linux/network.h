@@ -14,6 +14,7 @@ namespace HmiLinux {
 struct Config;
 class Root;
 class VpnTunnel;
+class Wifi;
 
 /// The daemon's side of the panel's adapters: reads what it says into snapshots, and hands it what the operator
 /// wishes. Lives on the thread of the service, whose event loop it needs.
@@ -30,6 +31,8 @@ public:
 
     /// The writer of an adapter; null for one that cannot be set.
     AdapterWriter *writer(std::size_t place) { return m_writers.at(place); }
+    /// The networks of the wireless adapter; null on a panel without one.
+    Wifi *wifi() { return m_wifi; }
 
     /// Null on a panel without a tunnel.
     VpnTunnel *vpn() { return m_vpn; }
@@ -63,6 +66,7 @@ private:
     VpnTunnel *m_vpn = nullptr;
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
+    Wifi *m_wifi = nullptr;
     QTimer m_quiet;
     QElapsedTimer m_unpublished; ///< since the first change that is not published
     bool m_wasComplete = false;

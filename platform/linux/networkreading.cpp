@@ -3,6 +3,7 @@
 #include "linux/nmnames.h"
 #include "linux/objectmirror.h"
 #include "linux/profilebook.h"
+#include "linux/wifireading.h"
 
 namespace HmiLinux {
 
@@ -43,7 +44,11 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
         readDevice(&state);
         readLive(pathIn(state.device, Nm::device(), QStringLiteral("Ip4Config")), &state);
     }
+    if (nic == HMI::SystemSet::WIFI)
+        readWifi(&state, interface);
     state.values = valuesOf(state);
+    if (nic == HMI::SystemSet::WIFI)
+        state.values.enabled = state.known && isRadioOn();
     // A port without a profile takes whatever fits; a modem without one connects to nothing.
     if (nic == HMI::SystemSet::MOBILE_4G && state.profile.isEmpty() && state.activeProfile.isEmpty())
         state.values.enabled = false;
@@ -79,6 +84,8 @@ void NetworkReading::readDevice(AdapterState *state) const
     QVariant mac = m_mirror.property(state->device, Nm::device(), QStringLiteral("HwAddress"));
     if (!mac.isValid())
         mac = m_mirror.property(state->device, Nm::wired(), QStringLiteral("HwAddress"));
+    if (!mac.isValid())
+        mac = m_mirror.property(state->device, Nm::wireless(), QStringLiteral("HwAddress"));
     state->mac = macIn(mac.toString());
     const QString active = pathIn(state->device, Nm::device(), QStringLiteral("ActiveConnection"));
     if (active.isEmpty())
@@ -117,6 +124,19 @@ ProfileValues NetworkReading::valuesOf(const AdapterState &state) const
     values.enabled = state.known && state.deviceState > Nm::Unmanaged &&
                      m_mirror.property(state.device, Nm::device(), QStringLiteral("Autoconnect")).toBool();
     return values;
+}
+
+void NetworkReading::readWifi(AdapterState *state, const QString &interface) const
+{
+    const WifiReading wifi(m_mirror, m_book);
+    state->wifi = wifi.link(*state);
+    if (const Profile *own = wifi.own(*state, interface))
+        state->profile = own->path;
+}
+
+bool NetworkReading::isRadioOn() const
+{
+    return m_mirror.property(Nm::path(), Nm::service(), QStringLiteral("WirelessEnabled")).toBool();
 }
 
 QString NetworkReading::pathIn(const QString &object, const QString &interface, const QString &name) const

@@ -21,6 +21,8 @@ private:
     QString deviceOf(const QString &interface) const;
     void readDevice(AdapterState *state) const;
     void readLive(const QString &config, AdapterState *state) const;
+    void readWifi(AdapterState *state, const QString &interface) const;
+    bool isRadioOn() const;
     ProfileValues valuesOf(const AdapterState &state) const;
     QString pathIn(const QString &object, const QString &interface, const QString &name) const;
 

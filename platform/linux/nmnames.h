@@ -46,6 +46,16 @@ inline QString wired()
     return QStringLiteral("org.freedesktop.NetworkManager.Device.Wired");
 }
 
+inline QString wireless()
+{
+    return QStringLiteral("org.freedesktop.NetworkManager.Device.Wireless");
+}
+
+inline QString accessPoint()
+{
+    return QStringLiteral("org.freedesktop.NetworkManager.AccessPoint");
+}
+
 inline QString active()
 {
     return QStringLiteral("org.freedesktop.NetworkManager.Connection.Active");
@@ -67,9 +77,20 @@ enum DeviceState : uint {
     Unavailable = 20, ///< no cable
     Disconnected = 30,
     Preparing = 40,
+    NeedsSecrets = 60,
     Activated = 100,
     Deactivating = 110,
     Failed = 120,
+};
+
+/// Why a device has got into a state.
+enum DeviceReason : uint {
+    NoLease = 5,
+    NoSecrets = 7,
+    RefusedByNetwork = 8,
+    ProfileRemoved = 38, ///< a step from one activation to the next, not an end
+    NoSuchNetwork = 53,
+    NewActivation = 60, ///< also a step
 };
 
 /// How a profile is stored.

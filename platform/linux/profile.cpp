@@ -1,5 +1,7 @@
 #include "linux/profile.h"
 
+#include "linux/wifiname.h"
+
 #include <QtCore/QtEndian>
 #include <QtCore/QUuid>
 #include <QtDBus/QDBusArgument>
@@ -35,6 +37,13 @@ const QString &maskKey()
 const QString &gatewayKey()
 {
     static const QString key = QStringLiteral("panelsettings.gateway");
+    return key;
+}
+
+// Which adapter of the panel a profile was made for.
+const QString &adapterKey()
+{
+    static const QString key = QStringLiteral("panelsettings.adapter");
     return key;
 }
 
@@ -135,6 +144,17 @@ void putAddresses(QVariantMap *ipv4, const ProfileValues &values)
     ipv4->insert(QStringLiteral("may-fail"), isWithoutAddress(values));
 }
 
+void readNetwork(Profile *profile, const Sections &settings, const Texts &data)
+{
+    const QVariantMap wireless = settings.value(wifiType());
+    const QString infrastructure = QStringLiteral("infrastructure");
+    if (profile->type != wifiType() ||
+        wireless.value(QStringLiteral("mode"), infrastructure).toString() != infrastructure)
+        return;
+    profile->wifiName = wifiNameIn(wireless.value(QStringLiteral("ssid")));
+    profile->isOwnWifi = data.value(adapterKey()) == QLatin1String("WIFI");
+}
+
 } // namespace
 
 Profile readProfile(const QString &path, const Sections &settings)
@@ -147,6 +167,8 @@ Profile readProfile(const QString &path, const Sections &settings)
     profile.uuid = connection.value(QStringLiteral("uuid")).toString();
     profile.id = connection.value(QStringLiteral("id")).toString();
     profile.type = connection.value(QStringLiteral("type")).toString();
+    profile.interface = connection.value(QStringLiteral("interface-name")).toString();
+    profile.lastUsed = connection.value(QStringLiteral("timestamp")).toULongLong();
     // The daemon leaves out what has its default.
     profile.values.enabled = connection.value(QStringLiteral("autoconnect"), true).toBool();
     profile.values.dhcp =
@@ -158,6 +180,7 @@ Profile readProfile(const QString &path, const Sections &settings)
     profile.values.dns = isWithoutAddress(profile.values)
                              ? Dns{addressIn(kept.value(dnsKey())), addressIn(kept.value(secondDnsKey()))}
                              : serversIn(ipv4);
+    readNetwork(&profile, settings, kept);
     profile.values.isDefault =
         ipv4.value(QStringLiteral("route-metric"), g_anyMetric).toLongLong() == g_defaultMetric;
     profile.certificates = certificatesIn(settings.value(QStringLiteral("vpn")));
@@ -192,23 +215,36 @@ Sections newSettings(const QString &adapter, const QString &type)
     Sections settings;
     QVariantMap &connection = settings[QStringLiteral("connection")];
     connection.insert(QStringLiteral("id"), QStringLiteral("Panel ") + adapter);
-    connection.insert(QStringLiteral("uuid"), profileUuid(adapter));
     connection.insert(QStringLiteral("type"), type);
     connection.insert(QStringLiteral("autoconnect-priority"), g_priority);
     // A server that is silent when the panel starts is asked again, for as long as it takes.
     connection.insert(QStringLiteral("autoconnect-retries"), 0);
+    settings[QStringLiteral("user")].insert(QStringLiteral("data"),
+                                            QVariant::fromValue(Texts{{adapterKey(), adapter}}));
     // Nothing here is set for IPv6. Waited for, it would fail an adapter without an IPv4 address where no router is.
     settings[QStringLiteral("ipv6")].insert(QStringLiteral("method"), QStringLiteral("ignore"));
     return settings;
 }
 
+Sections newSettings(const QString &adapter, const QString &type, const QString &interface)
+{
+    Sections settings = newSettings(adapter, type);
+    settings[QStringLiteral("connection")].insert(QStringLiteral("interface-name"), interface);
+    settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
+    return settings;
+}
+
+QString wifiType()
+{
+    return QStringLiteral("802-11-wireless");
+}
+
 Sections newWiredSettings(const QString &adapter, const QString &interface)
 {
     const QString type = QStringLiteral("802-3-ethernet");
-    Sections settings = newSettings(adapter, type);
-    settings[QStringLiteral("connection")].insert(QStringLiteral("interface-name"), interface);
+    Sections settings = newSettings(adapter, type, interface);
+    settings[QStringLiteral("connection")].insert(QStringLiteral("uuid"), profileUuid(adapter));
     settings[type];
-    settings[QStringLiteral("ipv4")].insert(QStringLiteral("dhcp-timeout"), g_leaseLimit);
     return settings;
 }
 

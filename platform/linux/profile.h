@@ -30,7 +30,12 @@ struct Profile {
     QString uuid;
     QString id; ///< the name that people call it by
     QString type;
+    QString interface; ///< empty for one of any device
     ProfileValues values;
+    // Of a network alone.
+    QByteArray wifiName;    ///< empty for all else
+    bool isOwnWifi = false; ///< the panel has made it
+    qulonglong lastUsed = 0;
     QStringList certificates; ///< files that a tunnel needs
 };
 
@@ -42,6 +47,10 @@ Sections withValues(Sections settings, const ProfileValues &values);
 
 /// What the settings of each new profile of this panel have in common.
 Sections newSettings(const QString &adapter, const QString &type);
+/// The same for an adapter of one interface, which takes leases.
+Sections newSettings(const QString &adapter, const QString &type, const QString &interface);
+QString wifiType();
+
 /// The settings of a new profile for a wired adapter of this panel.
 Sections newWiredSettings(const QString &adapter, const QString &interface);
 

@@ -21,20 +21,12 @@ Config configuration(const Root &root)
     return config;
 }
 
-/// Without those that this service does not drive yet: the screen would offer what has no effect.
-Interfaces drivenInterfaces(const Root &root, const Config &config)
-{
-    Interfaces interfaces = chooseInterfaces(root, config);
-    interfaces.at(*placeOf(SystemSet::WIFI)).clear();
-    return interfaces;
-}
-
 } // namespace
 
 Service::Service(const Root &root, const QString &bus)
     : m_isReadOnly(root.isReadOnly())
     , m_config(configuration(root))
-    , m_interfaces(drivenInterfaces(root, m_config))
+    , m_interfaces(chooseInterfaces(root, m_config))
     , m_mask(adapterMask(m_interfaces))
     , m_serialNumber(readSerialNumber(root, m_config))
     , m_buzzer(root, m_config)

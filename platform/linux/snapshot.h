@@ -3,6 +3,7 @@
 #include "linux/modemstate.h"
 #include "linux/profile.h"
 #include "linux/vpnstate.h"
+#include "linux/wifilink.h"
 
 #include <array>
 #include <optional>
@@ -44,6 +45,7 @@ struct AdapterState {
     Dns liveDns;
     HMI::MAC mac = {};
     bool carriesDefaultRoute = false;
+    WifiLink wifi; ///< of the wireless adapter alone
     // For who writes, not for who reads.
     uint deviceState = 0;
     QString interface;     ///< the one that packets take; empty when it is not told

@@ -95,8 +95,14 @@ QString FakeNetworkManager::addProfile(const Sections &settings)
 {
     QString path = Nm::settingsPath() + text("/%1").arg(++m_count);
     m_profiles[path] = settings;
-    add(path, {{Nm::profile(), {{text("Unsaved"), false}}}});
+    add(path, {{Nm::profile(), {{text("Unsaved"), false}, {text("Flags"), 0U}}}});
     return path;
+}
+
+void FakeNetworkManager::removeProfile(const QString &path)
+{
+    if (m_profiles.remove(path) > 0)
+        remove(path);
 }
 
 void FakeNetworkManager::setState(const QString &interface, uint state, uint reason)
@@ -105,6 +111,8 @@ void FakeNetworkManager::setState(const QString &interface, uint state, uint rea
     const uint before = get(device, Nm::device(), text("State")).toUInt();
     set(device, Nm::device(), {{text("State"), state}});
     tell(device, Nm::device(), text("StateChanged"), {state, before, reason});
+    if (state <= Nm::Disconnected && reason != Nm::NewActivation)
+        dropVolatile();
 }
 
 void FakeNetworkManager::unplug(const QString &interface)
@@ -147,6 +155,8 @@ QDBusMessage FakeNetworkManager::update(const QDBusMessage &message)
     if (m_refusesWrites)
         return refusal(message);
     m_profiles[message.path()] = unpacked(qdbus_cast<Sections>(message.arguments().constFirst()));
+    if ((message.arguments().value(1).toUInt() & Nm::ToDisk) != 0)
+        set(message.path(), Nm::profile(), {{text("Flags"), 0U}});
     tell(message.path(), Nm::profile(), text("Updated"), {});
     return message.createReply(QVariantMap());
 }
@@ -155,9 +165,17 @@ QDBusMessage FakeNetworkManager::activateConnection(const QDBusMessage &message)
 {
     const QVariantList arguments = message.arguments();
     const QString profile = qdbus_cast<QDBusObjectPath>(arguments.value(0)).path();
-    const QString interface = interfaceOf(qdbus_cast<QDBusObjectPath>(arguments.value(1)).path());
+    if (!m_profiles.contains(profile))
+        return refusal(message);
+    return begin(message, profile, interfaceOf(qdbus_cast<QDBusObjectPath>(arguments.value(1)).path()));
+}
+
+QDBusMessage FakeNetworkManager::begin(const QDBusMessage &message, const QString &profile,
+                                       const QString &interface)
+{
     clear(interface);
-    play(interface, profile, m_steps);
+    dropVolatile(profile);
+    play(interface, profile, m_steps, ++m_rounds[interface]);
     return message.createReply(objectPath(activePath(interface)));
 }
 
@@ -176,15 +194,25 @@ QDBusMessage FakeNetworkManager::refusal(const QDBusMessage &message) const
                                     text("refused"));
 }
 
-void FakeNetworkManager::play(const QString &interface, const QString &profile, Steps steps)
+void FakeNetworkManager::play(const QString &interface, const QString &profile, Steps steps, int round)
 {
-    if (steps.isEmpty())
+    if (steps.isEmpty() || round != m_rounds.value(interface) || !m_profiles.contains(profile))
         return;
     const QPair<uint, uint> step = steps.takeFirst();
     if (step.first == Nm::Activated)
         putInForce(interface, profile);
     setState(interface, step.first, step.second);
-    QTimer::singleShot(0, this, [=] { play(interface, profile, steps); });
+    QTimer::singleShot(0, this, [=] { play(interface, profile, steps, round); });
+}
+
+void FakeNetworkManager::dropVolatile(const QString &but)
+{
+    const QStringList paths = m_profiles.keys();
+    for (const QString &path : paths) {
+        const uint flags = get(path, Nm::profile(), text("Flags")).toUInt();
+        if (path != but && (flags & Volatile) != 0)
+            removeProfile(path);
+    }
 }
 
 void FakeNetworkManager::putInForce(const QString &interface, const QString &profile)
@@ -215,6 +243,8 @@ void FakeNetworkManager::setActive(const QString &interface, const QString &prof
     add(activePath(interface),
         {{Nm::active(), {{text("Connection"), objectPath(profile)}, {text("Default"), false}}}});
     set(devicePath(interface), Nm::device(), {{text("ActiveConnection"), objectPath(activePath(interface))}});
+    if (m_onInForce)
+        m_onInForce(interface, profile);
 }
 
 void FakeNetworkManager::clear(const QString &interface)
@@ -223,4 +253,6 @@ void FakeNetworkManager::clear(const QString &interface)
     takeAway(devicePath(interface), Nm::device(), text("Ip4Config"));
     remove(activePath(interface));
     remove(configPath(interface));
+    if (m_onInForce)
+        m_onInForce(interface, {});
 }

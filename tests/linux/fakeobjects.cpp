@@ -111,6 +111,8 @@ QDBusMessage FakeObjects::answer(const QDBusMessage &message)
     if (!member.startsWith(QLatin1String("Get")))
         m_calls.append(member);
     if (message.interface() == properties() && member == QLatin1String("Set")) {
+        if (m_refusesProperties)
+            return message.createErrorReply(QDBusError::AccessDenied, QStringLiteral("refused"));
         const QVariantList arguments = message.arguments();
         set(message.path(), arguments.value(0).toString(),
             {{arguments.value(1).toString(), qdbus_cast<QDBusVariant>(arguments.value(2)).variant()}});

@@ -36,6 +36,9 @@ public:
     void onCall(const QString &name, const Method &method) { m_methods[name] = method; }
     Method method(const QString &name) const { return m_methods.value(name); }
 
+    /// Lets the next settings of properties be refused.
+    void refuseProperties(bool refuse) { m_refusesProperties = refuse; }
+
     /// The names of the methods called so far, but for those that only ask.
     QStringList calls() const { return m_calls; }
     void forgetCalls() { m_calls.clear(); }
@@ -53,4 +56,5 @@ private:
     QMap<QString, HmiLinux::Sections> m_objects;
     QMap<QString, Method> m_methods;
     QStringList m_calls;
+    bool m_refusesProperties = false;
 };

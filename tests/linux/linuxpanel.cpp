@@ -1,6 +1,6 @@
 #include "tests/linux/fakemodemmanager.h"
-#include "tests/linux/fakenetworkmanager.h"
 #include "tests/linux/fakevpn.h"
+#include "tests/linux/fakewifi.h"
 #include "tests/linux/paneldirectory.h"
 #include "tests/linux/privatebus.h"
 
@@ -26,10 +26,10 @@ QString text(const char *latin)
 
 void furnish(const PanelDirectory &panel, bool isReal)
 {
-    const QByteArray ports = "[adapters]\nLAN0 = lan0\nLAN1 = lan1\nWIFI = none\n";
-    panel.put(
-        text("/etc/panelsettings/linux.conf"),
-        ports + (isReal ? "MOBILE_4G = none\n" : "MOBILE_4G = wwan0\n[vpn]\nAsia = asia\nEurope = europe\n"));
+    const QByteArray ports = "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n";
+    panel.put(text("/etc/panelsettings/linux.conf"),
+              ports + (isReal ? "WIFI = none\nMOBILE_4G = none\n"
+                              : "WIFI = wlan0\nMOBILE_4G = wwan0\n[vpn]\nAsia = asia\nEurope = europe\n"));
     panel.put(text("/sys/class/backlight/lcd/max_brightness"), "255\n");
     panel.put(text("/sys/class/backlight/lcd/brightness"), "200\n");
     panel.put(text("/proc/device-tree/serial-number"), "LINUX-0815\n");
@@ -52,6 +52,15 @@ void furnish(FakeModemManager *daemon)
     daemon->addModem();
     daemon->setState(HmiLinux::Mm::Registered);
     daemon->setSignal(71);
+}
+
+void furnish(FakeNetworkManager *daemon, FakeWifi *wifi)
+{
+    wifi->requireHeard();
+    wifi->appear("Hall", 80);
+    wifi->appear("Office", 60);
+    wifi->appear("Free", 40, FakeWifi::Open);
+    daemon->activate(wifi->know("Office", text("its password")), FakeWifi::interface());
 }
 
 int run(const QStringList &command)
@@ -98,6 +107,8 @@ int main(int argc, char **argv)
     furnish(&modems);
     tunnels.addConnection(text("asia"));
     tunnels.addConnection(text("europe"));
+    FakeWifi wifi(&network);
+    furnish(&network, &wifi);
     const QString address = isReal ? qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS") : bus.address();
     if ((!isReal && (!bus.start() || !network.publish(address) || !modems.publish(address))) ||
         !others.publish(address, text("org.freedesktop.timedate1"))) {

@@ -64,6 +64,10 @@ int main(int argc, char **argv)
             isReported = true;
         },
         true);
+    std::atomic<int> wifiReports{0};
+    panel().connectWifi({'P', 'l', 'a', 'n', 't'}, "its password",
+                        [&wifiReports](SystemSet::StateWifi) { ++wifiReports; });
+    panel().resetWifi([&wifiReports](auto) { ++wifiReports; });
     panel().enableNIC(SystemSet::LAN1, false, true);
     panel().setDefaultNIC(SystemSet::LAN1, false);
     panel().setBright(SystemSet::BRIGHT_MIN, true);
@@ -75,7 +79,7 @@ int main(int argc, char **argv)
     panel().syncHwclock();
     panel().reboot();
 
-    while (!isReported)
+    while (!isReported || wifiReports < 2)
         std::this_thread::sleep_for(1ms);
     tellReadings();
     return hasFailed && !isClockSet ? 0 : 1;

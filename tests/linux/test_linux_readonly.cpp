@@ -83,12 +83,13 @@ void TestLinuxReadOnly::tellsAndChangesNothing()
         QString::fromUtf8(process.readAllStandardError()).trimmed().split(QLatin1Char('\n'));
     for (QString line : lines)
         told << line.remove(text("panelsettings.linux.readonly: would "));
-    QCOMPARE(told, (QStringList{
-                       "give LAN0 the address 10.0.0.2", "give LAN0 the mask 255.255.255.0",
-                       "give LAN0 the gateway 10.0.0.1", "give LAN0 the name servers 9.9.9.9 and 8.8.8.8",
-                       "put LAN0 on its static address", "switch LAN1 off", "make LAN1 the default adapter",
-                       "set the brightness to 1", "let keys be silent", "make the language Chinese",
-                       "set the clock to 1000000000 s since 1970", "restart the device"}));
+    QCOMPARE(told,
+             (QStringList{"give LAN0 the address 10.0.0.2", "give LAN0 the mask 255.255.255.0",
+                          "give LAN0 the gateway 10.0.0.1", "give LAN0 the name servers 9.9.9.9 and 8.8.8.8",
+                          "put LAN0 on its static address", "join the network Plant", "forget all networks",
+                          "switch LAN1 off", "make LAN1 the default adapter", "set the brightness to 1",
+                          "let keys be silent", "make the language Chinese",
+                          "set the clock to 1000000000 s since 1970", "restart the device"}));
 }
 
 PANEL_TEST_MAIN(TestLinuxReadOnly)
