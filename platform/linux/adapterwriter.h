@@ -2,6 +2,7 @@
 
 #include "linux/activation.h"
 #include "linux/addressdraft.h"
+#include "linux/networkpiece.h"
 #include "linux/published.h"
 
 #include <QtDBus/QDBusMessage>
@@ -18,7 +19,7 @@ class ProfileBook;
 ///
 /// The wireless adapter is switched by its radio, and never joins a network that it has not joined: its profile is the
 /// one of the network, which is made by joining it.
-class AdapterWriter : public QObject
+class AdapterWriter : public QObject, public NetworkPiece
 {
     Q_OBJECT
 
@@ -30,9 +31,8 @@ public:
     AdapterWriter(std::size_t place, Sections blank, const State *state, ProfileBook *book,
                   QObject *parent = nullptr);
 
-    void attach(const QDBusConnection &bus);
-    /// The daemon has gone: what is under way has failed.
-    void interrupt();
+    void attach(const QDBusConnection &bus) override;
+    void interrupt() override;
 
     /// Addresses and servers come one by one; they are written together.
     void gather();
@@ -47,9 +47,8 @@ public:
     /// Whether anything that was asked for is not stored yet.
     bool isWriting() const { return m_gather.isActive() || m_writing || m_again; }
 
-    void deviceChanged(const QString &device, uint state, uint reason);
-    /// The snapshot is a new one.
-    void published();
+    void deviceChanged(const QString &device, uint state, uint reason) override;
+    void published() override;
 
 signals:
     /// The wishes up to @p number are done or refused: the next snapshot is without them.

@@ -56,16 +56,10 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
         m_modem = std::make_unique<Modem>(modem, this);
         connect(m_modem.get(), &Modem::changed, this, &Network::noteBesides);
     }
-    if (!interfaces.at(*placeOf(HMI::SystemSet::VPN)).isEmpty()) {
-        m_vpn = new VpnTunnel(root, config, m_state, &m_mirror, &m_book, this);
-        connect(m_vpn, &VpnTunnel::changed, this, &Network::noteBesides);
-    }
     for (std::size_t place = 0; place < Adapters.size(); ++place) {
         const HMI::SystemSet::NIC nic = Adapters.at(place);
         if (interfaces.at(place).isEmpty() || nic == HMI::SystemSet::VPN)
             continue;
-        if (nic == HMI::SystemSet::WIFI)
-            m_wifi = new Wifi(interfaces.at(place), m_state, &m_mirror, &m_book, this);
         auto *writer =
             new AdapterWriter(place, blankProfile(nic, config, interfaces.at(place)), m_state, &m_book, this);
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
@@ -73,6 +67,17 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
             publish();
         });
         m_writers.at(place) = writer;
+        m_pieces.push_back(writer);
+    }
+    const QString &wireless = interfaces.at(*placeOf(HMI::SystemSet::WIFI));
+    if (!wireless.isEmpty()) {
+        m_wifi = new Wifi(wireless, m_state, &m_mirror, &m_book, this);
+        m_pieces.push_back(m_wifi);
+    }
+    if (!interfaces.at(*placeOf(HMI::SystemSet::VPN)).isEmpty()) {
+        m_vpn = new VpnTunnel(root, config, m_state, &m_mirror, &m_book, this);
+        connect(m_vpn, &VpnTunnel::changed, this, &Network::noteBesides);
+        m_pieces.push_back(m_vpn);
     }
 }
 
@@ -82,14 +87,8 @@ void Network::attach(const QDBusConnection &bus)
     connection.connect(Nm::service(), QString(), Nm::device(), QStringLiteral("StateChanged"), this,
                        SLOT(deviceStateChanged(QDBusMessage)));
     m_book.attach(bus);
-    for (AdapterWriter *writer : m_writers) {
-        if (writer != nullptr)
-            writer->attach(bus);
-    }
-    if (m_wifi != nullptr)
-        m_wifi->attach(bus);
-    if (m_vpn != nullptr)
-        m_vpn->attach(bus);
+    for (NetworkPiece *piece : m_pieces)
+        piece->attach(bus);
     m_mirror.attach(bus);
     if (m_modem)
         m_modem->attach(bus);
@@ -101,14 +100,8 @@ void Network::detach()
     m_book.detach();
     if (m_modem)
         m_modem->detach();
-    if (m_vpn != nullptr)
-        m_vpn->attach(QDBusConnection(QString()));
-    for (AdapterWriter *writer : m_writers) {
-        if (writer != nullptr)
-            writer->attach(QDBusConnection(QString()));
-    }
-    if (m_wifi != nullptr)
-        m_wifi->attach(QDBusConnection(QString()));
+    for (NetworkPiece *piece : m_pieces)
+        piece->attach(QDBusConnection(QString()));
     note();
 }
 
@@ -129,12 +122,8 @@ bool Network::isWriting() const
 void Network::deviceStateChanged(const QDBusMessage &signal)
 {
     const QVariantList arguments = signal.arguments();
-    for (AdapterWriter *writer : m_writers) {
-        if (writer != nullptr)
-            writer->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
-    }
-    if (m_wifi != nullptr)
-        m_wifi->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
+    for (NetworkPiece *piece : m_pieces)
+        piece->deviceChanged(signal.path(), arguments.value(0).toUInt(), arguments.value(2).toUInt());
 }
 
 void Network::mirrorChanged()
@@ -143,14 +132,8 @@ void Network::mirrorChanged()
     if (m_wasComplete && !m_mirror.isComplete()) {
         // What it said does not hold any more: not even for the quiet time.
         publish();
-        for (AdapterWriter *writer : m_writers) {
-            if (writer != nullptr)
-                writer->interrupt();
-        }
-        if (m_wifi != nullptr)
-            m_wifi->interrupt();
-        if (m_vpn != nullptr)
-            m_vpn->interrupt();
+        for (NetworkPiece *piece : m_pieces)
+            piece->interrupt();
     }
     m_wasComplete = m_mirror.isComplete();
     if (m_wifi != nullptr)
@@ -201,12 +184,8 @@ void Network::publish()
                 snapshot.wishes.at(place) = {};
         }
     });
-    for (AdapterWriter *writer : m_writers) {
-        if (writer != nullptr)
-            writer->published();
-    }
-    if (m_wifi != nullptr)
-        m_wifi->published();
+    for (NetworkPiece *piece : m_pieces)
+        piece->published();
     emit published();
 }
 

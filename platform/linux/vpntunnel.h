@@ -1,5 +1,6 @@
 #pragma once
 
+#include "linux/networkpiece.h"
 #include "linux/published.h"
 #include "linux/root.h"
 #include "linux/snapshot.h"
@@ -18,7 +19,7 @@ struct Config;
 
 /// The tunnel to the server that the operator chose: connected while it is switched on and there is a network, tried
 /// again when it fails or is lost. Its connections are those that the configuration names; they are never written.
-class VpnTunnel : public QObject
+class VpnTunnel : public QObject, public NetworkPiece
 {
     Q_OBJECT
 
@@ -26,9 +27,8 @@ public:
     VpnTunnel(Root root, const Config &config, const Published<Snapshot> *state, const ObjectMirror *mirror,
               const ProfileBook *book, QObject *parent = nullptr);
 
-    void attach(const QDBusConnection &bus);
-    /// The daemon has gone.
-    void interrupt();
+    void attach(const QDBusConnection &bus) override;
+    void interrupt() override;
 
     /// The operator chose otherwise: ends what is not wanted any more, and starts what is.
     void choose();

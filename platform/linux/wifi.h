@@ -1,5 +1,6 @@
 #pragma once
 
+#include "linux/networkpiece.h"
 #include "linux/published.h"
 #include "linux/wifijoin.h"
 #include "linux/wifiscan.h"
@@ -9,7 +10,7 @@
 namespace HmiLinux {
 
 /// What an operator does with the networks of the wireless adapter: looks for them, joins one, forgets them all.
-class Wifi : public QObject
+class Wifi : public QObject, public NetworkPiece
 {
     Q_OBJECT
 
@@ -21,18 +22,16 @@ public:
     Wifi(QString interface, const State *state, const ObjectMirror *mirror, const ProfileBook *book,
          QObject *parent = nullptr);
 
-    void attach(const QDBusConnection &bus);
-    /// The daemon has gone: what is under way has failed.
-    void interrupt();
+    void attach(const QDBusConnection &bus) override;
+    void interrupt() override;
 
     void scan(const OnList &done);
     void reset(const OnList &done);
     void join(const HMI::SSID &ssid, const SharedSecret &password, const OnJoin &done);
 
     void mirrorChanged();
-    void deviceChanged(const QString &device, uint state, uint reason);
-    /// The snapshot is a new one.
-    void published();
+    void deviceChanged(const QString &device, uint state, uint reason) override;
+    void published() override;
 
 private:
     /// Does @p work as soon as it is known what there is.
