@@ -1,4 +1,5 @@
 #include "tests/linux/networkmanager/sandboxscene.h"
+#include "tests/linux/text.h"
 
 #include "linux/modemnames.h"
 #include "linux/modemprofile.h"
@@ -12,15 +13,6 @@
 
 using namespace HmiLinux;
 using HMI::SystemSet;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// What a real ModemManager tells of a modem that does what it is told.
 class TestModem : public PanelTest
