@@ -7,6 +7,7 @@
 #include "linux/service.h"
 #include "linux/worker.h"
 
+#include <future>
 #include <mutex>
 #include <vector>
 
@@ -24,6 +25,13 @@ struct ServiceScene {
     bool waitForDaemon() const
     {
         return QTest::qWaitFor([this] { return lan0().known; }, Patience);
+    }
+    /// Until the worker has done what it was asked for so far. A daemon on this thread stands still meanwhile.
+    void waitForWorker() const
+    {
+        const auto done = std::make_shared<std::promise<void>>();
+        service->later([done] { done->set_value(); });
+        done->get_future().wait();
     }
     HmiLinux::AdapterState lan0() const { return service->snapshot()->adapters.at(0); }
     HmiLinux::AdapterState lan1() const { return service->snapshot()->adapters.at(1); }
