@@ -56,7 +56,7 @@ void TestLinuxRequests::profileIsMadeOnce()
         m_scene->setDhcp(true);
         // Each time the daemon is elsewhere in what it was asked for.
         for (int step = 0; step < i; ++step) {
-            m_scene->waitForWorker();
+            QVERIFY(m_scene->waitForWorker());
             QCoreApplication::processEvents();
         }
     }

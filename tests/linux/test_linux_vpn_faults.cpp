@@ -148,9 +148,9 @@ void TestLinuxVpnFaults::switchedOffAndOnItIsBackAtOnce()
     QVERIFY(waitFor(5));
     // The daemon answers only when the test's thread comes to it: it ends the tunnel after it is wanted again.
     m_scene->switchTunnel(false);
-    m_scene->waitForWorker();
+    QVERIFY(m_scene->waitForWorker());
     m_scene->switchTunnel(true);
-    m_scene->waitForWorker();
+    QVERIFY(m_scene->waitForWorker());
     QTRY_COMPARE(m_scene->vpn.started().size(), 2);
     QVERIFY(waitFor(5));
 }
