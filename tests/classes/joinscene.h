@@ -2,7 +2,7 @@
 
 #include "panel/wifilink.h"
 #include "shell/base/logging.h"
-#include "simulator/simulator.h"
+#include "tests/classes/wifireports.h"
 #include "tests/support/journal.h"
 #include "tests/support/paneltest.h"
 
@@ -16,7 +16,7 @@ inline HMI::SSID ssidOf(const QByteArray &name)
 }
 
 /// A link with an attempt, on a panel that has joined nothing and reports by hand. No window.
-class JoinScene
+class JoinScene : public WifiReports
 {
 public:
     using State = QSP::JoinAttempt::State;
@@ -75,18 +75,6 @@ public:
     static void setAddress(HMI::IP address)
     {
         HmiSimulator::setLiveAddress(HMI::SystemSet::WIFI, address, 0xFFFFFF00, 0);
-    }
-    /// The reports of each attempt, by script; the values need not be any that a panel should send.
-    static void scriptReports(const std::vector<int> &reports)
-    {
-        HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
-    }
-    /// Lets the oldest waiting report of that kind come, on the panel's own thread.
-    static bool report(const char *operation)
-    {
-        const bool made = HmiSimulator::fireNext(operation);
-        QCoreApplication::processEvents();
-        return made;
     }
 
     QTimer *limit() { return attempt().findChild<QTimer *>(QStringLiteral("joinLimit")); }

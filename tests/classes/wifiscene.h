@@ -6,10 +6,11 @@
 #include "controls/dialog.h"
 #include "shell/approotitem.h"
 #include "tests/classes/cardscene.h"
+#include "tests/classes/wifireports.h"
 #include "tests/support/journal.h"
 
 /// The Wi-Fi page on a real screen, reached from the network card; reports of the panel come by hand.
-class WifiScene : public CardScene
+class WifiScene : public CardScene, public WifiReports
 {
 public:
     explicit WifiScene(const QSize &size = {1024, 600}) : CardScene(size)
@@ -62,18 +63,6 @@ public:
         return Operator::ancestorOf(Operator::byText(part("list"), name), "QSP::WifiRow");
     }
 
-    /// The reports of each attempt to join, by script; the values need not be any that a panel should send.
-    static void scriptReports(const std::vector<int> &reports)
-    {
-        HmiSimulator::change([&reports](HmiSimulator::Panel &panel) { panel.faults.connect = reports; });
-    }
-    /// Lets the oldest waiting report of that kind come, on the panel's own thread.
-    static bool report(const char *operation)
-    {
-        const bool made = HmiSimulator::fireNext(operation);
-        QCoreApplication::processEvents();
-        return made;
-    }
     /// Taps the scan button and lets the list come.
     void scan() const
     {

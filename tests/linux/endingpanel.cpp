@@ -3,9 +3,10 @@
 
 #include <QtCore/QCoreApplication>
 
-#include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <future>
+#include <memory>
 #include <thread>
 
 /// A process whose end takes a while: what was made after the service ends first, and uses it once more.
@@ -29,8 +30,9 @@ struct SlowEnd {
     SlowEnd() = default;
     ~SlowEnd()
     {
-        // Daemons go on talking meanwhile.
-        std::this_thread::sleep_for(300ms);
+        // Daemons go on talking until a line says that they have.
+        say("ending");
+        std::getchar();
         service().setBuzzerOn(!service().isBuzzerOn());
         service().setBright(HMI::SystemSet::BRIGHT_MIN, true);
         service().setIp(HMI::SystemSet::LAN0, 0x0A000009, true);
@@ -56,13 +58,12 @@ int main(int argc, char **argv)
     service().setIp(HMI::SystemSet::LAN0, 0x0A000002, true);
     service().setSubnetMask(HMI::SystemSet::LAN0, 0xFFFFFF00, true);
     service().setGateway(HMI::SystemSet::LAN0, 0x0A000001, true);
-    std::atomic<bool> isReporting{false};
-    service().pingTest(HMI::SystemSet::VPN, [&isReporting](bool) {
-        isReporting = true;
-        std::this_thread::sleep_for(600ms); // beyond the end of what follows
+    const auto reporting = std::make_shared<std::promise<void>>();
+    service().pingTest(HMI::SystemSet::VPN, [reporting](bool) {
+        reporting->set_value();
+        std::this_thread::sleep_for(600ms); // so that a service that does not wait for it ends before
         say("reported");
     });
-    while (!isReporting)
-        std::this_thread::yield();
+    reporting->get_future().wait();
     return 0;
 }

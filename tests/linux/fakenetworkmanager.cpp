@@ -1,5 +1,7 @@
 #include "tests/linux/fakenetworkmanager.h"
 
+#include "tests/linux/text.h"
+
 #include "linux/nmnames.h"
 
 #include <QtCore/QTimer>
@@ -10,11 +12,6 @@
 using namespace HmiLinux;
 
 namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 QVariant objectPath(const QString &path)
 {

@@ -1,5 +1,7 @@
 #include "tests/linux/fakevpn.h"
 
+#include "tests/linux/text.h"
+
 #include "linux/nmnames.h"
 #include "linux/vpnnames.h"
 
@@ -9,11 +11,6 @@
 using namespace HmiLinux;
 
 namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 QVariant objectPath(const QString &path)
 {

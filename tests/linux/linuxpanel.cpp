@@ -3,6 +3,7 @@
 #include "tests/linux/fakewifi.h"
 #include "tests/linux/paneldirectory.h"
 #include "tests/linux/privatebus.h"
+#include "tests/linux/text.h"
 
 #include "linux/modemnames.h"
 
@@ -18,11 +19,6 @@
 ///     linux_panel [--real] PROGRAM ARGUMENTS...
 
 namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 void furnish(const PanelDirectory &panel, bool isReal)
 {

@@ -19,6 +19,11 @@ struct NetworkScene : ServiceScene {
     NetworkScene &operator=(const NetworkScene &) = delete;
 
     void startService() { startOn(bus.address()); }
+    bool startAndWait()
+    {
+        startService();
+        return waitForDaemon();
+    }
 
     /// Puts LAN0 on a lease with a profile of the panel's own.
     bool giveProfile()

@@ -7,6 +7,8 @@
 #include "linux/service.h"
 #include "linux/worker.h"
 
+#include <chrono>
+#include <future>
 #include <mutex>
 #include <vector>
 
@@ -24,6 +26,13 @@ struct ServiceScene {
     bool waitForDaemon() const
     {
         return QTest::qWaitFor([this] { return lan0().known; }, Patience);
+    }
+    /// Whether the worker has done what it was asked for so far. A daemon on this thread stands still meanwhile.
+    bool waitForWorker() const
+    {
+        const auto done = std::make_shared<std::promise<void>>();
+        service->later([done] { done->set_value(); });
+        return done->get_future().wait_for(std::chrono::milliseconds(Patience)) == std::future_status::ready;
     }
     HmiLinux::AdapterState lan0() const { return service->snapshot()->adapters.at(0); }
     HmiLinux::AdapterState lan1() const { return service->snapshot()->adapters.at(1); }

@@ -1,4 +1,5 @@
 #include "tests/linux/networkscene.h"
+#include "tests/linux/text.h"
 
 using namespace HmiLinux;
 using HMI::SystemSet;
@@ -8,11 +9,6 @@ namespace {
 Addresses usual()
 {
     return {NetworkScene::ip("192.168.7.20"), maskOf(24), NetworkScene::ip("192.168.7.1")};
-}
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
 }
 
 } // namespace
@@ -53,8 +49,7 @@ void TestLinuxAdapters::init()
     beginWatch();
     m_scene = std::make_unique<NetworkScene>();
     QVERIFY(m_scene->isUp);
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
 }
 
 void TestLinuxAdapters::cleanup()

@@ -49,19 +49,25 @@ void TestLinuxEnd::endsWhileDaemonsTalk()
     QVERIFY(daemon.publish(bus.address()));
 
     QTimer talk;
-    connect(&talk, &QTimer::timeout, &daemon, [&daemon, port] {
-        for (int i = 0; i < 10; ++i)
+    int told = 0;
+    connect(&talk, &QTimer::timeout, &daemon, [&daemon, &told, port] {
+        for (int i = 0; i < 10; ++i, ++told)
             daemon.set(FakeNetworkManager::devicePath(port), Nm::device(),
                        {{QStringLiteral("Mtu"), 1500U + uint(i)}});
     });
     talk.start(1);
+    QByteArray output;
+    QTRY_VERIFY_WITH_TIMEOUT((output += process.readAllStandardOutput()).endsWith("ending\n"), 30000);
+    told = 0;
+    QTRY_VERIFY_WITH_TIMEOUT(told >= 300, 30000);
+    process.write("\n");
     QTRY_COMPARE_WITH_TIMEOUT(process.state(), QProcess::NotRunning, 30000);
     talk.stop();
 
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(process.exitCode(), 0);
     // Nothing of the service runs any more when the statics of the process go.
-    QCOMPARE(process.readAllStandardOutput(), QByteArray("reported\nended\n"));
+    QCOMPARE(output + process.readAllStandardOutput(), QByteArray("reported\nending\nended\n"));
     // What was asked for just before counts.
     QStringList own = daemon.profiles();
     for (const QString &profile : foreign)

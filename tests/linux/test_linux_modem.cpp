@@ -1,5 +1,6 @@
 #include "tests/linux/fakemodemmanager.h"
 #include "tests/linux/privatebus.h"
+#include "tests/linux/text.h"
 #include "tests/support/paneltest.h"
 
 #include "linux/bus.h"
@@ -8,15 +9,6 @@
 #include "linux/nmnames.h"
 
 using namespace HmiLinux;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// What is read of the modem, and what becomes of it when its daemon or the modem goes.
 class TestLinuxModem : public PanelTest

@@ -1,5 +1,6 @@
 #include "tests/linux/fakemodemmanager.h"
 #include "tests/linux/networkscene.h"
+#include "tests/linux/text.h"
 
 #include "linux/modemnames.h"
 
@@ -9,11 +10,6 @@ using HMI::SystemSet;
 namespace {
 
 constexpr std::size_t g_place = 3;
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 QString port()
 {

@@ -1,16 +1,12 @@
 #include "tests/linux/fakenetworkmanager.h"
 #include "tests/linux/paneldirectory.h"
 #include "tests/linux/privatebus.h"
+#include "tests/linux/text.h"
 #include "tests/support/paneltest.h"
 
 #include <QtCore/QDirIterator>
 
 namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 QMap<QString, QByteArray> filesOf(const PanelDirectory &panel)
 {

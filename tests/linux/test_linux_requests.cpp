@@ -1,18 +1,8 @@
 #include "tests/linux/networkscene.h"
-
-#include <future>
+#include "tests/linux/text.h"
 
 using namespace HmiLinux;
 using HMI::SystemSet;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// Many requests, and requests that nobody can fulfil.
 class TestLinuxRequests : public PanelTest
@@ -37,8 +27,7 @@ void TestLinuxRequests::init()
     beginWatch();
     m_scene = std::make_unique<NetworkScene>();
     QVERIFY(m_scene->isUp);
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
 }
 
 void TestLinuxRequests::cleanup()
@@ -65,7 +54,11 @@ void TestLinuxRequests::profileIsMadeOnce()
         m_scene->setDhcp(i % 2 == 0);
         m_scene->enable(i % 3 != 0);
         m_scene->setDhcp(true);
-        QTest::qWait(i);
+        // Each time the daemon is elsewhere in what it was asked for.
+        for (int step = 0; step < i; ++step) {
+            QVERIFY(m_scene->waitForWorker());
+            QCoreApplication::processEvents();
+        }
     }
     m_scene->enable(true);
     QVERIFY(m_scene->waitForReports(40));

@@ -1,16 +1,8 @@
+#include "tests/linux/text.h"
 #include "tests/linux/vpnscene.h"
 
 using namespace HmiLinux;
 using HMI::SystemSet;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// The tunnel: what an operator's switch and choice come to.
 class TestLinuxVpn : public PanelTest
@@ -55,15 +47,13 @@ void TestLinuxVpn::cleanup()
 void TestLinuxVpn::start()
 {
     m_scene->addBoth();
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
 }
 
 void TestLinuxVpn::withoutAConnectionThereIsNone()
 {
     m_scene->configure({});
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     QCOMPARE(m_scene->service->adapters(), SystemSet::LAN0 | SystemSet::LAN1);
     QVERIFY(!m_scene->service->place(SystemSet::VPN));
     QCOMPARE(m_scene->link(), 0);
@@ -228,8 +218,7 @@ void TestLinuxVpn::wireGuardIsConnectedOnceItHears()
     const QString counter = text("/sys/class/net/wg0/statistics/rx_bytes");
     m_scene->vpn.addWireGuard(text("asia"), text("wg0"));
     m_scene->panel.put(counter, "0\n");
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     QTRY_VERIFY(m_scene->vpn.isActive(text("asia")));
     QTRY_COMPARE(m_scene->link(), 1); // its interface is up, and nobody has answered

@@ -1,18 +1,10 @@
+#include "tests/linux/text.h"
 #include "tests/linux/vpnscene.h"
 
 #include "linux/vpnnames.h"
 
 using namespace HmiLinux;
 using HMI::SystemSet;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// What goes wrong around the tunnel, and what the operator is told of it.
 class TestLinuxVpnFaults : public PanelTest
@@ -64,8 +56,7 @@ void TestLinuxVpnFaults::startOn(const FakeVpn::Steps &steps, const QByteArray &
     m_scene->configure("Asia = asia\nEurope = europe\nretry = " + pause + "\n");
     m_scene->addBoth();
     m_scene->vpn.setSteps(steps);
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     QTRY_VERIFY(!m_scene->vpn.started().isEmpty());
 }
@@ -103,8 +94,7 @@ void TestLinuxVpnFaults::missingCertificate()
                                               {text("cert"), text("/etc/vpn/panel.pem")},
                                               {text("key"), text("/etc/vpn/panel.key")}});
     m_scene->vpn.setSteps(FakeVpn::failed(Nm::VpnServiceStopped));
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     QVERIFY(waitFor(4));
     m_scene->panel.put(text("/etc/vpn/panel.pem"), "a certificate");
@@ -158,9 +148,9 @@ void TestLinuxVpnFaults::switchedOffAndOnItIsBackAtOnce()
     QVERIFY(waitFor(5));
     // The daemon answers only when the test's thread comes to it: it ends the tunnel after it is wanted again.
     m_scene->switchTunnel(false);
-    m_scene->waitForWorker();
+    QVERIFY(m_scene->waitForWorker());
     m_scene->switchTunnel(true);
-    m_scene->waitForWorker();
+    QVERIFY(m_scene->waitForWorker());
     QTRY_COMPARE(m_scene->vpn.started().size(), 2);
     QVERIFY(waitFor(5));
 }
@@ -170,8 +160,7 @@ void TestLinuxVpnFaults::withoutANetworkItWaits()
     m_scene->configure("Asia = asia\nretry = 600\n");
     m_scene->addBoth();
     m_scene->vpn.setOnline(false);
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     m_scene->setDhcp(true); // some round with the daemon
     QVERIFY(m_scene->waitForReports(1));
@@ -190,8 +179,7 @@ void TestLinuxVpnFaults::withoutANetworkItWaits()
 void TestLinuxVpnFaults::connectionThatIsNotStored()
 {
     expectMessage(text("there is no tunnel to Asia: no connection is stored as \"asia\""));
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     m_scene->setDhcp(true);
     QVERIFY(m_scene->waitForReports(1));
@@ -206,8 +194,7 @@ void TestLinuxVpnFaults::refusedActivation()
     m_scene->vpn.refuse(true);
     m_scene->configure("Asia = asia\nretry = 600\n");
     m_scene->addBoth();
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     QTRY_COMPARE(m_scene->daemon.calls(), QStringList{text("ActivateConnection")});
     QVERIFY(waitFor(0));
@@ -221,8 +208,7 @@ void TestLinuxVpnFaults::refusalIsToldOnce()
     expectMessage(text("the tunnel to Asia does not begin: refused"));
     m_scene->vpn.refuse(true);
     m_scene->addBoth();
-    m_scene->startService();
-    QVERIFY(m_scene->waitForDaemon());
+    QVERIFY(m_scene->startAndWait());
     m_scene->switchTunnel(true);
     QTRY_VERIFY_WITH_TIMEOUT(m_scene->daemon.calls().size() >= 3, VpnScene::Patience);
     m_scene->vpn.refuse(false);

@@ -5,8 +5,6 @@
 
 #include "linux/vpntunnel.h"
 
-#include <future>
-
 /// A panel with tunnels to both servers.
 struct VpnScene : NetworkScene {
     VpnScene() { configure("Asia = asia\nEurope = europe\nretry = 1\n"); }
@@ -42,13 +40,6 @@ struct VpnScene : NetworkScene {
     {
         // Not through the member, which is null already while the service ends.
         service->later([known = service.get(), act] { act(known->worker().network().vpn()); });
-    }
-    /// Until the worker has done what it was asked for so far, with the daemon at a standstill.
-    void waitForWorker() const
-    {
-        const auto done = std::make_shared<std::promise<void>>();
-        service->later([done] { done->set_value(); });
-        done->get_future().wait();
     }
     /// In the numbers of the contract.
     int link(HMI::SystemSet::VPNServer server = HMI::SystemSet::ASIA) const

@@ -11,10 +11,26 @@ QVariantMap without(const QStringList &cards)
     return {{QStringLiteral("panelHiddenCards"), cards}};
 }
 
+enum class Page { General, Network, Wifi, Language, Version };
+
+QStringList cardsOf(std::initializer_list<Page> pages)
+{
+    static const QMap<Page, QStringList> names{
+        {Page::General, {"brightness", "time", "buzzer"}},
+        {Page::Network, {"network", "dns", "defaultAdapter"}},
+        {Page::Wifi, {"wifi"}},
+        {Page::Language, {"language"}},
+        {Page::Version, {"version"}},
+    };
+    QStringList cards;
+    for (const Page page : pages)
+        cards << names[page];
+    return cards;
+}
+
 QStringList allCards()
 {
-    return {"brightness",     "time", "buzzer",  "network", "dns",
-            "defaultAdapter", "wifi", "version", "language"};
+    return cardsOf({Page::General, Page::Network, Page::Wifi, Page::Language, Page::Version});
 }
 
 QVector<QQuickItem *> entries(const ScreenFixture &fixture)
@@ -144,8 +160,7 @@ void TestHiddenCards::othersOfThePageStay()
 
 void TestHiddenCards::emptyPagesLeaveTheMenu()
 {
-    ScreenFixture fixture(plugin, {1024, 600},
-                          without({"network", "dns", "defaultAdapter", "wifi", "language"}));
+    ScreenFixture fixture(plugin, {1024, 600}, without(cardsOf({Page::Network, Page::Wifi, Page::Language})));
     fixture.open();
     QCOMPARE(entryTexts(fixture), (QStringList{"General", "Version", "Reboot"}));
     // No gap where an entry was.
@@ -159,11 +174,9 @@ void TestHiddenCards::firstPageIsTheFirstThatThereIs_data()
 {
     QTest::addColumn<QStringList>("hidden");
     QTest::addColumn<QString>("first");
-    const QStringList general{"brightness", "time", "buzzer"};
-    const QStringList network{"network", "dns", "defaultAdapter"};
-    QTest::newRow("Network") << general << "Network";
-    QTest::newRow("Language") << general + network << "Language";
-    QTest::newRow("Version") << general + network + QStringList{"language"} << "Version";
+    QTest::newRow("Network") << cardsOf({Page::General}) << "Network";
+    QTest::newRow("Language") << cardsOf({Page::General, Page::Network}) << "Language";
+    QTest::newRow("Version") << cardsOf({Page::General, Page::Network, Page::Language}) << "Version";
 }
 
 void TestHiddenCards::firstPageIsTheFirstThatThereIs()
@@ -186,7 +199,7 @@ void TestHiddenCards::firstPageIsTheFirstThatThereIs()
 
 void TestHiddenCards::narrowMenuHasNoEntryForThem()
 {
-    ScreenFixture fixture(plugin, {480, 800}, without({"brightness", "time", "buzzer", "version"}));
+    ScreenFixture fixture(plugin, {480, 800}, without(cardsOf({Page::General, Page::Version})));
     fixture.open();
     QCOMPARE(entryTexts(fixture), (QStringList{"Network", "Language", "Reboot"}));
     QCOMPARE(fixture.title(), QString());
@@ -209,7 +222,7 @@ void TestHiddenCards::nothingIsAskedForThem_data()
     QTest::newRow("dns") << QStringList{"dns"} << QStringList{"getDns"};
     QTest::newRow("defaultAdapter") << QStringList{"defaultAdapter"} << QStringList{"getDefaultNIC"};
     QTest::newRow("version") << QStringList{"version"} << QStringList{"getSerialNumber"};
-    QTest::newRow("Network page") << QStringList{"network", "dns", "defaultAdapter"}
+    QTest::newRow("Network page") << cardsOf({Page::Network})
                                   << QStringList{"getAllNIC", "isNicEnabled", "getDns", "getDefaultNIC",
                                                  "getIp"};
 }
@@ -324,7 +337,7 @@ void TestHiddenCards::tunnelWithoutTheNetworkCard()
 
 void TestHiddenCards::screensOfTwoEnginesHaveTheirOwn()
 {
-    ScreenFixture first(plugin, {1024, 600}, without({"brightness", "version"}));
+    ScreenFixture first(plugin, {1024, 600}, without(cardsOf({Page::Version}) << "brightness"));
     ScreenFixture second(plugin, {1024, 600}, without({"buzzer"}));
     second.open();
     first.root()->setVisible(true);

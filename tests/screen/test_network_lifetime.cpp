@@ -69,7 +69,7 @@ void TestNetworkLifetime::halfTypedAddressIsNotWritten()
         around->setParentItem(nullptr);
     else
         page.screen().close();
-    QTest::qWait(50);
+    QCoreApplication::processEvents();
     QCOMPARE(Journal::calls(), QStringList());
 }
 
@@ -134,11 +134,13 @@ void TestNetworkLifetime::watchedAdapterGoesWithTheScreen()
     page.select(adapter);
     const QPointer<QTimer> timer = page.timer(interval);
     QVERIFY(timer && timer->isActive());
+    const auto timers = timersBelow(page.screen().root());
     HmiSimulator::setGettersRecorded(true);
     HmiSimulator::clearJournal();
     delete page.screen().root();
     QVERIFY(!timer);
-    QTest::qWait(50);
+    QVERIFY(std::all_of(timers.begin(), timers.end(), [](const auto &each) { return each.isNull(); }));
+    QCoreApplication::processEvents();
     QCOMPARE(Journal::calls().filter(QRegularExpression("^(get4G|getVPN|isWifi)")), QStringList());
 }
 

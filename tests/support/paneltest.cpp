@@ -26,6 +26,17 @@ Watch &watch()
     return *theWatch;
 }
 
+// To be asked with the watch locked.
+QStringList missingMessages()
+{
+    QStringList missing;
+    for (const Expectation &expectation : qAsConst(watch().expected)) {
+        if (expectation.left > 0)
+            missing << expectation.pattern.pattern();
+    }
+    return missing;
+}
+
 void watchMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (type != QtDebugMsg && type != QtInfoMsg) {
@@ -51,6 +62,12 @@ void PanelTest::expectMessage(const QString &pattern, int count)
 {
     const QMutexLocker lock(&watch().mutex);
     watch().expected.append({QRegularExpression(pattern), count});
+}
+
+bool PanelTest::haveMessagesCome()
+{
+    const QMutexLocker lock(&watch().mutex);
+    return missingMessages().isEmpty();
 }
 
 void PanelTest::prepareEnvironment()
@@ -90,10 +107,7 @@ void PanelTest::endWatch()
     {
         const QMutexLocker lock(&watch().mutex);
         unexpected = watch().unexpected;
-        for (const Expectation &expectation : qAsConst(watch().expected)) {
-            if (expectation.left > 0)
-                missing << expectation.pattern.pattern();
-        }
+        missing = missingMessages();
         watch().unexpected.clear();
         watch().expected.clear();
     }

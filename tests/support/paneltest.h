@@ -19,6 +19,8 @@ public:
 
     /// Announces that exactly @p count messages which match @p pattern come before the function ends.
     static void expectMessage(const QString &pattern, int count = 1);
+    /// Whether all that was announced has come.
+    static bool haveMessagesCome();
 
     /// Prepares the process: platform, renderer, fonts and a private runtime directory.
     static void prepareEnvironment();

@@ -93,7 +93,7 @@ void TestDaemonFaults::frozenDaemonHoldsNobodyUp()
         static_cast<void>(m_scene->values());
         static_cast<void>(m_scene->service->snapshot()->dns(0));
         longest = std::max(longest, call.nsecsElapsed());
-        QThread::msleep(20);
+        QThread::msleep(20); // the pace of a page; nothing is waited for
     }
     qInfo("longest call %lld us", longest / 1000);
     QVERIFY2(longest < 16000000, qPrintable(QString::number(longest)));

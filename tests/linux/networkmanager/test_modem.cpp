@@ -1,4 +1,5 @@
 #include "tests/linux/networkmanager/sandboxscene.h"
+#include "tests/linux/text.h"
 
 #include "linux/modemnames.h"
 #include "linux/modemprofile.h"
@@ -6,21 +7,11 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
-#include <QtCore/QThread>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 
 using namespace HmiLinux;
 using HMI::SystemSet;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// What a real ModemManager tells of a modem that does what it is told.
 class TestModem : public PanelTest
@@ -191,7 +182,7 @@ void TestModem::frozenDaemonHoldsNobodyUp()
         call.start();
         QCOMPARE(modem().signal, 60); // the last that was told
         longest = std::max(longest, call.nsecsElapsed());
-        QThread::msleep(20);
+        QVERIFY(m_scene->waitForWorker());
     }
     QVERIFY2(longest < 16000000, qPrintable(QString::number(longest)));
     m_scene->tell("mm thaw");

@@ -1,4 +1,5 @@
 #include "tests/linux/networkmanager/sandboxscene.h"
+#include "tests/linux/text.h"
 
 #include "linux/vpntunnel.h"
 
@@ -8,15 +9,6 @@
 
 using namespace HmiLinux;
 using HMI::SystemSet;
-
-namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
-} // namespace
 
 /// What a real daemon makes of a tunnel that it cannot begin: no plug-in is there, and a kernel need not know WireGuard.
 class TestTunnel : public PanelTest

@@ -1,4 +1,5 @@
 #include "tests/linux/networkmanager/sandboxscene.h"
+#include "tests/linux/text.h"
 
 #include "linux/ping.h"
 
@@ -10,11 +11,6 @@ namespace {
 Addresses usual()
 {
     return {ServiceScene::ip("192.168.50.77"), maskOf(24), ServiceScene::ip("192.168.50.1")};
-}
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
 }
 
 } // namespace
