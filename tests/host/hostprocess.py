@@ -2,7 +2,6 @@
 
 import os
 import pathlib
-import re
 import subprocess
 import sys
 import tempfile
@@ -48,15 +47,6 @@ def start(*options, preexec_fn=None, **changes):
         stderr=subprocess.PIPE,
         encoding="utf-8",
     )
-
-
-def vnc_port(process):
-    """Waits until a host with --vnc works; the port on which it does."""
-    line = process.stdout.readline()
-    found = re.search(r"127\.0\.0\.1:(\d+)", line)
-    if not found:
-        raise AssertionError(f"no port in {line!r}")
-    return int(found.group(1))
 
 
 def temporary_directory():

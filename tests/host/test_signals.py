@@ -7,6 +7,7 @@ import subprocess
 import unittest
 
 import hostprocess
+from vncviewer import port_of
 
 
 class Signals(unittest.TestCase):
@@ -16,7 +17,7 @@ class Signals(unittest.TestCase):
             ignore = (lambda: signal.signal(number, signal.SIG_IGN)) if ignored else None
             with hostprocess.start(*options, preexec_fn=ignore, TMPDIR=directory) as process:
                 try:
-                    hostprocess.vnc_port(process)
+                    port_of(process)
                     # Without any there would be nothing to leave behind.
                     self.assertTrue(os.listdir(directory))
                     process.send_signal(number)

@@ -1,15 +1,10 @@
 #include "tests/screen/generalpagetest.h"
 
-const QVector<QSize> &GeneralPageTest::sizes()
-{
-    static const QVector<QSize> all{{480, 800}, {600, 1024}, {800, 480}, {1024, 600}, {1280, 800}};
-    return all;
-}
-
 void GeneralPageTest::addSizes()
 {
     QTest::addColumn<QSize>("size");
-    for (const QSize &size : sizes())
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes)
         QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 
@@ -27,7 +22,7 @@ void GeneralPageTest::cleanup()
 
 void GeneralPageTest::build(const QSize &size)
 {
-    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size);
+    m_fixture = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size, compactOptions());
     QVERIFY(m_fixture->isBuilt());
     HmiSimulator::setLanguage(HMI::SystemSet::ENGLISH);
     m_fixture->open();

@@ -12,9 +12,7 @@ class GeneralPageTest : public PanelTest
     Q_OBJECT
 
 protected:
-    /// The sizes of panels.
-    static const QVector<QSize> &sizes();
-    /// One row for each of them, as the column "size".
+    /// One row for each size of glass, as the column "size".
     static void addSizes();
 
     void build(const QSize &size);

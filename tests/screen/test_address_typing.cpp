@@ -29,9 +29,9 @@ void TestAddressTyping::init()
 void TestAddressTyping::sizes()
 {
     QTest::addColumn<QSize>("size");
-    QTest::newRow("1024x600") << QSize(1024, 600);
-    QTest::newRow("800x480") << QSize(800, 480);
-    QTest::newRow("480x800") << QSize(480, 800);
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes)
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 
 void TestAddressTyping::oneTapAndTheKeys_data()
@@ -39,7 +39,8 @@ void TestAddressTyping::oneTapAndTheKeys_data()
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("call");
-    for (const QSize &size : {QSize(1024, 600), QSize(800, 480), QSize(480, 800)}) {
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes) {
         const auto row = [size](const char *field, const char *call) {
             QTest::newRow(qPrintable(QString("%1, %2x%3").arg(field).arg(size.width()).arg(size.height())))
                 << size << QString(field) << QString(call);

@@ -93,9 +93,14 @@ void TestGeneral::sliderDrawing_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<int>("row");
-    const QVector<int> rows{43, 54, 42, 54, 68};
-    for (int i = 0; i < sizes().size(); ++i)
-        QTest::addRow("%dx%d", sizes()[i].width(), sizes()[i].height()) << sizes()[i] << rows[i];
+    QTest::newRow("480x800") << QSize(480, 800) << 43;
+    QTest::newRow("600x1024") << QSize(600, 1024) << 54;
+    QTest::newRow("800x480") << QSize(800, 480) << 42;
+    QTest::newRow("1024x600") << QSize(1024, 600) << 54;
+    QTest::newRow("1280x800") << QSize(1280, 800) << 68;
+    QTest::newRow("480x272") << QSize(480, 272) << 44;
+    QTest::newRow("640x480") << QSize(640, 480) << 54;
+    QTest::newRow("799x480") << QSize(799, 480) << 54;
 }
 
 void TestGeneral::sliderDrawing()
@@ -220,7 +225,8 @@ void TestGeneral::pressedHandleIsSeen()
     const auto seen = [&] { return Operator::picture(m_fixture->window()).copy(half); };
     const QImage before = seen();
     Operator::press(handle);
-    QVERIFY(slider()->property("pressed").toBool());
+    // A page that scrolls holds a press back for a while.
+    QTRY_VERIFY(slider()->property("pressed").toBool());
     const QImage during = seen();
     Operator::release(handle);
     int changed = 0;

@@ -103,13 +103,16 @@ void TestLanguage::sizes_data()
     QTest::newRow("480x800") << QSize(480, 800) << 43;
     QTest::newRow("600x1024") << QSize(600, 1024) << 54;
     QTest::newRow("1280x800") << QSize(1280, 800) << 68;
+    QTest::newRow("480x272") << QSize(480, 272) << 44;
+    QTest::newRow("640x480") << QSize(640, 480) << 54;
+    QTest::newRow("799x480") << QSize(799, 480) << 54;
 }
 
 void TestLanguage::sizes()
 {
     QFETCH(QSize, size);
     QFETCH(int, row);
-    ScreenFixture fixture(plugin, size);
+    ScreenFixture fixture(plugin, size, compactOptions());
     fixture.open();
     fixture.tapMenu(QStringLiteral("Language"));
     const QQuickItem *card = fixture.card("QSP::CardLanguage");

@@ -60,14 +60,17 @@ void TestLanguages::init()
 void TestLanguages::operatorChoosesAndComesBack_data()
 {
     QTest::addColumn<QSize>("size");
-    QTest::newRow("1024x600") << QSize(1024, 600);
-    QTest::newRow("480x800") << QSize(480, 800);
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes)
+        QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 
 void TestLanguages::operatorChoosesAndComesBack()
 {
     QFETCH(QSize, size);
-    ScreenFixture fixture(plugin, size, withChinese());
+    QVariantMap options = withChinese();
+    options.insert(compactOptions());
+    ScreenFixture fixture(plugin, size, options);
     fixture.open();
     fixture.tapMenu(QStringLiteral("Language"));
     QCOMPARE(listed(fixture), (QStringList{english, chinese}));

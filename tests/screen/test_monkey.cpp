@@ -251,6 +251,7 @@ void TestMonkey::leavesEverythingAsItWas_data()
     QTest::newRow("wide") << QSize(1024, 600) << 20U;
     QTest::newRow("small") << QSize(800, 480) << 3U;
     QTest::newRow("narrow") << QSize(480, 800) << 7U;
+    QTest::newRow("compact") << QSize(480, 272) << 11U;
 }
 
 void TestMonkey::leavesEverythingAsItWas()
@@ -259,7 +260,7 @@ void TestMonkey::leavesEverythingAsItWas()
     QFETCH(quint32, seed);
     HmiSimulator::reset();
     HmiSimulator::setDelays(20);
-    ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size);
+    ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size, compactOptions());
     fixture.open();
     // The first half may build what is built on first need; the second must add nothing.
     Monkey monkey(&fixture, seed);

@@ -253,8 +253,8 @@ void TestPressed::everyControlShowsIt_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<bool>("buzzer");
-    for (const QSize &size :
-         {QSize(480, 800), QSize(600, 1024), QSize(800, 480), QSize(1024, 600), QSize(1280, 800)})
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes)
         QTest::addRow("%dx%d", size.width(), size.height()) << size << false;
     QTest::newRow("1024x600, keys beep") << QSize(1024, 600) << true;
 }
@@ -264,7 +264,7 @@ void TestPressed::everyControlShowsIt()
     QFETCH(QSize, size);
     QFETCH(bool, buzzer);
     HmiSimulator::setBuzzerOn(buzzer);
-    m_screen = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size);
+    m_screen = std::make_unique<ScreenFixture>(QStringLiteral(PANEL_PLUGIN), size, compactOptions());
     m_screen->open();
     // Long enough to be held back, no longer than that.
     alias(m_screen->root(), "cardPool")->setProperty("pressDelay", 1);

@@ -125,7 +125,8 @@ void TestVersion::longNumbersStayInTheCard_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QByteArray>("serial");
-    for (const QSize &size : {QSize(1024, 600), QSize(800, 480), QSize(480, 800)}) {
+    const QVector<QSize> sizes = glassSizes();
+    for (const QSize &size : sizes) {
         const auto row = [&size](const char *what) -> QTestData & {
             return QTest::addRow("%s at %dx%d", what, size.width(), size.height()) << size;
         };
@@ -143,7 +144,7 @@ void TestVersion::longNumbersStayInTheCard()
     HmiSimulator::setSerialNumber(serial.toStdString());
     if (serial.size() > 1000)
         expectMessage(QStringLiteral("too long for any QR code"));
-    ScreenFixture fixture(plugin, size);
+    ScreenFixture fixture(plugin, size, compactOptions());
     fixture.open();
     fixture.tapMenu(QStringLiteral("Version"));
     QQuickItem *card = fixture.card("QSP::CardVersion");

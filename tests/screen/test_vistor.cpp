@@ -28,13 +28,14 @@ void TestVistor::exitHidesTheScreen_data()
     QTest::addColumn<QSize>("size");
     QTest::newRow("wide") << QSize(1024, 600);
     QTest::newRow("narrow") << QSize(480, 800);
+    QTest::newRow("compact") << QSize(480, 272);
 }
 
 void TestVistor::exitHidesTheScreen()
 {
     QFETCH(QSize, size);
     HmiSimulator::reset();
-    ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size);
+    ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), size, compactOptions());
     for (int visit = 0; visit < 2; ++visit) {
         fixture.open();
         QVERIFY(!Operator::byText(fixture.root(), QStringLiteral("Reboot")));
