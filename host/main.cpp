@@ -76,6 +76,10 @@ int main(int argc, char **argv)
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     }
 
+    // A walk changes whatever it comes by: with the service of a real panel only a sandbox is to be changed.
+    if (options->isTour() && qEnvironmentVariableIsEmpty("PANEL_HARNESS"))
+        qputenv("PANELSETTINGS_READ_ONLY", "1");
+
     // Qt wants a place of its own for its sockets, and warns when the session offers none.
     QTemporaryDir runtimeDirectory;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))

@@ -58,6 +58,11 @@ bool printJournal(QString *error)
     return watch != nullptr;
 }
 
+int adapters()
+{
+    return MeyerSingleton<HMI::SystemSet>::instance().getAllNIC();
+}
+
 void setLanguage(Options::Language language)
 {
     MeyerSingleton<HMI::SystemSet>::instance().setLanguage(

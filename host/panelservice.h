@@ -16,6 +16,9 @@ bool loadScenario(const QString &file, QString *error);
 /// the reason in @p error, when the panel is not simulated.
 bool printJournal(QString *error);
 
+/// The adapters that the panel has, as a sum of HMI::SystemSet::NIC.
+int adapters();
+
 /// Chooses the panel's language, as another page of the panel would.
 void setLanguage(Options::Language language);
 

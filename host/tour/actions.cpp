@@ -94,6 +94,23 @@ Action page(const char *title)
     };
 }
 
+Action tryUntil(const char *context, const char *button, const char *success, const char *failure)
+{
+    return [=](Visitor &visitor) {
+        const QString succeeded = Visitor::said(context, success);
+        const QString failed = Visitor::said(context, failure);
+        constexpr int mostTries = 10;
+        for (int i = 0; i < mostTries; ++i) {
+            visitor.waitForEither(succeeded, failed);
+            if (!visitor.sees(failed))
+                return;
+            tapAside()(visitor);
+            visitor.tapText(Visitor::said(context, button));
+        }
+        visitor.waitFor(succeeded);
+    };
+}
+
 Action menu()
 {
     return leadToMenu;

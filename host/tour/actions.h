@@ -31,6 +31,8 @@ Action seeEnabled(const char *context, const char *english);
 Action seeReady(const char *className, const char *property);
 /// The corner of the glass where nothing is, which closes lists and dialogs.
 Action tapAside();
+/// Waits for what the button, tapped before, comes to: closes each failure and taps again, until it succeeds.
+Action tryUntil(const char *context, const char *button, const char *success, const char *failure);
 /// Shows the page of a menu entry, from wherever the visitor is.
 Action page(const char *title);
 /// Shows the menu, from wherever the visitor is.

@@ -1,7 +1,10 @@
 #include "host/tour/itinerary.h"
 
+#include "hmi/systemset.h"
+
 namespace {
 
+using HMI::SystemSet;
 using Stops = std::vector<Stop>;
 
 // Menu and page take turns on a screen that is narrower, and a keyboard leaves no room for a dialog on one that is
@@ -11,12 +14,14 @@ constexpr int lowBelow = 300;
 
 struct Visit {
     const Options &options;
+    int adapters;
     /// One that is open or known to the panel.
     const char *network;
 
     bool isNarrow() const { return options.size.width() < narrowBelow; }
     bool isLow() const { return options.size.height() < lowBelow; }
     bool has(const char *card) const { return !options.hiddenCards.contains(QLatin1String(card)); }
+    bool hasAdapter(SystemSet::NIC nic) const { return (adapters & nic) != 0; }
     bool hasGeneral() const { return has("brightness") || has("time") || has("buzzer"); }
     bool hasNetwork() const { return has("network") || has("defaultAdapter") || has("dns"); }
     /// The entry that every menu has.
@@ -44,7 +49,7 @@ void visitGeneral(Stops &stops, const Visit &visit)
     stops.push_back({"general-clock-set", {Do::tapText("TimeEditPopup", "OK")}});
 }
 
-void visitAdapters(Stops &stops)
+void visitWired(Stops &stops, const Visit &visit)
 {
     stops.push_back(
         {"network",
@@ -52,35 +57,48 @@ void visitAdapters(Stops &stops)
     // The lowest field that can be edited: IP address and mask have four inputs each before it.
     stops.push_back({"network-address-keys", {Do::tapClass("QQuickTextInput", 8, "QSP::CardNetwork")}});
     stops.push_back({"network-address-typed", {Do::type("192.168.5.")}});
-    stops.push_back({"network-lan1", {Do::tapKey("vkbKey_hide"), Do::tapText("CardNetwork", "LAN1")}});
-    stops.push_back({"network-wifi", {Do::tapText("CardNetwork", "Wi-Fi")}});
-    stops.push_back({"network-4g", {Do::tapText("CardNetwork", "4G")}});
+    stops.push_back({"network-address-left", {Do::tapKey("vkbKey_hide")}});
+    if (visit.hasAdapter(SystemSet::LAN1))
+        stops.push_back({"network-lan1", {Do::tapText("CardNetwork", "LAN1")}});
+}
+
+void visitTunnel(Stops &stops)
+{
     stops.push_back({"network-vpn", {Do::tapText("CardNetwork", "VPN")}});
     const Action servers = Do::tapClass("QSP::ComboBox", 0, "QSP::CardNetwork");
     stops.push_back({"network-vpn-servers", {servers}});
     stops.push_back(
         {"network-vpn-connecting", {servers, Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork")}});
-    stops.push_back(
-        {"network-vpn-off",
-         {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork"), Do::tapText("CardNetwork", "LAN0")}});
+    stops.push_back({"network-vpn-off", {Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork")}});
+}
+
+void visitAdapters(Stops &stops, const Visit &visit)
+{
+    visitWired(stops, visit);
+    if (visit.hasAdapter(SystemSet::WIFI))
+        stops.push_back({"network-wifi", {Do::tapText("CardNetwork", "Wi-Fi")}});
+    if (visit.hasAdapter(SystemSet::MOBILE_4G))
+        stops.push_back({"network-4g", {Do::tapText("CardNetwork", "4G")}});
+    if (visit.hasAdapter(SystemSet::VPN))
+        visitTunnel(stops);
 }
 
 void visitDefaultAdapter(Stops &stops)
 {
     const Action list = Do::tapClass("QSP::ComboBox", 0, "QSP::CardNIC");
-    stops.push_back({"default-adapters", {list}});
+    stops.push_back({"default-adapters", {Do::tapText("CardNetwork", "LAN0"), list}});
     const Action disable = Do::tapClass("QSP::BeepSwitch", 0, "QSP::CardNetwork");
     const Action test = Do::tapText("CardNIC", "Test");
     stops.push_back({"ping-failed", {list, disable, test, Do::see("CardNIC", "Test failed!")}});
     stops.push_back({"ping-busy", {Do::tapAside(), disable, test}});
-    stops.push_back({"ping-result", {Do::see("CardNIC", "Test successful!")}});
+    stops.push_back({"ping-result", {Do::tryUntil("CardNIC", "Test", "Test successful!", "Test failed!")}});
     stops.push_back({"ping-closed", {Do::tapAside()}});
 }
 
 void visitNetwork(Stops &stops, const Visit &visit)
 {
     if (visit.has("network"))
-        visitAdapters(stops);
+        visitAdapters(stops, visit);
     else if (visit.hasNetwork())
         stops.push_back({"network", {Do::page("Network")}});
     // Its ping goes out over an adapter that is switched off and on.
@@ -91,7 +109,7 @@ void visitNetwork(Stops &stops, const Visit &visit)
 void visitWifi(Stops &stops, const Visit &visit)
 {
     // The way there is on the network card.
-    if (!visit.has("wifi") || !visit.has("network"))
+    if (!visit.hasAdapter(SystemSet::WIFI) || !visit.has("wifi") || !visit.has("network"))
         return;
     stops.push_back({"wifi-empty",
                      {Do::tapText("CardNetwork", "Wi-Fi"), Do::tapText("CardNetwork", "Wi-Fi Settings"),
@@ -157,19 +175,19 @@ void visitSettings(Stops &stops, const Visit &visit)
 
 } // namespace
 
-std::vector<Stop> itinerary(const Options &options)
+std::vector<Stop> itinerary(const Options &options, int adapters)
 {
     Stops stops;
     stops.push_back({"operator", {}});
-    visitSettings(stops, {options, "Works Hall Guests"});
-    const bool hasLanguage = Visit{options, ""}.has("language");
+    visitSettings(stops, {options, adapters, "Works Hall Guests"});
+    const bool hasLanguage = Visit{options, adapters, ""}.has("language");
     if (!options.isStrict && hasLanguage)
         visitLanguages(stops);
     stops.push_back({"operator-again", {Do::leave()}});
 
     // The panel was switched to Chinese elsewhere: the settings follow when they are opened.
     Stops chinese;
-    visitSettings(chinese, {options, "Works Hall"});
+    visitSettings(chinese, {options, adapters, "Works Hall"});
     chinese.front().actions.insert(chinese.front().actions.begin(), Do::choose(Options::Language::Chinese));
     for (Stop &stop : chinese) {
         stop.picture += QLatin1String("-zh");

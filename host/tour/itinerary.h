@@ -13,5 +13,5 @@ struct Stop {
     std::vector<Action> actions;
 };
 
-/// All stops on a panel with these options, in their order.
-std::vector<Stop> itinerary(const Options &options);
+/// All stops on a panel with these options and adapters (see PanelService::adapters()), in their order.
+std::vector<Stop> itinerary(const Options &options, int adapters);

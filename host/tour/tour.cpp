@@ -1,6 +1,7 @@
 #include "host/tour/tour.h"
 
 #include "host/glass/glass.h"
+#include "host/panelservice.h"
 #include "host/tour/itinerary.h"
 #include "host/tour/messagewatch.h"
 
@@ -72,7 +73,7 @@ bool walkTour(QQuickWindow *window, const Options &options)
 
     Visitor visitor(window);
     Visitor::pause(settling);
-    for (const Stop &stop : itinerary(options)) {
+    for (const Stop &stop : itinerary(options, PanelService::adapters())) {
         const QString name = album.nextName(stop.picture);
         const int messagesBefore = MessageWatch::count();
         for (const auto &action : stop.actions)
@@ -97,8 +98,8 @@ bool walkTour(QQuickWindow *window, const Options &options)
     if (problemCount > 0) {
         say(directory,
             QStringLiteral(
-                "the tour is for a panel as the simulator has it by default, with LAN0, LAN1, Wi-Fi,"
-                " 4G and VPN, and the networks Maintenance, Works Hall and Works Hall Guests"));
+                "the tour is for a panel with LAN0, static and with an address, and if it has Wi-Fi, for the"
+                " networks of the simulated one: Maintenance, Works Hall and Works Hall Guests"));
     }
     std::printf("%d pictures in %s, %d problems\n", album.count(), qUtf8Printable(directory), problemCount);
     return problemCount == 0;

@@ -59,6 +59,12 @@ void Visitor::waitFor(const QString &text)
         complain(QStringLiteral("\"%1\" did not appear").arg(text));
 }
 
+void Visitor::waitForEither(const QString &one, const QString &other)
+{
+    if (!waitFor([&] { return sees(one) || sees(other); }))
+        complain(QStringLiteral("neither \"%1\" nor \"%2\" appeared").arg(one, other));
+}
+
 void Visitor::waitUntilEnabled(const QString &text)
 {
     const auto isEnabled = [&] {

@@ -27,6 +27,9 @@ public:
     /// Waits for @p text to appear; a problem when it does not.
     void waitFor(const QString &text);
 
+    /// Waits for one of both to appear; a problem when none does.
+    void waitForEither(const QString &one, const QString &other);
+
     /// Waits until the button with @p text can be tapped; a problem when it cannot.
     void waitUntilEnabled(const QString &text);
     /// Waits for @p text to go; a problem when it does not.

@@ -1,5 +1,7 @@
 #include "tests/linux/fakewifi.h"
 
+#include "tests/linux/text.h"
+
 #include "linux/nmnames.h"
 
 #include <QtCore/QTimer>
@@ -8,11 +10,6 @@
 using namespace HmiLinux;
 
 namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 QVariant objectPath(const QString &path)
 {

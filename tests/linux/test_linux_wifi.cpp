@@ -59,7 +59,7 @@ void TestLinuxWifi::linkComesAndGoes()
     WifiScene &scene = *owner;
     const QString point = scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QVERIFY(!scene.link().isJoined);
     scene.daemon.activate(profile, FakeWifi::interface());
     QTRY_VERIFY(scene.link().isJoined);
@@ -78,7 +78,7 @@ void TestLinuxWifi::nameBetweenTwoAccessPoints()
     WifiScene &scene = *owner;
     const QString point = scene.wifi.appear("Office", 70);
     scene.daemon.activate(scene.wifi.know("Office", QStringLiteral("its password")), FakeWifi::interface());
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QTRY_COMPARE(scene.link().strength, 70);
     scene.wifi.vanish(point);
     QTRY_COMPARE(scene.link().strength, 0);
@@ -92,7 +92,7 @@ void TestLinuxWifi::radioIsSwitched()
     WifiScene &scene = *owner;
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
     const Sections before = scene.daemon.profile(profile);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     for (const bool on : {false, true, false}) {
         scene.enable(on, WifiActs::Place);
         QCOMPARE(scene.values(WifiActs::Place).enabled, on); // at once
@@ -112,7 +112,7 @@ void TestLinuxWifi::refusedSwitch()
 {
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.daemon.refuseProperties(true);
     expectMessage(QStringLiteral("WIFI stays as it is"));
     scene.enable(false, WifiActs::Place);
@@ -125,7 +125,7 @@ void TestLinuxWifi::radioAndAddressesTogether()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     const QString profile = scene.adapter().profile;
@@ -146,7 +146,7 @@ void TestLinuxWifi::addressesBelongToTheJoinedNetwork()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.forgetReports();
@@ -167,7 +167,7 @@ void TestLinuxWifi::addressesWithoutANetworkAreRefused()
 {
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     expectMessage(QStringLiteral("the panel keeps no network that they would be for"));
     scene.gather(WifiActs::Place, [](Wish &wish) { wish.dns = Dns{WifiScene::ip("9.9.9.9"), HMI::IP()}; });
     QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
@@ -182,7 +182,7 @@ void TestLinuxWifi::leaseOfTheJoinedNetwork()
     scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.activate(profile, FakeWifi::interface());
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QTRY_VERIFY(scene.link().isJoined);
     scene.setDhcp(true, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
@@ -196,7 +196,7 @@ void TestLinuxWifi::leaseWithoutANetwork()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.setDhcp(true, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
     QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_FAILED});
@@ -209,7 +209,7 @@ void TestLinuxWifi::newNetworkTakesTheAddressesOver()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.gather(WifiActs::Place, [](Wish &wish) {
@@ -232,7 +232,7 @@ void TestLinuxWifi::resetForgetsEverything()
     scene.wifi.know("Office", QStringLiteral("its password"));
     const QString wired =
         scene.daemon.addProfile(FakeNetworkManager::wiredProfile(QStringLiteral("a port"), {}));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
@@ -255,7 +255,7 @@ void TestLinuxWifi::resetInMidJoin()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.resetNetworks();
@@ -274,7 +274,7 @@ void TestLinuxWifi::resetThatIsRefused()
     scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.onCall(QStringLiteral("Delete"),
                         [&scene](const QDBusMessage &message) { return scene.daemon.refusal(message); });
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     expectMessage(QStringLiteral("a network stays known"));
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
@@ -287,7 +287,7 @@ void TestLinuxWifi::resetWhileItIsOff()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.enable(false, WifiActs::Place);
     QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
     scene.resetNetworks();
@@ -305,7 +305,7 @@ void TestLinuxWifi::networksOfOthersAreNotForgotten()
     settings[QStringLiteral("connection")].remove(QStringLiteral("interface-name"));
     settings[wifiType()].insert(QStringLiteral("mode"), QStringLiteral("ap"));
     const QString ofOurs = scene.daemon.addProfile(settings); // which others join
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
     QCOMPARE(scene.daemon.profiles(), (QStringList{ofAnotherDevice, ofOurs}));

@@ -40,7 +40,7 @@ void TestLinuxWifiJoin::newNetworkIsStoredOnceItIsJoined()
     const QByteArray name("\xff\xfe Hall", 7);
     scene.wifi.appear(name, 80);
     scene.daemon.setSteps(WifiScene::joins());
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined(name, "gr\xc3\xbcn und blau"), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(scene.reports().at(0), int(SystemSet::WIFI_CONNECTING));
     // Who is told may ask at once.
@@ -69,7 +69,7 @@ void TestLinuxWifiJoin::wrongPasswordLeavesNothing()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps(WifiScene::refuses());
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "not this one"), int(SystemSet::WIFI_WRONG_PASSWORD));
     QTRY_VERIFY(scene.daemon.profiles().isEmpty());
     QVERIFY(!scene.daemon.calls().contains(QStringLiteral("Update2"))); // it never was stored
@@ -122,7 +122,7 @@ void TestLinuxWifiJoin::outcomes()
     if (isHeard)
         scene.wifi.appear("Hall", 80, FakeWifi::Security(security));
     scene.daemon.setSteps(steps);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), outcome);
     QCOMPARE(scene.reports().size(), 2);
     const int stored = outcome == SystemSet::WIFI_CONNECTED ? 1 : 0;
@@ -140,7 +140,7 @@ void TestLinuxWifiJoin::stepsOfTheActivationBefore()
     Steps steps = {{110, 60}, {30, 60}, {120, 7}, {100, 0}};
     steps += WifiScene::joins();
     scene.daemon.setSteps(steps);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(bytesOf(scene.link().ssid), QByteArray("Hall"));
 }
@@ -152,7 +152,7 @@ void TestLinuxWifiJoin::passwordThatNoNetworkCanHave()
     scene.wifi.appear("Hall", 80);
     scene.wifi.refuseNew(QStringLiteral("org.freedesktop.NetworkManager.Settings.Connection.InvalidProperty"),
                          QStringLiteral("802-11-wireless-security.psk: property is invalid"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "short"), int(SystemSet::WIFI_WRONG_PASSWORD));
 }
 
@@ -163,7 +163,7 @@ void TestLinuxWifiJoin::refusedRequest()
     scene.wifi.appear("Hall", 80);
     scene.wifi.refuseNew(QStringLiteral("org.freedesktop.NetworkManager.PermissionDenied"),
                          QStringLiteral("Not authorized"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_OFFLINE));
 }
 
@@ -177,7 +177,7 @@ void TestLinuxWifiJoin::refusedStoring()
         static_cast<void>(QTest::qWaitFor([&scene] { return scene.link().isJoined; }, WifiScene::Patience));
         return scene.daemon.refusal(message);
     });
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     expectMessage(QStringLiteral("the network is joined and not kept"));
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QVERIFY(!scene.wifi.isStored(scene.daemon.profiles().constFirst()));
@@ -191,7 +191,7 @@ void TestLinuxWifiJoin::attemptThatTakesTooLong()
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.endLimit(QStringLiteral("joinLimit"));
@@ -217,7 +217,7 @@ void TestLinuxWifiJoin::newAttemptReplacesTheOldOne()
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.join("Hall", "another one"); // replaced before the daemon has answered
@@ -240,7 +240,7 @@ void TestLinuxWifiJoin::successOfTheAttemptBefore()
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.setSteps({});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Office", "");
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.daemon.setSteps(WifiScene::isAbsent());
@@ -262,7 +262,7 @@ void TestLinuxWifiJoin::attemptThatIsNotFollowed()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     scene.join({}, ""); // takes its place, and cannot be joined
     QVERIFY(scene.waitForReports(4));
@@ -276,7 +276,7 @@ void TestLinuxWifiJoin::networkThatGoesInMidJoin()
     WifiScene &scene = *owner;
     const QString point = scene.wifi.appear("Hall", 80, FakeWifi::Sae);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     const WifiActs::Records *list = scene.scanned();
@@ -295,7 +295,7 @@ void TestLinuxWifiJoin::deviceIsPulledOutInMidJoin()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     QVERIFY(!scene.wifi.isStored(scene.daemon.profiles().constFirst())); // whatever comes, it goes by itself
@@ -313,7 +313,7 @@ void TestLinuxWifiJoin::daemonGoesInMidJoin()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.daemon.vanish();
@@ -327,7 +327,7 @@ void TestLinuxWifiJoin::switchedOffInMidJoin()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.daemon.setState(FakeWifi::interface(), Nm::Unavailable);
@@ -340,7 +340,7 @@ void TestLinuxWifiJoin::whatCannotBeJoined()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Office", 70, FakeWifi::Business);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Office", "a password"), int(SystemSet::WIFI_OFFLINE));
     QCOMPARE(scene.joined({}, "a password"), int(SystemSet::WIFI_OFFLINE));
     QSemaphore unheard;
@@ -371,7 +371,7 @@ void TestLinuxWifiJoin::passwordsReachNoLog()
         WifiScene &scene = *owner;
         scene.wifi.appear("Hall", 80);
         scene.daemon.setSteps(WifiScene::refuses());
-        QVERIFY(scene.isUp && scene.startAndWait());
+        QVERIFY(scene.isUp && scene.startWithWifi());
         QCOMPARE(scene.joined("Hall", "Xylophone-1"), int(SystemSet::WIFI_WRONG_PASSWORD));
         scene.wifi.refuseNew(
             QStringLiteral("org.freedesktop.NetworkManager.Settings.Connection.InvalidProperty"),

@@ -23,7 +23,7 @@ void TestLinuxWifiKnown::knownNetworkByItsProfile()
     WifiScene &scene = *owner;
     scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Office", ""), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(scene.daemon.calls(), QStringList{QStringLiteral("ActivateConnection")});
     QCOMPARE(scene.adapter().activeProfile, profile);
@@ -36,7 +36,7 @@ void TestLinuxWifiKnown::keptPasswordOfAListIsTheProfile()
     WifiScene &scene = *owner;
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Office", "its password"), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(scene.daemon.calls(), QStringList{QStringLiteral("ActivateConnection")});
 }
@@ -46,7 +46,7 @@ void TestLinuxWifiKnown::otherPasswordTakesThePlaceOfTheKeptOne()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the old one"), int(SystemSet::WIFI_CONNECTED));
     const QString old = scene.daemon.profiles().constFirst();
     QTRY_COMPARE(scene.adapter().profile, old);
@@ -63,7 +63,7 @@ void TestLinuxWifiKnown::otherPasswordThatIsRefusedLeavesTheKeptOne()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the old one"), int(SystemSet::WIFI_CONNECTED));
     const QString old = scene.daemon.profiles().constFirst();
     QTRY_COMPARE(scene.adapter().profile, old);
@@ -78,7 +78,7 @@ void TestLinuxWifiKnown::keptPasswordThatIsRefusedIsForgotten()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the old one"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.daemon.setSteps(WifiScene::refuses());
@@ -94,7 +94,7 @@ void TestLinuxWifiKnown::profileOfSomebodyElseStays()
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
     const Sections before = scene.daemon.profile(profile);
     scene.daemon.setSteps(WifiScene::refuses());
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QCOMPARE(scene.joined("Office", ""), int(SystemSet::WIFI_WRONG_PASSWORD));
     QCOMPARE(scene.joined("Office", "another one"), int(SystemSet::WIFI_WRONG_PASSWORD));
     scene.daemon.setSteps(WifiScene::joins());

@@ -50,7 +50,7 @@ void TestLinuxWifiScan::networksAreListedStrongestFirst()
     scene.wifi.appear("open", 50, FakeWifi::Open);
     scene.wifi.appear("old", 40, FakeWifi::Wep);
     scene.wifi.appear("loud", 255, FakeWifi::Business);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 5);
@@ -74,7 +74,7 @@ void TestLinuxWifiScan::accessPointsOfOneNameAreOneNetwork()
     scene.wifi.appear("Hall", 30);
     const QString strongest = scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Hall", 60);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 1);
@@ -98,7 +98,7 @@ void TestLinuxWifiScan::namesOfEveryKind()
     scene.wifi.appear(QByteArray(7, '\0'), 50);
     scene.wifi.appear(QByteArray("cut\0here", 8), 40);
     scene.wifi.appear(QByteArray(33, 'y'), 30);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 3);
@@ -117,7 +117,7 @@ void TestLinuxWifiScan::knownNetworkComesWithItsPassword()
     scene.wifi.appear("Free", 70, FakeWifi::Open);
     const QString office = scene.wifi.know("Office", QStringLiteral("gr\u00fcn und blau"));
     scene.wifi.know("Free", {});
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(list->at(0).password, std::string("gr\xc3\xbcn und blau"));
@@ -135,7 +135,7 @@ void TestLinuxWifiScan::passwordThatTheDaemonKeepsToItself()
     scene.wifi.appear("Office", 90);
     scene.wifi.know("Office", QStringLiteral("kept away"));
     scene.wifi.keepSecrets();
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QVERIFY(list->front().password.empty());
@@ -149,7 +149,7 @@ void TestLinuxWifiScan::passwordsAreFetchedForListsAlone()
     scene.wifi.appear("Office", 90);
     const QString profile = scene.wifi.know("Office", QStringLiteral("secret word"));
     scene.daemon.activate(profile, FakeWifi::interface());
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QTRY_VERIFY(scene.link().isJoined);
     QVERIFY(scene.wifi.asked().isEmpty());
 }
@@ -164,7 +164,7 @@ void TestLinuxWifiScan::profileOfAnotherDeviceIsNotKnown()
     settings[QStringLiteral("connection")].remove(QStringLiteral("interface-name"));
     settings[wifiType()].insert(QStringLiteral("mode"), QStringLiteral("ap"));
     scene.daemon.addProfile(settings);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->front().needsPassword), 1);
@@ -179,7 +179,7 @@ void TestLinuxWifiScan::crowdIsReportedAtOnce()
     for (int i = 0; i < 5; ++i)
         scene.wifi.know("network " + QByteArray::number(i), QStringLiteral("password %1").arg(i));
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     QVector<qint64> times;
     for (int round = 0; round < 9; ++round) {
         scene.scan();
@@ -207,7 +207,7 @@ void TestLinuxWifiScan::refusedScanTellsWhatIsKnown()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Refused);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 1);
@@ -218,7 +218,7 @@ void TestLinuxWifiScan::refusedScanWithoutNetworksFails()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.setScans(FakeWifi::Scans::Refused);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.scan();
     QVERIFY(scene.waitForLists(1));
     QVERIFY(scene.list() == nullptr);
@@ -228,7 +228,7 @@ void TestLinuxWifiScan::nobodyIsHeard()
 {
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr); // it has not failed
     QVERIFY(list->empty());
@@ -240,7 +240,7 @@ void TestLinuxWifiScan::scanThatNeverEnds()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.scan();
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     expectMessage(QStringLiteral("the scan does not end; what was heard before has to do"));
@@ -256,7 +256,7 @@ void TestLinuxWifiScan::manyWhoAskShareOneScan()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     for (int i = 0; i < 3; ++i)
         scene.scan();
     scene.act([](Wifi *wifi) { wifi->scan({}); }); // of which nobody wants to hear
@@ -271,7 +271,7 @@ void TestLinuxWifiScan::scanWhileItIsOff()
     const auto owner = std::make_unique<WifiScene>();
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.enable(false, WifiActs::Place);
     scene.scan(); // at once: what is asked for holds already
     QVERIFY(scene.waitForLists(1));
@@ -285,7 +285,7 @@ void TestLinuxWifiScan::scanOfADeviceThatComesUp()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setState(FakeWifi::interface(), Nm::Unavailable);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.scan();
     QTest::qWait(100);
     QCOMPARE(int(scene.listCount()), 0);
@@ -313,7 +313,7 @@ void TestLinuxWifiScan::daemonGoesInMidScan()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.scan();
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.daemon.vanish();
@@ -327,7 +327,7 @@ void TestLinuxWifiScan::deviceIsPulledOutInMidScan()
     WifiScene &scene = *owner;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startAndWait());
+    QVERIFY(scene.isUp && scene.startWithWifi());
     scene.scan();
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.wifi.pullOut();

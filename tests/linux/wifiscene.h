@@ -17,7 +17,7 @@ struct WifiScene : NetworkScene, WifiActs {
     WifiScene(const WifiScene &) = delete;
     WifiScene &operator=(const WifiScene &) = delete;
 
-    bool startAndWait()
+    bool startWithWifi()
     {
         startService();
         return waitForAdapter();

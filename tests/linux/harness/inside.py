@@ -54,7 +54,7 @@ def supervise(options):
 
 def prepare(options):
     """Makes the places of the sandbox and the environment of all that runs in it."""
-    mounts.arrange([HERE.parents[2], os.getcwd(), options.packages, *filter(None, [options.logs])])
+    mounts.arrange([HERE.parents[2], os.getcwd(), options.packages, *options.keep, *filter(None, [options.logs])])
     for directory in (places.BIN, places.PROFILES, places.BUS_SOCKET.parent, pathlib.Path("/var/lib/NetworkManager")):
         directory.mkdir(parents=True, exist_ok=True)
     if options.logs:
