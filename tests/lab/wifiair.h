@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/lab/labscene.h"
+#include "tests/lab/refusals.h"
 
 /// The networks that are heard on the device, and joining them.
 namespace Lab {
@@ -43,9 +44,17 @@ template <class Ask> NetworkList listOf(const Ask &ask)
     return reports->waitFor(1) ? reports->at(0) : nullptr;
 }
 
+/// Scans. The device is slow: that a scan takes longer than the service waits is no fault of either.
 inline NetworkList scanned()
 {
-    return listOf([](const SystemSet::WifiListCallback &done) { panel().scanWifi(done); });
+    const Refusals refusals;
+    NetworkList list = listOf([](const SystemSet::WifiListCallback &done) { panel().scanWifi(done); });
+    const QStringList told = Refusals::told().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString &warning : told) {
+        if (!warning.contains(QLatin1String("the scan does not end")))
+            QWARN(warning.toUtf8().constData());
+    }
+    return list;
 }
 
 /// A list that has the network: a radio does not hear everything each time.
