@@ -80,14 +80,17 @@ class Programs(unittest.TestCase):
             "QINFO  : LabWifi::warned() a note\n"
             "QWARN  : LabWifi::warned() it may not\n"
             "PASS   : LabWifi::warned()\n"
+            "WARNING: LabWifi::noticed() it came after all\n"
+            "PASS   : LabWifi::noticed()\n"
             "SKIP   : LabWifi::left() no radio\n"
             "   Loc: [lab_wifi.cpp(2)]\n"
             "PASS   : LabWifi::cleanupTestCase()\n"
         )
-        self.assertEqual(list(told), ["lab.joins", "lab.hears", "lab.warned", "lab.left"])
+        self.assertEqual(list(told), ["lab.joins", "lab.hears", "lab.warned", "lab.noticed", "lab.left"])
         self.assertEqual(told["lab.joins"], "")
         self.assertIn("Actual   (heard): 0", told["lab.hears"])
         self.assertIn("it may not", told["lab.warned"])
+        self.assertIn("it came after all", told["lab.noticed"])
         self.assertIn("no radio", told["lab.left"])
 
     def test_failure_of_the_frame(self):

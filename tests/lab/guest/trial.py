@@ -52,7 +52,7 @@ def environment():
 class Tests:
     """Reads what a program of QtTest tells. A warning that was not announced fails the test in which it comes."""
 
-    LINE = re.compile(r"(PASS|FAIL!|SKIP|QWARN|QCRITICAL|QFATAL)\s*: \w+::(\w+)\([^)]*\)\s*(.*)")
+    LINE = re.compile(r"(PASS|FAIL!|SKIP|WARNING|QWARN|QCRITICAL|QFATAL)\s*: \w+::(\w+)\([^)]*\)\s*(.*)")
 
     def __init__(self, program, report):
         self._program = program
