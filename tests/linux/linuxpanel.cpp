@@ -1,4 +1,5 @@
 #include "tests/linux/furnishedpanel.h"
+#include "tests/linux/text.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -11,11 +12,6 @@
 ///     linux_panel [--real] PROGRAM ARGUMENTS...
 
 namespace {
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 int run(const QStringList &command)
 {

@@ -1,5 +1,6 @@
 #include "tests/linux/networkmanager/keyfile.h"
 #include "tests/linux/networkmanager/sandboxscene.h"
+#include "tests/linux/text.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
@@ -10,11 +11,6 @@ using HMI::SystemSet;
 namespace {
 
 using Files = QMap<QString, QMap<QByteArray, QByteArray>>;
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 Addresses usual()
 {

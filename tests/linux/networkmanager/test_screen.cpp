@@ -1,6 +1,7 @@
 #include "tests/linux/harness/sandbox.h"
 #include "tests/linux/networkmanager/watchedapplication.h"
 #include "tests/linux/paneldirectory.h"
+#include "tests/linux/text.h"
 #include "tests/screen/networkpage.h"
 
 #include "meyersingleton.h"
@@ -13,11 +14,6 @@ namespace {
 
 // Of a frame.
 constexpr qint64 g_waitLimit = 16000000;
-
-QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
 
 QStringList tell(const QString &words)
 {
