@@ -80,7 +80,9 @@ void TestDaemonFaults::staticAddressesWithoutACable()
 
 void TestDaemonFaults::defaultAdapterWithoutItsCable()
 {
-    const auto firstRoute = [this] { return m_scene->tell("routes").value(0).section(QLatin1Char(' '), 0, 0); };
+    const auto firstRoute = [this] {
+        return m_scene->tell("routes").value(0).section(QLatin1Char(' '), 0, 0);
+    };
     for (const std::size_t place : {std::size_t(0), std::size_t(1)})
         m_scene->gather(place, [place](Wish &wish) { wish.isDefault = place == 0; });
     QVERIFY(m_scene->waitForWishes());
