@@ -40,7 +40,7 @@ void LabDevice::clockReachesTheHardware()
     // As Debian is installed, the network would keep it.
     QCOMPARE(tell("synchronisation"), QStringList{QStringLiteral("enabled")});
     QVERIFY(number("hardware-clock") < Later);
-    QTRY_VERIFY_WITH_TIMEOUT(setsClock(Later), Patience);
+    QVERIFY(QTest::qWaitFor([] { return setsClock(Later); }, Patience));
     panel().syncHwclock();
     const qint64 clock = number("clock");
     const qint64 hardware = number("hardware-clock");
