@@ -64,7 +64,11 @@ def run(user, command):
     with subprocess.Popen([*user, "setpriv", "--pdeathsig", "KILL", *ENTER, *command]) as process:
 
         def end(number, _frame):
-            received.append((number, os.pidfd_open(first_inside(process.pid))))
+            try:
+                inside = os.pidfd_open(first_inside(process.pid))
+            except ProcessLookupError:
+                return  # it has just ended by itself
+            received.append((number, inside))
             process.kill()
 
         for number in (signal.SIGTERM, signal.SIGHUP):
