@@ -165,8 +165,9 @@ void WifiJoin::failed(uint reason)
         return end(SystemSet::WIFI_WRONG_PASSWORD, why);
     if (reason != Nm::NoSuchNetwork)
         return end(m_wasRefused ? SystemSet::WIFI_WRONG_PASSWORD : SystemSet::WIFI_OFFLINE, why);
-    // A network of WPA3 answers a wrong password with silence: it looks as if it were not there.
-    const bool isSilent = m_target.network.offersSae && m_isHeard(name());
+    // A network of WPA3 answers a wrong password with silence: it looks as if it were not there. The kept one has
+    // been right, so that its silence is the network's.
+    const bool isSilent = m_isNew && m_target.network.offersSae && m_isHeard(name());
     end(isSilent || m_wasRefused ? SystemSet::WIFI_WRONG_PASSWORD : SystemSet::WIFI_TIMEOUT, why);
 }
 

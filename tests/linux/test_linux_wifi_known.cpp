@@ -14,6 +14,7 @@ private slots:
     void otherPasswordTakesThePlaceOfTheKeptOne();
     void otherPasswordThatIsRefusedLeavesTheKeptOne();
     void keptPasswordThatIsRefusedIsForgotten();
+    void keptPasswordOutlivesASilentNetwork();
     void profileOfSomebodyElseStays();
 };
 
@@ -84,6 +85,23 @@ void TestLinuxWifiKnown::keptPasswordThatIsRefusedIsForgotten()
     scene.daemon.setSteps(WifiScene::refuses());
     QCOMPARE(scene.joined("Hall", ""), int(SystemSet::WIFI_WRONG_PASSWORD));
     QTRY_VERIFY(scene.daemon.profiles().isEmpty());
+}
+
+void TestLinuxWifiKnown::keptPasswordOutlivesASilentNetwork()
+{
+    const auto owner = std::make_unique<WifiScene>();
+    WifiScene &scene = *owner;
+    scene.wifi.appear("Hall", 80, FakeWifi::Sae);
+    QVERIFY(scene.isUp && scene.startWithWifi());
+    QCOMPARE(scene.joined("Hall", "the right one"), int(SystemSet::WIFI_CONNECTED));
+    const QString profile = scene.daemon.profiles().constFirst();
+    QTRY_COMPARE(scene.adapter().profile, profile);
+    // Its access point has lost its power, and is listed for a while yet.
+    scene.daemon.setSteps(WifiScene::isAbsent());
+    for (const char *typed : {"", "the right one"})
+        QCOMPARE(scene.joined("Hall", typed), int(SystemSet::WIFI_TIMEOUT));
+    QCOMPARE(scene.daemon.profiles(), QStringList{profile});
+    QCOMPARE(scene.wifi.password(profile), QStringLiteral("the right one"));
 }
 
 void TestLinuxWifiKnown::profileOfSomebodyElseStays()
