@@ -1,9 +1,10 @@
 #include "tests/support/paneltest.h"
 
-#include <QtCore/QMutex>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QFont>
 #include <QtGui/QGuiApplication>
+
+#include <mutex>
 
 namespace {
 
@@ -13,7 +14,8 @@ struct Expectation {
 };
 
 struct Watch {
-    QMutex mutex;
+    // One that the thread sanitizer sees waited for; the toolkit waits in code of its own.
+    std::mutex mutex;
     QVector<Expectation> expected;
     QStringList unexpected;
     QtMessageHandler previous = nullptr;
@@ -40,7 +42,7 @@ QStringList missingMessages()
 void watchMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (type != QtDebugMsg && type != QtInfoMsg) {
-        const QMutexLocker lock(&watch().mutex);
+        const std::lock_guard<std::mutex> lock(watch().mutex);
         for (Expectation &expectation : watch().expected) {
             if (expectation.left > 0 && expectation.pattern.match(message).hasMatch()) {
                 --expectation.left;
@@ -60,13 +62,13 @@ PanelTest::~PanelTest() = default;
 
 void PanelTest::expectMessage(const QString &pattern, int count)
 {
-    const QMutexLocker lock(&watch().mutex);
+    const std::lock_guard<std::mutex> lock(watch().mutex);
     watch().expected.append({QRegularExpression(pattern), count});
 }
 
 bool PanelTest::haveMessagesCome()
 {
-    const QMutexLocker lock(&watch().mutex);
+    const std::lock_guard<std::mutex> lock(watch().mutex);
     return missingMessages().isEmpty();
 }
 
@@ -91,7 +93,7 @@ void PanelTest::prepareApplication()
 
 void PanelTest::beginWatch()
 {
-    const QMutexLocker lock(&watch().mutex);
+    const std::lock_guard<std::mutex> lock(watch().mutex);
     watch().expected.clear();
     watch().unexpected.clear();
     // The test library puts its own handler in place for each run; ours goes in front of it.
@@ -105,7 +107,7 @@ void PanelTest::endWatch()
     QStringList unexpected;
     QStringList missing;
     {
-        const QMutexLocker lock(&watch().mutex);
+        const std::lock_guard<std::mutex> lock(watch().mutex);
         unexpected = watch().unexpected;
         missing = missingMessages();
         watch().unexpected.clear();
