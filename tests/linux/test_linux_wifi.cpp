@@ -11,6 +11,8 @@ class TestLinuxWifi : public PanelTest
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup();
     void joinedNetworkIsRead();
     void linkComesAndGoes();
     void nameBetweenTwoAccessPoints();
@@ -28,15 +30,29 @@ private slots:
     void resetWhileItIsOff();
     void networksOfOthersAreNotForgotten();
     void wipedTextIsWipedForAll();
+
+private:
+    std::unique_ptr<WifiScene> m_scene;
 };
+
+void TestLinuxWifi::init()
+{
+    beginWatch();
+    m_scene = std::make_unique<WifiScene>();
+    QVERIFY(m_scene->isUp);
+}
+
+void TestLinuxWifi::cleanup()
+{
+    m_scene.reset();
+    endWatch();
+}
 
 void TestLinuxWifi::joinedNetworkIsRead()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70);
     scene.daemon.activate(scene.wifi.know("Office", QStringLiteral("its password")), FakeWifi::interface());
-    QVERIFY(scene.isUp);
     scene.startService();
     QVERIFY(!scene.link().isJoined); // nothing is known yet
     QVERIFY(scene.link().ssid == HMI::SSID{});
@@ -55,11 +71,10 @@ void TestLinuxWifi::joinedNetworkIsRead()
 
 void TestLinuxWifi::linkComesAndGoes()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     const QString point = scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QVERIFY(!scene.link().isJoined);
     scene.daemon.activate(profile, FakeWifi::interface());
     QTRY_VERIFY(scene.link().isJoined);
@@ -74,11 +89,10 @@ void TestLinuxWifi::linkComesAndGoes()
 
 void TestLinuxWifi::nameBetweenTwoAccessPoints()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     const QString point = scene.wifi.appear("Office", 70);
     scene.daemon.activate(scene.wifi.know("Office", QStringLiteral("its password")), FakeWifi::interface());
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QTRY_COMPARE(scene.link().strength, 70);
     scene.wifi.vanish(point);
     QTRY_COMPARE(scene.link().strength, 0);
@@ -88,11 +102,10 @@ void TestLinuxWifi::nameBetweenTwoAccessPoints()
 
 void TestLinuxWifi::radioIsSwitched()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
     const Sections before = scene.daemon.profile(profile);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     for (const bool on : {false, true, false}) {
         scene.enable(on, WifiActs::Place);
         QCOMPARE(scene.values(WifiActs::Place).enabled, on); // at once
@@ -110,9 +123,8 @@ void TestLinuxWifi::radioIsSwitched()
 
 void TestLinuxWifi::refusedSwitch()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    WifiScene &scene = *m_scene;
+    QVERIFY(scene.startWithWifi());
     scene.daemon.refuseProperties(true);
     expectMessage(QStringLiteral("WIFI stays as it is"));
     scene.enable(false, WifiActs::Place);
@@ -122,10 +134,9 @@ void TestLinuxWifi::refusedSwitch()
 
 void TestLinuxWifi::radioAndAddressesTogether()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     const QString profile = scene.adapter().profile;
@@ -143,10 +154,9 @@ void TestLinuxWifi::radioAndAddressesTogether()
 
 void TestLinuxWifi::addressesBelongToTheJoinedNetwork()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.forgetReports();
@@ -165,9 +175,8 @@ void TestLinuxWifi::addressesBelongToTheJoinedNetwork()
 
 void TestLinuxWifi::addressesWithoutANetworkAreRefused()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    WifiScene &scene = *m_scene;
+    QVERIFY(scene.startWithWifi());
     expectMessage(QStringLiteral("the panel keeps no network that they would be for"));
     scene.gather(WifiActs::Place, [](Wish &wish) { wish.dns = Dns{WifiScene::ip("9.9.9.9"), HMI::IP()}; });
     QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
@@ -177,12 +186,11 @@ void TestLinuxWifi::addressesWithoutANetworkAreRefused()
 
 void TestLinuxWifi::leaseOfTheJoinedNetwork()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.activate(profile, FakeWifi::interface());
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QTRY_VERIFY(scene.link().isJoined);
     scene.setDhcp(true, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
@@ -193,10 +201,9 @@ void TestLinuxWifi::leaseOfTheJoinedNetwork()
 
 void TestLinuxWifi::leaseWithoutANetwork()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.setDhcp(true, WifiActs::Place);
     QVERIFY(scene.waitForReports(1));
     QCOMPARE(scene.reports(), QVector<int>{SystemSet::DHCP_FAILED});
@@ -205,11 +212,10 @@ void TestLinuxWifi::leaseWithoutANetwork()
 
 void TestLinuxWifi::newNetworkTakesTheAddressesOver()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.gather(WifiActs::Place, [](Wish &wish) {
@@ -225,14 +231,13 @@ void TestLinuxWifi::newNetworkTakesTheAddressesOver()
 
 void TestLinuxWifi::resetForgetsEverything()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
     const QString wired =
         scene.daemon.addProfile(FakeNetworkManager::wiredProfile(QStringLiteral("a port"), {}));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
@@ -251,11 +256,10 @@ void TestLinuxWifi::resetForgetsEverything()
 
 void TestLinuxWifi::resetInMidJoin()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.resetNetworks();
@@ -268,13 +272,12 @@ void TestLinuxWifi::resetInMidJoin()
 
 void TestLinuxWifi::resetThatIsRefused()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.onCall(QStringLiteral("Delete"),
                         [&scene](const QDBusMessage &message) { return scene.daemon.refusal(message); });
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     expectMessage(QStringLiteral("a network stays known"));
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
@@ -284,10 +287,9 @@ void TestLinuxWifi::resetThatIsRefused()
 
 void TestLinuxWifi::resetWhileItIsOff()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.enable(false, WifiActs::Place);
     QTRY_VERIFY(!scene.hasWish(WifiActs::Place));
     scene.resetNetworks();
@@ -298,14 +300,13 @@ void TestLinuxWifi::resetWhileItIsOff()
 
 void TestLinuxWifi::networksOfOthersAreNotForgotten()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     Sections settings = newWifiSettings("Office", QStringLiteral("wlan1"), WifiSecurity::Psk);
     const QString ofAnotherDevice = scene.daemon.addProfile(settings);
     settings[QStringLiteral("connection")].remove(QStringLiteral("interface-name"));
     settings[wifiType()].insert(QStringLiteral("mode"), QStringLiteral("ap"));
     const QString ofOurs = scene.daemon.addProfile(settings); // which others join
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.resetNetworks();
     QVERIFY(scene.waitForLists(1));
     QCOMPARE(scene.daemon.profiles(), (QStringList{ofAnotherDevice, ofOurs}));

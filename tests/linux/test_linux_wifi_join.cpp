@@ -13,6 +13,8 @@ class TestLinuxWifiJoin : public PanelTest
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup();
     void newNetworkIsStoredOnceItIsJoined();
     void wrongPasswordLeavesNothing();
     void outcomes_data();
@@ -31,16 +33,31 @@ private slots:
     void switchedOffInMidJoin();
     void whatCannotBeJoined();
     void passwordsReachNoLog();
+
+private:
+    std::unique_ptr<WifiScene> m_scene;
 };
+
+void TestLinuxWifiJoin::init()
+{
+    beginWatch();
+    m_scene = std::make_unique<WifiScene>();
+    QVERIFY(m_scene->isUp);
+}
+
+void TestLinuxWifiJoin::cleanup()
+{
+    m_scene.reset();
+    endWatch();
+}
 
 void TestLinuxWifiJoin::newNetworkIsStoredOnceItIsJoined()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     const QByteArray name("\xff\xfe Hall", 7);
     scene.wifi.appear(name, 80);
     scene.daemon.setSteps(WifiScene::joins());
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined(name, "gr\xc3\xbcn und blau"), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(scene.reports().at(0), int(SystemSet::WIFI_CONNECTING));
     // Who is told may ask at once.
@@ -65,11 +82,10 @@ void TestLinuxWifiJoin::newNetworkIsStoredOnceItIsJoined()
 
 void TestLinuxWifiJoin::wrongPasswordLeavesNothing()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps(WifiScene::refuses());
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "not this one"), int(SystemSet::WIFI_WRONG_PASSWORD));
     QTRY_VERIFY(scene.daemon.profiles().isEmpty());
     QVERIFY(!scene.daemon.calls().contains(QStringLiteral("Update2"))); // it never was stored
@@ -117,12 +133,11 @@ void TestLinuxWifiJoin::outcomes()
     QFETCH(uint, security);
     QFETCH(bool, isHeard);
     QFETCH(int, outcome);
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     if (isHeard)
         scene.wifi.appear("Hall", 80, FakeWifi::Security(security));
     scene.daemon.setSteps(steps);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), outcome);
     QCOMPARE(scene.reports().size(), 2);
     const int stored = outcome == SystemSet::WIFI_CONNECTED ? 1 : 0;
@@ -132,52 +147,48 @@ void TestLinuxWifiJoin::outcomes()
 
 void TestLinuxWifiJoin::stepsOfTheActivationBefore()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
     scene.daemon.activate(scene.wifi.know("Office", QStringLiteral("its password")), FakeWifi::interface());
     Steps steps = {{110, 60}, {30, 60}, {120, 7}, {100, 0}};
     steps += WifiScene::joins();
     scene.daemon.setSteps(steps);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(bytesOf(scene.link().ssid), QByteArray("Hall"));
 }
 
 void TestLinuxWifiJoin::passwordThatNoNetworkCanHave()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.refuseNew(QStringLiteral("org.freedesktop.NetworkManager.Settings.Connection.InvalidProperty"),
                          QStringLiteral("802-11-wireless-security.psk: property is invalid"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "short"), int(SystemSet::WIFI_WRONG_PASSWORD));
 }
 
 void TestLinuxWifiJoin::refusedRequest()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.refuseNew(QStringLiteral("org.freedesktop.NetworkManager.PermissionDenied"),
                          QStringLiteral("Not authorized"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_OFFLINE));
 }
 
 void TestLinuxWifiJoin::refusedStoring()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.onCall(QStringLiteral("Update2"), [&scene](const QDBusMessage &message) {
         // A slow one: nothing is told any more after it.
         static_cast<void>(QTest::qWaitFor([&scene] { return scene.link().isJoined; }, WifiScene::Patience));
         return scene.daemon.refusal(message);
     });
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     expectMessage(QStringLiteral("the network is joined and not kept"));
     QCOMPARE(scene.joined("Hall", "a password"), int(SystemSet::WIFI_CONNECTED));
     QVERIFY(!scene.wifi.isStored(scene.daemon.profiles().constFirst()));
@@ -185,13 +196,12 @@ void TestLinuxWifiJoin::refusedStoring()
 
 void TestLinuxWifiJoin::attemptThatTakesTooLong()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.endLimit(QStringLiteral("joinLimit"));
@@ -212,12 +222,11 @@ void TestLinuxWifiJoin::attemptThatTakesTooLong()
 
 void TestLinuxWifiJoin::newAttemptReplacesTheOldOne()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.join("Hall", "another one"); // replaced before the daemon has answered
@@ -234,13 +243,12 @@ void TestLinuxWifiJoin::newAttemptReplacesTheOldOne()
 
 void TestLinuxWifiJoin::successOfTheAttemptBefore()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
     scene.daemon.setSteps({});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Office", "");
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.daemon.setSteps(WifiScene::isAbsent());
@@ -258,11 +266,10 @@ void TestLinuxWifiJoin::successOfTheAttemptBefore()
 
 void TestLinuxWifiJoin::attemptThatIsNotFollowed()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     scene.join({}, ""); // takes its place, and cannot be joined
     QVERIFY(scene.waitForReports(4));
@@ -272,11 +279,10 @@ void TestLinuxWifiJoin::attemptThatIsNotFollowed()
 
 void TestLinuxWifiJoin::networkThatGoesInMidJoin()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     const QString point = scene.wifi.appear("Hall", 80, FakeWifi::Sae);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     const WifiActs::Records *list = scene.scanned();
@@ -291,11 +297,10 @@ void TestLinuxWifiJoin::networkThatGoesInMidJoin()
 
 void TestLinuxWifiJoin::deviceIsPulledOutInMidJoin()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     QVERIFY(!scene.wifi.isStored(scene.daemon.profiles().constFirst())); // whatever comes, it goes by itself
@@ -309,11 +314,10 @@ void TestLinuxWifiJoin::deviceIsPulledOutInMidJoin()
 
 void TestLinuxWifiJoin::daemonGoesInMidJoin()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.daemon.vanish();
@@ -323,11 +327,10 @@ void TestLinuxWifiJoin::daemonGoesInMidJoin()
 
 void TestLinuxWifiJoin::switchedOffInMidJoin()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setSteps({{40, 0}, {50, 0}});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.join("Hall", "a password");
     QTRY_COMPARE(scene.adapter().deviceState, 50U);
     scene.daemon.setState(FakeWifi::interface(), Nm::Unavailable);
@@ -337,10 +340,9 @@ void TestLinuxWifiJoin::switchedOffInMidJoin()
 
 void TestLinuxWifiJoin::whatCannotBeJoined()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70, FakeWifi::Business);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Office", "a password"), int(SystemSet::WIFI_OFFLINE));
     QCOMPARE(scene.joined({}, "a password"), int(SystemSet::WIFI_OFFLINE));
     QSemaphore unheard;
@@ -371,7 +373,7 @@ void TestLinuxWifiJoin::passwordsReachNoLog()
         WifiScene &scene = *owner;
         scene.wifi.appear("Hall", 80);
         scene.daemon.setSteps(WifiScene::refuses());
-        QVERIFY(scene.isUp && scene.startWithWifi());
+        QVERIFY(scene.startWithWifi());
         QCOMPARE(scene.joined("Hall", "Xylophone-1"), int(SystemSet::WIFI_WRONG_PASSWORD));
         scene.wifi.refuseNew(
             QStringLiteral("org.freedesktop.NetworkManager.Settings.Connection.InvalidProperty"),

@@ -9,6 +9,8 @@ class TestLinuxWifiKnown : public PanelTest
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup();
     void knownNetworkByItsProfile();
     void keptPasswordOfAListIsTheProfile();
     void otherPasswordTakesThePlaceOfTheKeptOne();
@@ -16,15 +18,30 @@ private slots:
     void keptPasswordThatIsRefusedIsForgotten();
     void keptPasswordOutlivesASilentNetwork();
     void profileOfSomebodyElseStays();
+
+private:
+    std::unique_ptr<WifiScene> m_scene;
 };
+
+void TestLinuxWifiKnown::init()
+{
+    beginWatch();
+    m_scene = std::make_unique<WifiScene>();
+    QVERIFY(m_scene->isUp);
+}
+
+void TestLinuxWifiKnown::cleanup()
+{
+    m_scene.reset();
+    endWatch();
+}
 
 void TestLinuxWifiKnown::knownNetworkByItsProfile()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Office", ""), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(scene.daemon.calls(), QStringList{QStringLiteral("ActivateConnection")});
     QCOMPARE(scene.adapter().activeProfile, profile);
@@ -33,21 +50,19 @@ void TestLinuxWifiKnown::knownNetworkByItsProfile()
 
 void TestLinuxWifiKnown::keptPasswordOfAListIsTheProfile()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70);
     scene.wifi.know("Office", QStringLiteral("its password"));
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Office", "its password"), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(scene.daemon.calls(), QStringList{QStringLiteral("ActivateConnection")});
 }
 
 void TestLinuxWifiKnown::otherPasswordTakesThePlaceOfTheKeptOne()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the old one"), int(SystemSet::WIFI_CONNECTED));
     const QString old = scene.daemon.profiles().constFirst();
     QTRY_COMPARE(scene.adapter().profile, old);
@@ -61,10 +76,9 @@ void TestLinuxWifiKnown::otherPasswordTakesThePlaceOfTheKeptOne()
 
 void TestLinuxWifiKnown::otherPasswordThatIsRefusedLeavesTheKeptOne()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the old one"), int(SystemSet::WIFI_CONNECTED));
     const QString old = scene.daemon.profiles().constFirst();
     QTRY_COMPARE(scene.adapter().profile, old);
@@ -76,10 +90,9 @@ void TestLinuxWifiKnown::otherPasswordThatIsRefusedLeavesTheKeptOne()
 
 void TestLinuxWifiKnown::keptPasswordThatIsRefusedIsForgotten()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the old one"), int(SystemSet::WIFI_CONNECTED));
     QTRY_VERIFY(!scene.adapter().profile.isEmpty());
     scene.daemon.setSteps(WifiScene::refuses());
@@ -89,10 +102,9 @@ void TestLinuxWifiKnown::keptPasswordThatIsRefusedIsForgotten()
 
 void TestLinuxWifiKnown::keptPasswordOutlivesASilentNetwork()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80, FakeWifi::Sae);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Hall", "the right one"), int(SystemSet::WIFI_CONNECTED));
     const QString profile = scene.daemon.profiles().constFirst();
     QTRY_COMPARE(scene.adapter().profile, profile);
@@ -106,13 +118,12 @@ void TestLinuxWifiKnown::keptPasswordOutlivesASilentNetwork()
 
 void TestLinuxWifiKnown::profileOfSomebodyElseStays()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 70);
     const QString profile = scene.wifi.know("Office", QStringLiteral("its password"));
     const Sections before = scene.daemon.profile(profile);
     scene.daemon.setSteps(WifiScene::refuses());
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QCOMPARE(scene.joined("Office", ""), int(SystemSet::WIFI_WRONG_PASSWORD));
     QCOMPARE(scene.joined("Office", "another one"), int(SystemSet::WIFI_WRONG_PASSWORD));
     scene.daemon.setSteps(WifiScene::joins());

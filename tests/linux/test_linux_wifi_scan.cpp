@@ -21,6 +21,8 @@ class TestLinuxWifiScan : public PanelTest
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup();
     void networksAreListedStrongestFirst();
     void accessPointsOfOneNameAreOneNetwork();
     void namesOfEveryKind();
@@ -39,18 +41,33 @@ private slots:
     void scanBeforeAnythingIsKnown();
     void daemonGoesInMidScan();
     void deviceIsPulledOutInMidScan();
+
+private:
+    std::unique_ptr<WifiScene> m_scene;
 };
+
+void TestLinuxWifiScan::init()
+{
+    beginWatch();
+    m_scene = std::make_unique<WifiScene>();
+    QVERIFY(m_scene->isUp);
+}
+
+void TestLinuxWifiScan::cleanup()
+{
+    m_scene.reset();
+    endWatch();
+}
 
 void TestLinuxWifiScan::networksAreListedStrongestFirst()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("far", 20, FakeWifi::Psk);
     scene.wifi.appear("near", 90, FakeWifi::Sae);
     scene.wifi.appear("open", 50, FakeWifi::Open);
     scene.wifi.appear("old", 40, FakeWifi::Wep);
     scene.wifi.appear("loud", 255, FakeWifi::Business);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 5);
@@ -69,12 +86,11 @@ void TestLinuxWifiScan::networksAreListedStrongestFirst()
 
 void TestLinuxWifiScan::accessPointsOfOneNameAreOneNetwork()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 30);
     const QString strongest = scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Hall", 60);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 1);
@@ -87,8 +103,7 @@ void TestLinuxWifiScan::accessPointsOfOneNameAreOneNetwork()
 
 void TestLinuxWifiScan::namesOfEveryKind()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     const QByteArray longest(32, 'x');
     const QByteArray invalid("\xff\xfe\xd5\xc5", 4);
     scene.wifi.appear(longest, 90);
@@ -98,7 +113,7 @@ void TestLinuxWifiScan::namesOfEveryKind()
     scene.wifi.appear(QByteArray(7, '\0'), 50);
     scene.wifi.appear(QByteArray("cut\0here", 8), 40);
     scene.wifi.appear(QByteArray(33, 'y'), 30);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 3);
@@ -110,14 +125,13 @@ void TestLinuxWifiScan::namesOfEveryKind()
 
 void TestLinuxWifiScan::knownNetworkComesWithItsPassword()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 90);
     scene.wifi.appear("Hall", 80);
     scene.wifi.appear("Free", 70, FakeWifi::Open);
     const QString office = scene.wifi.know("Office", QStringLiteral("gr\u00fcn und blau"));
     scene.wifi.know("Free", {});
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(list->at(0).password, std::string("gr\xc3\xbcn und blau"));
@@ -130,12 +144,11 @@ void TestLinuxWifiScan::knownNetworkComesWithItsPassword()
 
 void TestLinuxWifiScan::passwordThatTheDaemonKeepsToItself()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 90);
     scene.wifi.know("Office", QStringLiteral("kept away"));
     scene.wifi.keepSecrets();
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QVERIFY(list->front().password.empty());
@@ -144,27 +157,25 @@ void TestLinuxWifiScan::passwordThatTheDaemonKeepsToItself()
 
 void TestLinuxWifiScan::passwordsAreFetchedForListsAlone()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 90);
     const QString profile = scene.wifi.know("Office", QStringLiteral("secret word"));
     scene.daemon.activate(profile, FakeWifi::interface());
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QTRY_VERIFY(scene.link().isJoined);
     QVERIFY(scene.wifi.asked().isEmpty());
 }
 
 void TestLinuxWifiScan::profileOfAnotherDeviceIsNotKnown()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Office", 90);
     Sections settings = newWifiSettings("Office", QStringLiteral("wlan1"), WifiSecurity::Psk);
     scene.daemon.addProfile(settings);
     settings[QStringLiteral("connection")].remove(QStringLiteral("interface-name"));
     settings[wifiType()].insert(QStringLiteral("mode"), QStringLiteral("ap"));
     scene.daemon.addProfile(settings);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->front().needsPassword), 1);
@@ -172,14 +183,13 @@ void TestLinuxWifiScan::profileOfAnotherDeviceIsNotKnown()
 
 void TestLinuxWifiScan::crowdIsReportedAtOnce()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     for (int i = 0; i < 200; ++i)
         scene.wifi.appear("network " + QByteArray::number(i), 1 + i % 100);
     for (int i = 0; i < 5; ++i)
         scene.wifi.know("network " + QByteArray::number(i), QStringLiteral("password %1").arg(i));
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     QVector<qint64> times;
     for (int round = 0; round < 9; ++round) {
         scene.scan();
@@ -203,11 +213,10 @@ void TestLinuxWifiScan::crowdIsReportedAtOnce()
 
 void TestLinuxWifiScan::refusedScanTellsWhatIsKnown()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Refused);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr);
     QCOMPARE(int(list->size()), 1);
@@ -215,10 +224,9 @@ void TestLinuxWifiScan::refusedScanTellsWhatIsKnown()
 
 void TestLinuxWifiScan::refusedScanWithoutNetworksFails()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.setScans(FakeWifi::Scans::Refused);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.scan();
     QVERIFY(scene.waitForLists(1));
     QVERIFY(scene.list() == nullptr);
@@ -226,9 +234,8 @@ void TestLinuxWifiScan::refusedScanWithoutNetworksFails()
 
 void TestLinuxWifiScan::nobodyIsHeard()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    WifiScene &scene = *m_scene;
+    QVERIFY(scene.startWithWifi());
     const WifiActs::Records *list = scene.scanned();
     QVERIFY(list != nullptr); // it has not failed
     QVERIFY(list->empty());
@@ -236,11 +243,10 @@ void TestLinuxWifiScan::nobodyIsHeard()
 
 void TestLinuxWifiScan::scanThatNeverEnds()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.scan();
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     expectMessage(QStringLiteral("the scan does not end; what was heard before has to do"));
@@ -252,11 +258,10 @@ void TestLinuxWifiScan::scanThatNeverEnds()
 
 void TestLinuxWifiScan::manyWhoAskShareOneScan()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     for (int i = 0; i < 3; ++i)
         scene.scan();
     scene.act([](Wifi *wifi) { wifi->scan({}); }); // of which nobody wants to hear
@@ -268,10 +273,9 @@ void TestLinuxWifiScan::manyWhoAskShareOneScan()
 
 void TestLinuxWifiScan::scanWhileItIsOff()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.enable(false, WifiActs::Place);
     scene.scan(); // at once: what is asked for holds already
     QVERIFY(scene.waitForLists(1));
@@ -281,13 +285,12 @@ void TestLinuxWifiScan::scanWhileItIsOff()
 
 void TestLinuxWifiScan::scanOfADeviceThatComesUp()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.daemon.setState(FakeWifi::interface(), Nm::Unavailable);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.scan();
-    QTest::qWait(100);
+    QVERIFY(scene.waitForWorker());
     QCOMPARE(int(scene.listCount()), 0);
     scene.daemon.setState(FakeWifi::interface(), Nm::Disconnected);
     QVERIFY(scene.waitForLists(1));
@@ -296,10 +299,8 @@ void TestLinuxWifiScan::scanOfADeviceThatComesUp()
 
 void TestLinuxWifiScan::scanBeforeAnythingIsKnown()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
-    QVERIFY(scene.isUp);
     scene.startService();
     scene.scan();
     QVERIFY(scene.waitForLists(1));
@@ -309,11 +310,10 @@ void TestLinuxWifiScan::scanBeforeAnythingIsKnown()
 
 void TestLinuxWifiScan::daemonGoesInMidScan()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.scan();
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.daemon.vanish();
@@ -323,11 +323,10 @@ void TestLinuxWifiScan::daemonGoesInMidScan()
 
 void TestLinuxWifiScan::deviceIsPulledOutInMidScan()
 {
-    const auto owner = std::make_unique<WifiScene>();
-    WifiScene &scene = *owner;
+    WifiScene &scene = *m_scene;
     scene.wifi.appear("Hall", 80);
     scene.wifi.setScans(FakeWifi::Scans::Silent);
-    QVERIFY(scene.isUp && scene.startWithWifi());
+    QVERIFY(scene.startWithWifi());
     scene.scan();
     QTRY_VERIFY(!scene.daemon.calls().isEmpty());
     scene.wifi.pullOut();
