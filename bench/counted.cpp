@@ -10,7 +10,6 @@
 #include <QtGui/QGuiApplication>
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -74,7 +73,7 @@ int main(int argc, char **argv)
     passTime(3 * second);
     waitForMiddleOfSecond();
     polls = 0;
-    counted(std::atoi(argv[2]));
+    counted(application.arguments().value(2).toInt());
     std::printf("%d\n", polls);
     return 0;
 }
