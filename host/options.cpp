@@ -169,8 +169,8 @@ QString Options::help()
         "                     a name without a slash is searched where the system has its\n"
         "                     libraries, so write ./FILE for one in the current directory\n"
         "  --tour DIR         walk the screen by real clicks, without a display, and put\n"
-        "                     numbered pictures into DIR; fails on any warning. The panel\n"
-        "                     needs all five adapters and the networks of the default one\n"
+        "                     numbered pictures into DIR; fails on any warning. What the panel\n"
+        "                     has no adapter for is left out\n"
         "  --vnc [PORT]       no window: serve VNC on the loopback address (5900)\n"
         "  --help             this\n");
 }

@@ -37,9 +37,10 @@ AdapterWriter::AdapterWriter(std::size_t place, Sections blank, const State *sta
     , m_activation(this)
     , m_requests(std::make_unique<QObject>(this))
 {
+    m_gather.setObjectName(QStringLiteral("gather"));
     m_gather.setSingleShot(true);
     m_gather.setInterval(g_gatherTime);
-    connect(&m_gather, &QTimer::timeout, this, &AdapterWriter::write);
+    connect(&m_gather, &QTimer::timeout, this, &AdapterWriter::writeGathered);
     m_grace.setSingleShot(true);
     m_grace.setInterval(g_graceTime);
     connect(&m_grace, &QTimer::timeout, this,
@@ -73,7 +74,16 @@ void AdapterWriter::interrupt()
 
 void AdapterWriter::gather()
 {
+    m_gathered = m_state->read()->wishes.at(m_place).number;
     m_gather.start();
+}
+
+void AdapterWriter::writeGathered()
+{
+    // Whose first half alone is wished by now is still being asked for: its gather() is on its way.
+    const bool isWhole = m_state->read()->wishes.at(m_place).number <= m_gathered;
+    if (isWhole && !m_gather.isActive())
+        write();
 }
 
 void AdapterWriter::finish()
@@ -341,8 +351,12 @@ void AdapterWriter::published()
 {
     if (std::exchange(m_settling, false))
         m_writing = false;
-    if (!m_writing && std::exchange(m_again, false))
-        write();
+    if (!m_writing && std::exchange(m_again, false)) {
+        if (m_activateAsked)
+            write();
+        else
+            writeGathered();
+    }
     if (!m_grace.isActive())
         return;
     const std::shared_ptr<const Snapshot> snapshot = m_state->read();

@@ -55,6 +55,7 @@ signals:
     void settled(quint64 number);
 
 private:
+    void writeGathered();
     void switchRadio();
     void proceed();
     ProfileValues wanted(const AdapterState &now, const Wish &wish);
@@ -90,6 +91,7 @@ private:
     std::vector<OnDhcp> m_done;          ///< told when the activation ends
     int m_endRound = 0;                  ///< of the snapshot when it did
     // For the next write.
+    quint64 m_gathered = 0; ///< the newest wish when gather() was last called
     std::vector<OnDhcp> m_asked;
     bool m_activateAsked = false;
     bool m_again = false;

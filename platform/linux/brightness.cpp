@@ -42,18 +42,17 @@ Brightness::Brightness(Root root, const Config &config, Later later)
     m_maximum = std::max(1, numberIn(m_root.read(m_device + QStringLiteral("/max_brightness"))));
     m_minimum = std::min(config.backlightMinimum, m_maximum);
     m_level = levelOf(numberIn(m_root.read(m_device + QStringLiteral("/brightness"))));
-    if (isSaved && saved != m_level && !m_root.isReadOnly()) {
+    if (isSaved && saved != m_level && !m_root.isReadOnly() && write(saved))
         m_level = saved;
-        write(saved);
-    }
 }
 
 void Brightness::setLevel(int level, bool save)
 {
     if (level < SystemSet::BRIGHT_MIN || level > SystemSet::BRIGHT_MAX)
         return;
+    if (!write(level))
+        return;
     m_level = level;
-    write(level);
     if (!save)
         return;
     m_later([root = m_root, file = m_stateFile, level] {
@@ -90,14 +89,15 @@ int Brightness::levelOf(int raw) const
                       int(SystemSet::BRIGHT_MAX));
 }
 
-void Brightness::write(int level)
+bool Brightness::write(int level)
 {
     if (m_device.isEmpty() ||
         m_root.tell(m_device + QStringLiteral("/brightness"), QByteArray::number(rawOf(level))))
-        return;
+        return true;
     if (!m_failed)
         qCWarning(deviceLog, "the backlight %s may not be written", qPrintable(m_device));
     m_failed = true;
+    return false;
 }
 
 } // namespace HmiLinux

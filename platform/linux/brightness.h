@@ -24,7 +24,8 @@ private:
     QString chooseDevice(const QString &wanted) const;
     int rawOf(int level) const;
     int levelOf(int raw) const;
-    void write(int level);
+    /// Whether it is in force.
+    bool write(int level);
 
     Root m_root;
     Later m_later;

@@ -3,6 +3,7 @@
 #include "linux/log.h"
 #include "linux/worker.h"
 
+#include <atomic>
 #include <chrono>
 #include <future>
 
@@ -15,6 +16,11 @@ namespace {
 // The operator waits for it, and timedated may have to be started first.
 constexpr std::chrono::milliseconds g_clockLimit{1000};
 
+struct ClockWait {
+    std::promise<bool> outcome;
+    std::atomic<bool> hasEnded{false};
+};
+
 } // namespace
 
 bool SystemSet::setSystemTime(long seconds)
@@ -22,14 +28,16 @@ bool SystemSet::setSystemTime(long seconds)
     if (!Clock::canHold(seconds) ||
         d->onlyTells(QStringLiteral("set the clock to %1 s since 1970").arg(seconds)))
         return false;
-    const auto outcome = std::make_shared<std::promise<bool>>();
-    std::future<bool> set = outcome->get_future();
-    d->service.later([this, seconds, outcome] {
-        d->service.worker().clock().set(seconds,
-                                        [outcome](bool succeeded) { outcome->set_value(succeeded); });
+    const auto waiting = std::make_shared<ClockWait>();
+    std::future<bool> set = waiting->outcome.get_future();
+    d->service.later([this, seconds, waiting] {
+        d->service.worker().clock().set(
+            seconds, [waiting](bool succeeded) { waiting->outcome.set_value(succeeded); },
+            [waiting] { return !waiting->hasEnded; });
     });
     if (set.wait_for(g_clockLimit) == std::future_status::ready)
         return set.get();
+    waiting->hasEnded = true;
     qCWarning(clockLog, "timedated does not answer in time");
     return false;
 }

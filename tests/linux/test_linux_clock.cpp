@@ -27,6 +27,7 @@ private slots:
     void cleanup();
     void timeIsSet();
     void networkTimeIsStopped();
+    void nobodyWaitsAnyMore();
     void refusedTimeIsToldOnce();
     void impossibleTimesAreNotAsked();
     void nobodyThere();
@@ -38,10 +39,12 @@ private:
     {
         Clock clock(m_connection.get());
         std::optional<bool> outcome;
-        clock.set(seconds, [&outcome](bool succeeded) { outcome = succeeded; });
+        clock.set(
+            seconds, [&outcome](bool succeeded) { outcome = succeeded; }, [this] { return m_isWanted; });
         return QTest::qWaitFor([&outcome] { return outcome.has_value(); }, 30000) && *outcome;
     }
 
+    bool m_isWanted = true;
     std::unique_ptr<PrivateBus> m_bus;
     std::unique_ptr<FakeObjects> m_daemon;
     std::unique_ptr<Bus> m_connection;
@@ -50,6 +53,7 @@ private:
 void TestLinuxClock::init()
 {
     beginWatch();
+    m_isWanted = true;
     m_bus = std::make_unique<PrivateBus>();
     QVERIFY(m_bus->start());
     m_daemon = std::make_unique<FakeObjects>();
@@ -101,6 +105,24 @@ void TestLinuxClock::networkTimeIsStopped()
     QVERIFY(!isKept);
     QCOMPARE(m_daemon->calls().count(QStringLiteral("SetNTP")), 1);
     QCOMPARE(m_daemon->calls().count(QStringLiteral("SetTime")), 4);
+}
+
+void TestLinuxClock::nobodyWaitsAnyMore()
+{
+    QVERIFY(m_daemon->publish(m_bus->address(), timedate()));
+    m_daemon->onCall(QStringLiteral("SetTime"), [](const QDBusMessage &message) {
+        return message.createErrorReply(QStringLiteral("org.freedesktop.timedate1.AutomaticTimeSyncEnabled"),
+                                        QStringLiteral("Automatic time synchronization is enabled"));
+    });
+    m_daemon->onCall(QStringLiteral("SetNTP"), [this](const QDBusMessage &message) {
+        m_isWanted = false; // it took too long
+        return message.createReply();
+    });
+    QVERIFY(!set(1700000000));
+    QCOMPARE(m_daemon->calls(), (QStringList{QStringLiteral("SetTime"), QStringLiteral("SetNTP")}));
+    // A daemon that was started too slowly is not asked at all.
+    QVERIFY(!set(1700000000));
+    QCOMPARE(m_daemon->calls().size(), 2);
 }
 
 void TestLinuxClock::refusedTimeIsToldOnce()

@@ -37,6 +37,7 @@ private slots:
     void brightnessCoversTheRange();
     void brightnessIsKeptOnlyOnceSaved();
     void brightnessOutOfRangeChangesNothing();
+    void brightnessThatMayNotBeWritten();
     void brightnessWithoutDevice();
     void serialNumberOfTheDeviceTree();
     void serialNumberOfAFile();
@@ -129,6 +130,21 @@ void TestLinuxDevices::brightnessOutOfRangeChangesNothing()
         QCOMPARE(brightness.level(), 9);
         QCOMPARE(raw(), before);
     }
+}
+
+void TestLinuxDevices::brightnessThatMayNotBeWritten()
+{
+    const QString device = QStringLiteral("/sys/class/backlight/panel");
+    m_panel->put(device + QStringLiteral("/max_brightness"), "255\n");
+    QVERIFY(QDir().mkpath(m_panel->root().path(device + QStringLiteral("/brightness"))));
+    expectMessage(QStringLiteral("the backlight /sys/class/backlight/panel may not be written"));
+    Brightness brightness(m_panel->root(), m_config, atOnce());
+    const int before = brightness.level();
+    for (const int level : {SystemSet::BRIGHT_MAX, SystemSet::Bright(16)}) {
+        brightness.setLevel(level, true);
+        QCOMPARE(brightness.level(), before);
+    }
+    QVERIFY(!m_panel->root().read(m_config.stateDirectory + QStringLiteral("/brightness")));
 }
 
 void TestLinuxDevices::brightnessWithoutDevice()

@@ -1,6 +1,9 @@
 #include "tests/linux/networkscene.h"
 #include "tests/linux/text.h"
 
+#include <atomic>
+#include <future>
+
 using namespace HmiLinux;
 using HMI::SystemSet;
 
@@ -14,6 +17,7 @@ private slots:
     void cleanup();
     void requestsInARowAreAllAnswered();
     void profileIsMadeOnce();
+    void whatIsHalfAskedForWaits();
     void roundsLeaveNothingBehind();
     void daemonGoneInTheMiddle();
     void adapterThatIsNotThere();
@@ -67,6 +71,27 @@ void TestLinuxRequests::profileIsMadeOnce()
     QCOMPARE(m_scene->daemon.calls().count(text("AddConnection2")), 1);
     QVERIFY(m_scene->values().dhcp);
     QVERIFY(m_scene->values().enabled);
+}
+
+void TestLinuxRequests::whatIsHalfAskedForWaits()
+{
+    QVERIFY(m_scene->giveProfile());
+    const Addresses wanted{NetworkScene::ip("192.168.50.77"), maskOf(24), NetworkScene::ip("192.168.50.1")};
+    m_scene->gather(0, [](Wish &wish) { wish.dns = Dns{NetworkScene::ip("9.9.9.9"), HMI::IP()}; });
+    // The time of gathering is over in the middle of what the operator's page writes.
+    const auto ends = std::make_shared<std::atomic<int>>(0);
+    m_scene->service->later([this, wanted, ends] {
+        m_scene->service->wish(0, true, [&wanted](Wish &wish) { wish.ip = wanted.ip; });
+        auto *gathering = m_scene->service->worker().network().writer(0)->findChild<QTimer *>(text("gather"));
+        QObject::connect(gathering, &QTimer::timeout, gathering, [ends] { ++*ends; });
+        gathering->start(0);
+    });
+    QTRY_VERIFY(*ends > 0);
+    m_scene->gather(0, [&wanted](Wish &wish) { wish.mask = wanted.mask; });
+    m_scene->gather(0, [&wanted](Wish &wish) { wish.gateway = wanted.gateway; });
+    QVERIFY(m_scene->waitForWishes());
+    QVERIFY(m_scene->values().stored == wanted);
+    QCOMPARE(m_scene->daemon.calls().count(text("Update2")), 1);
 }
 
 void TestLinuxRequests::roundsLeaveNothingBehind()

@@ -56,7 +56,7 @@ class Examples:
         self.cmake, self.prefix, self.sources = cmake, prefix, sources
         self.plugins, self.work = plugins, work
         self.plugin_directory = next(prefix.rglob("libpanelsettings.so")).parent
-        self.simulator_directory = next(prefix.rglob("libhmisystemset.so")).parent
+        self.simulator_directory = next(prefix.rglob("simulator/libhmisystemset.so")).parent
 
     def build(self, name, **definitions):
         build = self.work / "build" / name
@@ -140,6 +140,19 @@ class Examples:
         if said != (self.sources / "simulator/journal.txt").read_text(encoding="utf-8"):
             raise Failure(f"not the journal that is told of: {said}")
 
+    def check_unit(self):
+        """What starts the screen with a device names what is installed, and options that the host has."""
+        unit = self.sources / "linux/panel.service"
+        lines = [line.partition("=") for line in unit.read_text(encoding="utf-8").splitlines()]
+        settings = dict(word.split("=", 1) for key, _, value in lines if key == "Environment" for word in value.split())
+        service = next(self.prefix.rglob("linux/libhmisystemset.so")).parent
+        if pathlib.Path(settings["LD_LIBRARY_PATH"]).parts[-2:] != service.parts[-2:]:
+            raise Failure(f"{unit}: the service is in {service}")
+        (command,) = [value for key, _, value in lines if key == "ExecStart"]
+        program, *options = command.split()
+        run(self.prefix / pathlib.Path(program).relative_to("/usr"), *options, "--help")
+        print(f"{unit.name}: {command}")
+
 
 def main():
     cmake, *paths = sys.argv[1:]
@@ -150,6 +163,7 @@ def main():
             examples.check_service_and_hosts()
             examples.check_scenarios()
             examples.check_journal(journal)
+            examples.check_unit()
         except Failure as failure:
             print(failure)
             return 1

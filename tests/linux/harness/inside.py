@@ -43,13 +43,15 @@ def main():
 def supervise(options):
     try:
         prepare(options)
+        ports.plug_in()
+        shield = mounts.Shield(["/run", "/var/lib", places.LOGS])
         bring_up(options)
     except (DaemonError, OSError, subprocess.CalledProcessError) as error:
         print(f"nm-harness: {error}", file=sys.stderr)
         return FAILED
     if options.verbose:
         print(f"nm-harness: up after {1000 * (time.time() - options.begun):.0f} ms", file=sys.stderr)
-    return run(options.command)
+    return run(options.command, shield)
 
 
 def prepare(options):
@@ -57,10 +59,8 @@ def prepare(options):
     mounts.arrange([HERE.parents[2], os.getcwd(), options.packages, *options.keep, *filter(None, [options.logs])])
     for directory in (places.BIN, places.PROFILES, places.BUS_SOCKET.parent, pathlib.Path("/var/lib/NetworkManager")):
         directory.mkdir(parents=True, exist_ok=True)
-    if options.logs:
-        places.LOGS.symlink_to(options.logs)
-    else:
-        places.LOGS.mkdir()
+    places.LOGS.mkdir()
+    mounts.bind(options.logs or places.LOGS, places.LOGS)
     session = places.HOME / "session"
     session.mkdir(mode=0o700)
     for variable in ("DBUS_SESSION_BUS_ADDRESS", "DBUS_STARTER_ADDRESS", "NOTIFY_SOCKET"):
@@ -75,7 +75,6 @@ def prepare(options):
 
 def bring_up(options):
     unpacked = Unpacked(pathlib.Path(options.packages))
-    ports.plug_in()
     bus = Bus()
     if options.scripted:
         manager = ScriptedManager(unpacked)
@@ -129,9 +128,13 @@ def offer_commands(unpacked):
         script.chmod(0o755)
 
 
-def run(command):
+def run(command, shield):
+    def become_command():
+        shield.leave()
+        signal.signal(signal.SIGINT, signal.SIG_DFL)
+
     try:
-        code = subprocess.call(command, preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+        code = subprocess.call(command, preexec_fn=become_command)
     except OSError as error:
         print(f"nm-harness: {command[0]}: {error.strerror}", file=sys.stderr)
         return NOT_FOUND

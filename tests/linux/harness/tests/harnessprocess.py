@@ -14,14 +14,14 @@ SKIPPED = 77
 class Run:
     """One run of nm-harness. All that it starts has a mark in its environment, by which it is found from outside."""
 
-    def __init__(self, command, user=(), options=(), **changes):
+    # Where every user can be.
+    def __init__(self, command, user=(), options=(), directory="/", **changes):
         self._mark = f"PANEL_HARNESS_MARK={uuid.uuid4()}"
         name, _, value = self._mark.partition("=")
         self.process = subprocess.Popen(
             [*user, HARNESS, *options, *command],
             env=dict(os.environ, **{name: value}, **changes),
-            # Where every user can be.
-            cwd="/",
+            cwd=directory,
             stdin=subprocess.PIPE,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,

@@ -10,6 +10,10 @@ import machine
 from insider import lines_of, tell
 
 NETWORKS = {"lan0": "192.168.50", "lan1": "192.168.60"}
+SERVICES = ("nm", "bus", "dhcp-lan0", "dhcp-lan1")
+# In memory, or the sandbox's own of what the kernel keeps.
+WRITABLE = {"/run", "/var/lib", "/dev", "/proc/sys/net", "/run/harness/logs"}
+PROJECT = pathlib.Path(__file__).resolve().parents[4]
 
 
 def manager_states():
@@ -55,6 +59,29 @@ class Inside(insider.Insider):
         links = [line.split(":")[1].split("@")[0].strip() for line in lines_of("ip", "-oneline", "link")]
         self.assertEqual(sorted(links), ["lan0", "lan1", "lo"])
         self.assertIsNotNone(lines_of("far", "ip", "link", "show", "dev", "lan0-far"))
+
+    def test_services_can_write_nothing_of_the_machine_s(self):
+        for service in SERVICES:
+            process = f"/proc/{tell('pid', service)[0]}"
+            root = f"{process}/root"
+            for place in ("/", "/etc", "/usr", "/tmp", "/var/tmp", "/proc/sys/kernel", PROJECT, os.getcwd()):
+                with self.subTest(service=service, place=place):
+                    self.expect_refusal(f"{root}{place}")
+            with self.subTest(service=service):
+                mounts = [line.split()[4:6] for line in lines_of("cat", f"{process}/mountinfo")]
+                open_ones = {place for place, options in mounts if "ro" not in options.split(",")}
+                self.assertEqual(open_ones - WRITABLE, set())
+                # A device is written to wherever it lies.
+                self.assertLessEqual(set(os.listdir(f"{root}/dev")), {"full", "null", "random", "urandom", "zero"})
+
+    def expect_refusal(self, directory):
+        left = pathlib.Path(directory, "left-behind-by-a-service")
+        try:
+            left.touch(exist_ok=False)
+        except OSError:
+            return
+        left.unlink()
+        self.fail(f"{left} could be made")
 
     def test_cable_is_pulled_and_put_back(self):
         tell("cable", "lan0", "out")

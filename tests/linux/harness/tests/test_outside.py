@@ -126,6 +126,13 @@ class Outside:
         self.assertEqual(code, 127)
         self.assertIn("there-is-no-such-command: ", errors)
 
+    def test_the_command_writes_where_it_is_called(self):
+        with tempfile.TemporaryDirectory() as directory:
+            os.chmod(directory, 0o777)
+            with Run(["sh", "-c", "pwd >written"], self.user, directory=directory) as run:
+                self.assertEqual(run.end(), (0, "", ""))
+            self.assertEqual(pathlib.Path(directory, "written").read_text(encoding="utf-8"), f"{directory}\n")
+
     def test_logs_are_kept(self):
         with tempfile.TemporaryDirectory() as directory:
             os.chmod(directory, 0o777)
