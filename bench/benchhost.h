@@ -27,8 +27,9 @@ public:
     explicit BenchHost(const QSize &size = {1024, 600});
     ~BenchHost();
 
+    enum class Imports { Quick, Controls };
     /// Shows the host's own empty page; returns when its first frame was painted.
-    void showEmpty();
+    void showEmpty(Imports imports = Imports::Controls);
     /// Loads the plug-in and builds the screen, hidden.
     void loadScreen();
     /// open(), and returns when the first frame with it was painted.
@@ -40,7 +41,7 @@ public:
     QQuickWindow *window() const { return m_window.get(); }
 
     /// Runs @p action and the event loop until the next frame after it was
-    /// painted; the nanoseconds that took. Ends the bench when no frame comes in 5 s.
+    /// painted; the nanoseconds that took. Ends the bench when no frame comes in a minute: callgrind makes all of it slow.
     qint64 untilPainted(const std::function<void()> &action);
     /// A click in the middle of the visible text that reads @p text, in the given part of the screen: the
     /// nanoseconds from the click until what it does was painted, as of untilPainted(). Looking for the text is
@@ -48,7 +49,8 @@ public:
     qint64 tapText(QQuickItem *below, const QString &text);
     QQuickItem *menu() const;
 
-    /// Memory that this process alone has dirtied, in KiB.
+    /// Memory that this process alone has and has written to, in KiB. What is only read is not in it: whether that is
+    /// this process's alone depends on who else runs.
     static qint64 privateMemory();
     static double median(std::vector<double> values);
     /// Prints one line of JSON.

@@ -176,6 +176,9 @@ void CIpInput::setIp(const QString &ip)
 
 void CIpInput::refreshIp(const QString &ip)
 {
+    // Most readings find nothing new, and the fields show what is stored unless somebody is typing.
+    if (!m_editing && ip == m_ip)
+        return;
     const std::optional<quint32> address = addressIn(ip);
     if (!address)
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/panel.h"
+#include "shell/base/firsticons.h"
 #include "shell/base/focusloan.h"
 #include "shell/base/hostoptions.h"
 
@@ -125,6 +126,7 @@ private:
     void addCard(Cards card);
 
     HostOptions m_options;
+    FirstIcons m_icons;
     Panel m_panel{this};
     FocusLoan m_focus{this};
     bool m_isFocusDue = false;

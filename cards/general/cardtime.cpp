@@ -40,16 +40,32 @@ void CardTime::componentComplete()
 
 void CardTime::updateDateTime()
 {
-    const QDateTime now = QDateTime::currentDateTime();
+    const qint64 second = QDateTime::currentSecsSinceEpoch();
     const QLocale locale = GlobalInfo::instance().locale();
-    const QString text = QStringLiteral("%1 %2 %3")
-                             .arg(locale.toString(now.date(), QStringLiteral("yyyy/MM/dd")),
-                                  locale.toString(now.date(), QStringLiteral("ddd")),
-                                  locale.toString(now.time(), QStringLiteral("hh:mm:ss")));
-    if (text == m_currentDateTime)
+    // Each second reads otherwise than the one before; within it only the language can make another text.
+    if (second == m_second && (locale == m_locale || currentDateTime() == textOf(second, locale)))
         return;
-    m_currentDateTime = text;
+    m_second = second;
+    m_locale = locale;
+    m_text.clear();
     emit currentDateTimeChanged();
+}
+
+QString CardTime::currentDateTime() const
+{
+    // Not at each tick: behind a closed screen nobody reads it.
+    if (m_text.isEmpty())
+        m_text = textOf(m_second, m_locale);
+    return m_text;
+}
+
+QString CardTime::textOf(qint64 second, const QLocale &locale)
+{
+    const QDateTime moment = QDateTime::fromSecsSinceEpoch(second);
+    return QStringLiteral("%1 %2 %3")
+        .arg(locale.toString(moment.date(), QStringLiteral("yyyy/MM/dd")),
+             locale.toString(moment.date(), QStringLiteral("ddd")),
+             locale.toString(moment.time(), QStringLiteral("hh:mm:ss")));
 }
 
 void CardTime::catchUp()

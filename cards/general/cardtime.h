@@ -3,6 +3,7 @@
 #include "controls/basecard.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QLocale>
 
 namespace QSP {
 
@@ -21,7 +22,7 @@ public:
     ~CardTime() override;
 
     /// In the language of the screen, for example "2026/03/09 Mon 14:05:00".
-    QString currentDateTime() const { return m_currentDateTime; }
+    QString currentDateTime() const;
     /// In pixels; the card's other sizes are fractions of it.
     qreal timeTitleRowHeight() const { return m_titleRowHeight; }
 
@@ -46,8 +47,14 @@ private:
     void addDialog();
     void setSystemTime(const QDateTime &dateTime);
 
+    static QString textOf(qint64 second, const QLocale &locale);
+
     SecondTimer *m_refreshTimer;
-    QString m_currentDateTime;
+    /// What is shown: the seconds since 1970 and the language.
+    qint64 m_second = -1;
+    QLocale m_locale;
+    /// The text for them, once somebody has asked.
+    mutable QString m_text;
     qreal m_titleRowHeight = 54.0;
     TimeEditPopup *m_dialog = nullptr;
 };

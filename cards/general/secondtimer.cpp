@@ -1,6 +1,6 @@
 #include "cards/general/secondtimer.h"
 
-#include <QtCore/QTime>
+#include <QtCore/QDateTime>
 #include <QtCore/QTimerEvent>
 
 namespace QSP {
@@ -13,9 +13,15 @@ constexpr int second = 1000;
 constexpr int aim = 5;
 constexpr int latest = 20;
 
+// All time zones agree on it, and none has to be worked out.
+int millisecondOfSecond()
+{
+    return static_cast<int>(QDateTime::currentMSecsSinceEpoch() % second);
+}
+
 int millisecondsUntil(int millisecond)
 {
-    const int until = millisecond - QTime::currentTime().msec();
+    const int until = millisecond - millisecondOfSecond();
     return until > 0 ? until : until + second;
 }
 
@@ -35,7 +41,7 @@ void SecondTimer::startOnTheSecond()
 bool SecondTimer::isOnTheSecond() const
 {
     // What counts is when the next tick falls due. That this one is handled late may be for once.
-    const int next = (QTime::currentTime().msec() + remainingTime()) % second;
+    const int next = (millisecondOfSecond() + remainingTime()) % second;
     return next > 0 && next <= latest;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/base/embeddedcomponent.h"
 
 #include "shell/base/globalinfo.h"
+#include "shell/base/icon.h"
 #include "shell/base/palette.h"
 
 #include <QtQml/QQmlContext>
@@ -50,6 +51,7 @@ void EmbeddedComponent::load(const QUrl &url, QQmlEngine *engine, QQmlComponent:
 {
     if (m_component && m_component->engine() == engine)
         return;
+    Icon::registerType();
     Palette::registerForDocuments();
     m_component = engine && !url.isEmpty() ? new QQmlComponent(engine, url, mode, engine) : nullptr;
     m_isReported = false;

@@ -41,9 +41,11 @@ void TestTypes::registersLazily()
     QStringList expected{QStringLiteral("AppRootItem"), QStringLiteral("BeepButton")};
     QCOMPARE(registeredTypes(), expected);
 
-    // What the first page needs of the toolkit's controls, without importing their module, and the colours.
+    // What the first page needs of the toolkit's controls, without importing their module, the colours and
+    // the icons.
     constexpr char toolkit[] = "QQuickSystemSet.Toolkit";
-    QCOMPARE(registeredTypes(toolkit), (QStringList{QStringLiteral("Palette"), QStringLiteral("ScrollBar")}));
+    QCOMPARE(registeredTypes(toolkit),
+             (QStringList{QStringLiteral("Icon"), QStringLiteral("Palette"), QStringLiteral("ScrollBar")}));
 
     // A page brings exactly its own types; a second showing brings none.
     const QVector<QPair<QString, QStringList>> pages{
@@ -72,8 +74,9 @@ void TestTypes::registersLazily()
         }
     }
 
-    QCOMPARE(registeredTypes(toolkit), (QStringList{QStringLiteral("Palette"), QStringLiteral("ScrollBar"),
-                                                    QStringLiteral("StepSlider")}));
+    QCOMPARE(registeredTypes(toolkit),
+             (QStringList{QStringLiteral("Icon"), QStringLiteral("Palette"), QStringLiteral("ScrollBar"),
+                          QStringLiteral("StepSlider")}));
 
     fixture.tapMenu(QStringLiteral("Network"));
     fixture.tapText(QStringLiteral("Wi-Fi"));

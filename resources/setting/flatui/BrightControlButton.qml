@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QQuickSystemSet 1.0
+import QQuickSystemSet.Toolkit 1.0 as Toolkit
 
 BrightButton {
     id: _button
@@ -12,7 +13,7 @@ BrightButton {
     width: buttonSize
     height: buttonSize
 
-    background: Image {
+    background: Toolkit.Icon {
         source: _button.iconSource
         fillMode: Image.PreserveAspectFit
         opacity: _button.pressFade

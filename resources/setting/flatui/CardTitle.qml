@@ -10,7 +10,7 @@ Item {
     property alias label: _label
     property real margin: _label.font.pixelSize
 
-    Image {
+    Toolkit.Icon {
         id: _icon
 
         anchors.left: _row.left

@@ -14,7 +14,7 @@ BeepButton {
         radius: 12
     }
 
-    Image {
+    Toolkit.Icon {
         id: _icon
 
         anchors.verticalCenter: _button.verticalCenter
