@@ -188,7 +188,7 @@ class Looking(OverVnc):
         viewer.click(1024 + FRAME // 2, 300)
         self.assertTrue(viewer.wait_until(lambda: viewer.pixel(2, 597) == PAGE))
 
-    def test_several_look_on(self):
+    def test_nobody_sends_another_away(self):
         process = self.start()
         port = port_of(process)
         first, second = self.viewer(port), self.viewer(port)
@@ -253,6 +253,9 @@ class Ending(OverVnc):
 
     def test_by_the_terminal(self):
         process, family, _ = self.shown(start_new_session=True)
+        # It would end them in any order, and the host twice.
+        for name, (pid, _) in family.items():
+            self.assertNotEqual(os.getpgid(pid), process.pid, name)
         os.killpg(process.pid, signal.SIGINT)
         self.assertEqual((process.wait(60), process.stderr.read()), (-signal.SIGINT, ""))
         self.assert_nothing_is_left(family)
@@ -282,6 +285,16 @@ class Ending(OverVnc):
             shutil.rmtree(left)
         self.assert_nothing_is_left(family)
 
+    def test_display_that_crashes_while_the_host_hangs(self):
+        process, family, _ = self.shown()
+        _, host = family["panel-host"]
+        signal.pidfd_send_signal(host, signal.SIGSTOP)
+        os.kill(family["Xvnc"][0], signal.SIGKILL)
+        self.assertEqual(process.stderr.readline(), "on-vnc: the display is gone: Xvnc has ended\n")
+        signal.pidfd_send_signal(host, signal.SIGCONT)
+        self.assertNotEqual(process.wait(60), 0)
+        self.assertTrue(has_ended(host))
+
     def test_host_that_does_not_start(self):
         process = self.start("--library", "libnosuchscreen.so")
         port_of(process)
@@ -293,7 +306,8 @@ class Ending(OverVnc):
         process, family, _ = self.shown()
         os.kill(family["Xvnc"][0], signal.SIGKILL)
         self.assertNotEqual(process.wait(60), 0)
-        self.assertIn("on-vnc: the display is gone", process.stderr.read())
+        # Whoever notices first.
+        self.assertRegex(process.stderr.read(), "on-vnc: the display is gone|X11 connection broke")
         for name, (_, descriptor) in family.items():
             self.assertTrue(has_ended(descriptor), name)
 

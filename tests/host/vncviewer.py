@@ -52,8 +52,8 @@ class Viewer:
         assert self.securities() == {NO_PASSWORD}
         self.socket.sendall(bytes([NO_PASSWORD]))
         assert self.read(4) == bytes(4)
-        others_may_stay = b"\x01"
-        self.socket.sendall(others_may_stay)
+        others_shall_go = b"\x00"
+        self.socket.sendall(others_shall_go)
         self.size = struct.unpack(">HH", self.read(4))
         self.read(16)
         self.name = self.read(struct.unpack(">I", self.read(4))[0]).decode()
