@@ -2,10 +2,10 @@
 #include "host/operatorpanel.h"
 #include "host/options.h"
 #include "host/panelservice.h"
+#include "host/picture.h"
 #include "host/pluginloader.h"
 #include "host/tour/messagewatch.h"
 #include "host/tour/tour.h"
-#include "host/vnc/rfbserver.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QFont>
@@ -70,7 +70,7 @@ int main(int argc, char **argv)
         return 0;
     }
     if (options->needsDisplay() && !hasDisplay())
-        return complain(QStringLiteral("there is no display; --vnc goes without"), failed);
+        return complain(QStringLiteral("there is no display; --picture and --tour go without"), failed);
     if (!options->needsDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
@@ -125,19 +125,7 @@ int main(int argc, char **argv)
     panel.window()->show();
     if (options->isTour())
         return walkTour(panel.window(), *options) ? 0 : failed;
-
-    std::optional<RfbServer> vnc;
-    if (options->vncPort) {
-        vnc.emplace(panel.window());
-        if (!vnc->listen(*options->vncPort))
-            return complain(QStringLiteral("port %1: %2; --vnc PORT takes another one")
-                                .arg(*options->vncPort)
-                                .arg(vnc->errorString()),
-                            failed);
-        std::printf("Look at the panel with a VNC viewer on 127.0.0.1:%d; from elsewhere first"
-                    " ssh -L %d:127.0.0.1:%d to this machine. Ctrl+C ends it.\n",
-                    vnc->port(), vnc->port(), vnc->port());
-        std::fflush(stdout);
-    }
+    if (options->isPicture())
+        return savePicture(panel.window(), options->pictureFile, &error) ? 0 : complain(error, failed);
     return QGuiApplication::exec();
 }

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr quint16 usualVncPort = 5900;
-
 // Walks over the arguments; "--name=value" and "--name value" are the same.
 class Reader
 {
@@ -57,13 +55,6 @@ bool readLanguage(const QString &text, std::optional<Options::Language> *languag
     return text == QLatin1String("en") || text == QLatin1String("zh");
 }
 
-bool readPort(const QString &text, std::optional<quint16> *port)
-{
-    bool isNumber = true;
-    *port = text.isNull() ? usualVncPort : text.toUShort(&isNumber);
-    return isNumber;
-}
-
 bool readTheme(const QString &text, QVariantMap *theme)
 {
     const QStringList entries = text.split(QLatin1Char(','));
@@ -99,12 +90,9 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
             options.isStrict = true;
         } else if (name == QLatin1String("--compact-landscape")) {
             options.isCompactLandscape = true;
-        } else if (name == QLatin1String("--vnc")) {
-            if (!readPort(reader.value(), &options.vncPort))
-                return fail(QStringLiteral("a port is a number up to 65535"));
         } else {
-            const QStringList withValue = {"--size",     "--library", "--scenario",   "--as",
-                                           "--language", "--tour",    "--hide-cards", "--theme"};
+            const QStringList withValue = {"--size", "--library", "--scenario",   "--as",   "--language",
+                                           "--tour", "--picture", "--hide-cards", "--theme"};
             if (!withValue.contains(name))
                 return fail(QStringLiteral("no such option"));
             const QString value = reader.value();
@@ -125,14 +113,16 @@ std::optional<Options> Options::read(const QStringList &arguments, QString *erro
                 options.applicationName = value;
             if (name == QLatin1String("--tour"))
                 options.tourDirectory = value;
+            if (name == QLatin1String("--picture"))
+                options.pictureFile = value;
             if (name == QLatin1String("--hide-cards"))
                 options.hiddenCards = value.split(QLatin1Char(','));
         }
         if (reader.hasGluedValue())
             return fail(QStringLiteral("takes no value"));
     }
-    if (options.isTour() && options.vncPort) {
-        *error = QStringLiteral("--tour: goes without --vnc, it needs nobody who looks on");
+    if (options.isTour() && options.isPicture()) {
+        *error = QStringLiteral("--tour: goes without --picture, it takes its own");
         return std::nullopt;
     }
     if (options.isTour() && options.isOpenWanted) {
@@ -169,8 +159,9 @@ QString Options::help()
         "                     a name without a slash is searched where the system has its\n"
         "                     libraries, so write ./FILE for one in the current directory\n"
         "  --tour DIR         walk the screen by real clicks, without a display, and put\n"
-        "                     numbered pictures into DIR; fails on any warning. What the panel\n"
-        "                     has no adapter for is left out\n"
-        "  --vnc [PORT]       no window: serve VNC on the loopback address (5900)\n"
+         "                     numbered pictures into DIR; fails on any warning. What the panel\n"
+         "                     has no adapter for is left out\n"
+         "  --picture FILE     save a picture of what is shown first, without a display, and end;\n"
+         "                     the end of FILE's name says in which format: .png, .bmp, .ppm\n"
         "  --help             this\n");
 }

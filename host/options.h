@@ -24,8 +24,8 @@ struct Options {
     /// Colours and fonts by name.
     QVariantMap theme;
     QString tourDirectory;
-    /// Port to serve VNC on; 0 is any free one.
-    std::optional<quint16> vncPort;
+    /// Where to save what is shown; nobody looks on then.
+    QString pictureFile;
     /// What the screen asks of the simulated panel, and what it reports, is printed.
     bool isJournalWanted = false;
     /// The panel begins with the settings open.
@@ -33,8 +33,8 @@ struct Options {
     bool isHelpWanted = false;
 
     bool isTour() const { return !tourDirectory.isEmpty(); }
-    /// Neither a tour nor a VNC session needs a display.
-    bool needsDisplay() const { return !isTour() && !vncPort; }
+    bool isPicture() const { return !pictureFile.isEmpty(); }
+    bool needsDisplay() const { return !isTour() && !isPicture(); }
 
     /// Reads @p arguments (without the program's name). Null when something is
     /// wrong with them; @p error then says what.

@@ -37,9 +37,10 @@ class Options(unittest.TestCase):
             self.assert_refused(["--size", size], "--size", "WIDTHxHEIGHT")
 
     def test_values_missing(self):
-        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour", "--hide-cards", "--theme"):
+        for option in ("--size", "--library", "--scenario", "--as", "--language", "--tour", "--picture", "--hide-cards",
+                       "--theme"):
             self.assert_refused([option], option, "a value is missing")
-            self.assert_refused([option, "--vnc"], option, "a value is missing")
+            self.assert_refused([option, "--open"], option, "a value is missing")
             self.assert_refused([option + "="], option, "a value is missing")
 
     def test_values_too_many(self):
@@ -54,19 +55,15 @@ class Options(unittest.TestCase):
     def test_language(self):
         self.assert_refused(["--language", "fr"], "--language", "fr")
 
-    def test_port(self):
-        for port in ("70000", "-1", "http"):
-            self.assert_refused(["--vnc", port], "--vnc", "port")
-
-    def test_tour_and_vnc(self):
-        self.assert_refused(["--tour", "somewhere", "--vnc"], "--tour")
+    def test_what_does_not_go_together(self):
+        self.assert_refused(["--tour", "somewhere", "--picture", "page.png"], "--tour", "--picture")
         self.assert_refused(["--tour", "somewhere", "--open"], "--tour")
 
     def test_help(self):
         code, out, err = run("--help")
         self.assertEqual((code, err), (0, ""))
-        for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--vnc", "--strict",
-                       "--hide-cards", "--compact-landscape", "--theme"):
+        for option in ("--size", "--scenario", "--as", "--language", "--library", "--open", "--tour", "--picture",
+                       "--strict", "--hide-cards", "--compact-landscape", "--theme"):
             self.assertIn(option, out)
 
     def test_no_display(self):

@@ -22,7 +22,8 @@ WRONG = (
     ["--size", "8193x600"],
     ["--size", "1024x600 "],
     ["--size"],
-    ["--size", "--vnc"],
+    ["--size", "--open"],
+    ["--picture"],
     ["--scenario="],
     ["--as"],
     ["--library"],
@@ -30,9 +31,7 @@ WRONG = (
     ["--help=please"],
     ["--open=yes"],
     ["--language", "fr"],
-    ["--vnc", "70000"],
-    ["--vnc=http"],
-    ["--tour", "somewhere", "--vnc"],
+    ["--tour", "somewhere", "--picture", "page.png"],
     ["--tour", "somewhere", "--open"],
     ["--hide-cards"],
     ["--theme"],
@@ -83,6 +82,18 @@ class Run(unittest.TestCase):
             code, said = self.call(*options)
             self.assertEqual((code, said[: len("run: " + named)]), (2, "run: " + named), options)
 
+    def test_wrong_ways_to_look(self):
+        for options, said in (
+            (["--vnc", "70000"], "--vnc: a port is a number up to 65535"),
+            (["--vnc=http"], "--vnc: a port is a number up to 65535"),
+            (["--vnc-password"], "--vnc-password: a value is missing"),
+            (["--vnc-password", "/nowhere"], "--vnc-password: there is no file /nowhere that can be read"),
+            (["--vnc-password", RUN], f"--vnc-password: {RUN} is not what vncpasswd writes"),
+            (["--tour", "somewhere", "--vnc"], "--tour: goes without --vnc, it needs nobody who looks on"),
+            (["--vnc", "--picture", "page.png"], "--picture: goes without --vnc, it needs nobody who looks on"),
+        ):
+            self.assertEqual(self.call(*options), (2, f"run: {said} (--help tells the options)\n"), options)
+
     def test_files_that_are_not_there(self):
         for options in (["--scenario", "/nowhere/panel.json"], ["--library", "/nowhere/libpanelsettings.so"]):
             code, said = self.call(*options)
@@ -97,6 +108,7 @@ class Run(unittest.TestCase):
             "--language": ["zh"],
             "--library": ["libpanelsettings.so"],
             "--tour": ["somewhere"],
+            "--picture": ["page.png"],
             "--hide-cards": ["buzzer,dns"],
             "--theme": ["accent=#007A5A,font=DejaVu Sans"],
         }

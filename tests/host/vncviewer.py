@@ -1,25 +1,27 @@
-"""A viewer of our own, for what the demo host serves over VNC."""
+"""A viewer of our own, for what is served over VNC."""
 
 import re
 import socket
 import struct
 
+NO_PASSWORD = 1
+PASSWORD = 2
+
 
 def port_of(process):
-    """Waits until a host with --vnc works; the port on which it does."""
+    """Waits until a process that serves VNC says so; the port on which it does."""
     line = process.stdout.readline()
     found = re.search(r"127\.0\.0\.1:(\d+)", line)
     if not found:
-        raise AssertionError(f"no port in {line!r}")
+        raise AssertionError(f"no port in {line!r}: {process.stderr.read()}")
     return int(found.group(1))
 
 
 class Viewer:
     """Speaks the protocol as told in RFC 6143."""
 
-    def __init__(self, port, version=b"RFB 003.008\n"):
+    def __init__(self, port):
         self.socket = socket.create_connection(("127.0.0.1", port), timeout=20)
-        self.version = version
 
     def close(self):
         self.socket.close()
@@ -33,28 +35,32 @@ class Viewer:
             data += more
         return data
 
-    def greet(self):
+    def securities(self):
+        """What the server offers to those who say the version that it says."""
         assert self.read(12) == b"RFB 003.008\n"
-        self.socket.sendall(self.version)
-        if self.version >= b"RFB 003.007\n":
-            assert self.read(2) == b"\x01\x01"
-            self.socket.sendall(b"\x01")
-            if self.version >= b"RFB 003.008\n":
-                assert self.read(4) == bytes(4)
-        else:
-            assert self.read(4) == bytes([0, 0, 0, 1])
-        self.socket.sendall(b"\x01")
-        self.size = struct.unpack(">HH", self.read(4))
-        self.format = self.read(16)
-        self.name = self.read(struct.unpack(">I", self.read(4))[0]).decode()
-        self.pixel_size = self.format[0] // 8
-        self.glass = bytearray(self.size[0] * self.size[1] * self.pixel_size)
+        self.socket.sendall(b"RFB 003.008\n")
+        return set(self.read(self.read(1)[0]))
 
-    def use_format(self, bits, depth, big_endian, maxima, shifts):
-        wire = struct.pack(">BBBB3H3B3x", bits, depth, big_endian, 1, *maxima, *shifts)
-        self.socket.sendall(b"\x00" + bytes(3) + wire)
-        self.pixel_size = bits // 8
-        self.glass = bytearray(self.size[0] * self.size[1] * self.pixel_size)
+    def answer_challenge(self, response):
+        """Whether the password is right of which this is said to come."""
+        self.socket.sendall(bytes([PASSWORD]))
+        self.read(16)
+        self.socket.sendall(response)
+        return self.read(4) == bytes(4)
+
+    def greet(self):
+        assert self.securities() == {NO_PASSWORD}
+        self.socket.sendall(bytes([NO_PASSWORD]))
+        assert self.read(4) == bytes(4)
+        others_shall_go = b"\x00"
+        self.socket.sendall(others_shall_go)
+        self.size = struct.unpack(">HH", self.read(4))
+        self.read(16)
+        self.name = self.read(struct.unpack(">I", self.read(4))[0]).decode()
+        # Blue, green, red and nothing, a byte each.
+        self.socket.sendall(b"\x00" + bytes(3) + struct.pack(">BBBB3H3B3x", 32, 24, 0, 1, 255, 255, 255, 16, 8, 0))
+        self.glass = bytearray(self.size[0] * self.size[1] * 4)
+        self.update(False)
 
     def update(self, incremental):
         self.socket.sendall(struct.pack(">BBHHHH", 3, incremental, 0, 0, *self.size))
@@ -64,13 +70,13 @@ class Viewer:
             x, y, width, height, encoding = struct.unpack(">HHHHI", self.read(12))
             assert encoding == 0
             for row in range(y, y + height):
-                start = (row * self.size[0] + x) * self.pixel_size
-                line = self.read(width * self.pixel_size)
+                start = (row * self.size[0] + x) * 4
+                line = self.read(width * 4)
                 self.glass[start : start + len(line)] = line
 
     def pixel(self, x, y):
-        start = (y * self.size[0] + x) * self.pixel_size
-        return bytes(self.glass[start : start + self.pixel_size])
+        start = (y * self.size[0] + x) * 4
+        return bytes(self.glass[start : start + 3])
 
     def point(self, x, y, buttons):
         self.socket.sendall(struct.pack(">BBHH", 5, buttons, x, y))
@@ -85,7 +91,7 @@ class Viewer:
 
     def wait_until(self, condition):
         """The panel paints when something changes; at the latest the gauges do, each second."""
-        for _ in range(20):
+        for _ in range(40):
             if condition():
                 return True
             self.update(True)

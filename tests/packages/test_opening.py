@@ -21,7 +21,7 @@ class Opening(unittest.TestCase):
         with installation.temporary_directory() as directory:
             picture = pathlib.Path(directory, "open.png")
             done = subprocess.run(
-                [sys.executable, SCRIPT, picture, *command],
+                [sys.executable, SCRIPT, "/", picture, *command],
                 capture_output=True,
                 text=True,
                 check=False,
@@ -38,7 +38,8 @@ class Opening(unittest.TestCase):
 
     def test_operators_page_alone(self):
         # A host that is deaf to --open, and to all else that is asked of it.
-        code, complaints, picture = self.run_with("sh", "-c", 'exec "$0" "$1" "$2" --vnc 0', *HOST)
+        deaf = 'for last; do :; done; exec "$0" "$1" "$2" --picture "$last"'
+        code, complaints, picture = self.run_with("sh", "-c", deaf, *HOST)
         self.assertEqual(code, 1)
         self.assertIn("the settings are not shown", complaints)
         self.assertEqual(picture, b"")
@@ -50,13 +51,13 @@ class Opening(unittest.TestCase):
         self.assertEqual(picture, b"")
 
     def test_empty_glass(self):
-        white, size = b"\xff\xff\xff\0", 100 * 100
-        self.assertTrue(open_settings.is_blank(bytearray(white * size)))
+        white, size = (255, 255, 255), 100 * 100
+        self.assertTrue(open_settings.is_blank([white] * size))
         # A key beside it does not make it less empty.
-        key = b"".join(bytes([grey, grey, grey, 0]) for grey in range(200)) * 5
-        self.assertTrue(open_settings.is_blank(bytearray(white * (size - 1000) + key)))
+        key = [(grey, grey, grey) for grey in range(200)] * 5
+        self.assertTrue(open_settings.is_blank([white] * (size - 1000) + key))
         # Nor do two areas.
-        self.assertTrue(open_settings.is_blank(bytearray(white * (size // 2) + bytes(4) * (size // 2))))
+        self.assertTrue(open_settings.is_blank([white] * (size // 2) + [(0, 0, 0)] * (size // 2)))
 
 
 if __name__ == "__main__":
