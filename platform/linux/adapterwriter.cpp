@@ -244,10 +244,16 @@ void AdapterWriter::apply(const QString &path)
         switchOff();
         return answer(!m_wanted.dhcp);
     }
+    putInForce(path);
+    // After that: by itself the daemon would put it in force at once, and we once more.
     if (m_activate)
         allowAutoconnect();
+}
+
+void AdapterWriter::putInForce(const QString &path)
+{
     if (m_now.deviceState <= Nm::Unavailable)
-        return answer(!m_wanted.dhcp); // the daemon puts it in force as soon as there is a cable
+        return answer(!m_wanted.dhcp); // the daemon does so as soon as there is a cable
     const bool isInForce = m_now.activeProfile == path && m_now.deviceState == Nm::Activated;
     // The servers of a lease come with a lease.
     const bool needsLease = m_wanted.dhcp && m_wanted.dns == Dns() && m_now.values.dns != Dns();

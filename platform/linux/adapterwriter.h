@@ -64,6 +64,7 @@ private:
     void add();
     void stored(const QString &path);
     void apply(const QString &path);
+    void putInForce(const QString &path);
     void reapply(const QString &path);
     bool isInForce() const;
     void activate(const QString &path, const QString &why);
