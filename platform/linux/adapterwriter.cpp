@@ -68,6 +68,12 @@ void AdapterWriter::interrupt()
     m_check.stop();
     takeAsked();
     answer(false);
+    m_heldDevice.clear();
+    if (m_writing && std::exchange(m_again, false)) {
+        // What was to be written after this goes with it.
+        m_number = m_state->read()->wishes.at(m_place).number;
+        m_settling = false;
+    }
     if (m_writing && !m_settling)
         settle();
 }
@@ -152,7 +158,8 @@ void AdapterWriter::switchRadio()
 void AdapterWriter::proceed()
 {
     // A lease may be had anew with the profile of somebody else that is in force; only a change needs one of ours.
-    const QString path = m_now.profile.isEmpty() ? m_now.activeProfile : m_now.profile;
+    const bool hasOwn = !m_now.profile.isEmpty() && !m_now.isBoundElsewhere;
+    const QString path = hasOwn ? m_now.profile : m_now.activeProfile;
     const bool needsProfile =
         !isWireless() && m_activate && path.isEmpty() && m_now.deviceState > Nm::Unavailable;
     if (m_wanted != m_now.values || needsProfile)
@@ -173,7 +180,7 @@ ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
             m_draft.forget();
         } else {
             qCWarning(networkLog, "%s keeps its addresses: %s", qPrintable(name()), qPrintable(conflict));
-            m_draft.keep(wish);
+            m_draft.keep(wish, addresses);
         }
     }
     // Servers that are those of the lease are no choice of somebody's.
@@ -197,7 +204,11 @@ void AdapterWriter::update(const QDBusMessage &answer)
 {
     if (isError(answer))
         return fail(reasonOf(answer));
-    const auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+    auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+    if (m_now.isBoundElsewhere) {
+        const QString key = QStringLiteral("interface-name");
+        settings[QStringLiteral("connection")][key] = m_blank.value(QStringLiteral("connection")).value(key);
+    }
     ProfileValues values = m_wanted;
     values.enabled |= isWireless(); // the radio is what is switched
     QDBusMessage question = Nm::call(m_now.profile, Nm::profile(), "Update2");
@@ -241,13 +252,14 @@ void AdapterWriter::apply(const QString &path)
     if (isWireless() && (!m_wanted.enabled || m_now.deviceState < Nm::Preparing))
         return answer(!m_wanted.dhcp); // in force with the next network
     if (!m_wanted.enabled) {
-        switchOff();
+        switchOff(m_now);
         return answer(!m_wanted.dhcp);
     }
     putInForce(path);
     // After that: by itself the daemon would put it in force at once, and we once more.
+    // An adapter that was switched off stays off otherwise when its cable comes back.
     if (m_activate)
-        allowAutoconnect();
+        setAutoconnect(m_now.device, true);
 }
 
 void AdapterWriter::putInForce(const QString &path)
@@ -298,12 +310,14 @@ void AdapterWriter::activate(const QString &path, const QString &why)
     m_activation.start(m_bus, path, m_now.device);
 }
 
-void AdapterWriter::switchOff()
+void AdapterWriter::switchOff(const AdapterState &now)
 {
     m_activation.cancel();
-    if (m_now.deviceState < Nm::Preparing)
+    // Profiles that others made for it may fit too, now or when its cable comes.
+    setAutoconnect(now.device, false);
+    if (now.deviceState < Nm::Preparing)
         return;
-    ask(m_bus, Nm::call(m_now.device, Nm::device(), "Disconnect"), m_requests.get(),
+    ask(m_bus, Nm::call(now.device, Nm::device(), "Disconnect"), m_requests.get(),
         [this](const QDBusMessage &disconnected) {
             if (isError(disconnected))
                 qCWarning(networkLog, "%s stays on: %s", qPrintable(name()),
@@ -311,14 +325,27 @@ void AdapterWriter::switchOff()
         });
 }
 
-void AdapterWriter::allowAutoconnect()
+void AdapterWriter::holdOff()
 {
-    // An adapter that was switched off stays off otherwise when its cable comes back.
-    QDBusMessage question = Nm::call(m_now.device, QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
-    question << Nm::device() << QStringLiteral("Autoconnect") << QVariant::fromValue(QDBusVariant(true));
-    ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &set) {
+    const std::shared_ptr<const Snapshot> snapshot = m_state->read();
+    const AdapterState &now = snapshot->adapters.at(m_place);
+    if (isWireless() || now.device == m_heldDevice)
+        return;
+    m_heldDevice = now.device;
+    const bool wasSwitchedOff = !now.profile.isEmpty() && !now.isBoundElsewhere && !now.values.enabled;
+    if (now.known && wasSwitchedOff && now.autoconnects && !isWriting() &&
+        snapshot->wishes.at(m_place).isEmpty())
+        switchOff(now);
+}
+
+void AdapterWriter::setAutoconnect(const QString &device, bool on)
+{
+    QDBusMessage question = Nm::call(device, QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
+    question << Nm::device() << QStringLiteral("Autoconnect") << QVariant::fromValue(QDBusVariant(on));
+    ask(m_bus, question, m_requests.get(), [this, on](const QDBusMessage &set) {
         if (isError(set))
-            qCInfo(networkLog, "%s may stay off: %s", qPrintable(name()), qPrintable(reasonOf(set)));
+            qCInfo(networkLog, "%s may not stay %s: %s", qPrintable(name()), on ? "on" : "off",
+                   qPrintable(reasonOf(set)));
     });
 }
 
@@ -340,7 +367,8 @@ void AdapterWriter::activated(const QString &why)
 {
     if (!why.isEmpty()) {
         qCInfo(networkLog, "%s is not up: %s", qPrintable(name()), qPrintable(why));
-        return answer(!m_wanted.dhcp);
+        // Static addresses wait for a cable; for nothing else.
+        return answer(!m_wanted.dhcp && m_activation.wasUnplugged());
     }
     // Who is told asks for the addresses at once.
     m_endRound = m_state->read()->round;

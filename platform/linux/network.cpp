@@ -44,6 +44,7 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
     , m_mirror(Nm::service(), Nm::objects(), this)
     , m_book(&m_mirror, this)
     , m_quiet(this)
+    , m_isReadOnly(root.isReadOnly())
 {
     registerBusTypes();
     m_quiet.setSingleShot(true);
@@ -186,7 +187,17 @@ void Network::publish()
     });
     for (NetworkPiece *piece : m_pieces)
         piece->published();
+    if (!m_isReadOnly)
+        holdOff();
     emit published();
+}
+
+void Network::holdOff()
+{
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->holdOff();
+    }
 }
 
 QString Network::daemonName(std::size_t place) const

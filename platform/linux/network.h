@@ -57,6 +57,8 @@ private:
     /// For what others than the daemon tell.
     void noteBesides();
     void publish();
+    /// What the daemon has put in force by itself on adapters that were switched off goes out of it.
+    void holdOff();
     /// What the daemon calls the interface of an adapter; empty on a panel without.
     QString daemonName(std::size_t place) const;
 
@@ -73,6 +75,7 @@ private:
     QTimer m_quiet;
     QElapsedTimer m_unpublished; ///< since the first change that is not published
     bool m_wasComplete = false;
+    bool m_isReadOnly;
 };
 
 } // namespace HmiLinux

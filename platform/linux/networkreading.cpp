@@ -36,8 +36,10 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
     AdapterState state;
     if (interface.isEmpty() || !m_mirror.isComplete())
         return state;
-    if (const Profile *own = m_book.byUuid(profileUuid(nameOf(nic))))
+    if (const Profile *own = m_book.byUuid(profileUuid(nameOf(nic)))) {
         state.profile = own->path;
+        state.isBoundElsewhere = !own->interface.isEmpty() && own->interface != interface;
+    }
     state.device = deviceOf(interface);
     state.known = !state.device.isEmpty();
     if (state.known) {
@@ -80,18 +82,33 @@ void NetworkReading::readDevice(AdapterState *state) const
     state->deviceState = m_mirror.property(state->device, Nm::device(), QStringLiteral("State")).toUInt();
     state->interface =
         m_mirror.property(state->device, Nm::device(), QStringLiteral("IpInterface")).toString();
-    // Up to 1.22 the address was told by the kind of the device alone.
-    QVariant mac = m_mirror.property(state->device, Nm::device(), QStringLiteral("HwAddress"));
-    if (!mac.isValid())
-        mac = m_mirror.property(state->device, Nm::wired(), QStringLiteral("HwAddress"));
-    if (!mac.isValid())
-        mac = m_mirror.property(state->device, Nm::wireless(), QStringLiteral("HwAddress"));
-    state->mac = macIn(mac.toString());
+    state->autoconnects =
+        m_mirror.property(state->device, Nm::device(), QStringLiteral("Autoconnect")).toBool();
+    state->mac = macIn(hardwareAddress(state->device));
     const QString active = pathIn(state->device, Nm::device(), QStringLiteral("ActiveConnection"));
     if (active.isEmpty())
         return;
     state->activeProfile = pathIn(active, Nm::active(), QStringLiteral("Connection"));
     state->carriesDefaultRoute = m_mirror.property(active, Nm::active(), QStringLiteral("Default")).toBool();
+}
+
+QString NetworkReading::hardwareAddress(const QString &device) const
+{
+    // The one in use is another while a wireless device looks around, and where one was given to it.
+    const QString permanent = QStringLiteral("PermHwAddress");
+    const QString used = QStringLiteral("HwAddress");
+    // Up to 1.22 both were told by the kind of the device alone.
+    const QPair<QString, QString> sources[] = {{Nm::wired(), permanent},
+                                               {Nm::wireless(), permanent},
+                                               {Nm::device(), used},
+                                               {Nm::wired(), used},
+                                               {Nm::wireless(), used}};
+    for (const QPair<QString, QString> &source : sources) {
+        const QString address = m_mirror.property(device, source.first, source.second).toString();
+        if (!address.isEmpty())
+            return address;
+    }
+    return {};
 }
 
 void NetworkReading::readLive(const QString &config, AdapterState *state) const
@@ -114,15 +131,15 @@ void NetworkReading::readLive(const QString &config, AdapterState *state) const
 
 ProfileValues NetworkReading::valuesOf(const AdapterState &state) const
 {
-    if (const Profile *own = m_book.byPath(state.profile))
+    const Profile *own = m_book.byPath(state.profile);
+    if (own != nullptr && !state.isBoundElsewhere)
         return own->values;
     // Until the panel has a profile of its own, the adapter is as others have set it up.
     ProfileValues values;
     if (const Profile *active = m_book.byPath(state.activeProfile))
         values = active->values;
     values.isDefault = false;
-    values.enabled = state.known && state.deviceState > Nm::Unmanaged &&
-                     m_mirror.property(state.device, Nm::device(), QStringLiteral("Autoconnect")).toBool();
+    values.enabled = state.known && state.deviceState > Nm::Unmanaged && state.autoconnects;
     return values;
 }
 

@@ -20,6 +20,7 @@ public:
 private:
     QString deviceOf(const QString &interface) const;
     void readDevice(AdapterState *state) const;
+    QString hardwareAddress(const QString &device) const;
     void readLive(const QString &config, AdapterState *state) const;
     void readWifi(AdapterState *state, const QString &interface) const;
     bool isRadioOn() const;

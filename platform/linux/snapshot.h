@@ -52,6 +52,9 @@ struct AdapterState {
     QString device;        ///< path
     QString activeProfile; ///< path; empty when none is in force
     QString profile;       ///< path of the panel's own; empty until it is made
+    /// The panel's own is for another interface, which was this adapter before the configuration changed.
+    bool isBoundElsewhere = false;
+    bool autoconnects = false; ///< the daemon puts in force what fits, by itself
 };
 
 /// All that getters of the network answer from. Immutable once published.
