@@ -192,12 +192,43 @@ ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
 void AdapterWriter::store()
 {
     m_check.stop();
+    if (m_wanted.isDefault != m_now.values.isDefault)
+        spreadDefault();
+    ProfileValues besides = m_wanted;
+    besides.isDefault = m_now.values.isDefault;
+    if (m_now.profile.isEmpty() && !m_now.others.isEmpty() && besides == m_now.values)
+        return settle(); // the joined network is somebody else's
     if (m_now.profile.isEmpty() && isWireless())
         return fail(QStringLiteral("the panel keeps no network that they would be for"));
     if (m_now.profile.isEmpty())
         return add();
     ask(m_bus, Nm::call(m_now.profile, Nm::profile(), "GetSettings"), m_requests.get(),
         [this](const QDBusMessage &settings) { update(settings); });
+}
+
+void AdapterWriter::spreadDefault()
+{
+    for (const QString &path : qAsConst(m_now.others)) {
+        const Profile *profile = m_book->byPath(path);
+        if (profile == nullptr || profile->values.isDefault == m_wanted.isDefault)
+            continue;
+        ProfileValues values = profile->values;
+        values.isDefault = m_wanted.isDefault;
+        ask(m_bus, Nm::call(path, Nm::profile(), "GetSettings"), m_requests.get(),
+            [this, path, values](const QDBusMessage &answer) {
+                if (isError(answer))
+                    return;
+                const auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+                QDBusMessage question = Nm::call(path, Nm::profile(), "Update2");
+                question << QVariant::fromValue(withValues(settings, values)) << uint(Nm::ToDisk)
+                         << QVariantMap();
+                ask(m_bus, question, m_requests.get(), [path](const QDBusMessage &updated) {
+                    if (isError(updated))
+                        qCWarning(networkLog, "a network keeps its part in the default route: %s",
+                                  qPrintable(reasonOf(updated)));
+                });
+            });
+    }
 }
 
 void AdapterWriter::update(const QDBusMessage &answer)

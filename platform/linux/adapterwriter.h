@@ -65,6 +65,8 @@ private:
     void store();
     void update(const QDBusMessage &answer);
     void add();
+    /// Lets the networks that are not joined take the default route over, or hand it back, with the one that is.
+    void spreadDefault();
     void stored(const QString &path);
     void apply(const QString &path);
     void putInForce(const QString &path);

@@ -5,6 +5,8 @@
 #include "linux/profilebook.h"
 #include "linux/wifireading.h"
 
+#include <algorithm>
+
 namespace HmiLinux {
 
 namespace {
@@ -49,8 +51,10 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
     if (nic == HMI::SystemSet::WIFI)
         readWifi(&state, interface);
     state.values = valuesOf(state);
-    if (nic == HMI::SystemSet::WIFI)
+    if (nic == HMI::SystemSet::WIFI) {
         state.values.enabled = state.known && isRadioOn();
+        readDefault(&state, interface);
+    }
     // A port without a profile takes whatever fits; a modem without one connects to nothing.
     if (nic == HMI::SystemSet::MOBILE_4G && state.profile.isEmpty() && state.activeProfile.isEmpty())
         state.values.enabled = false;
@@ -149,6 +153,19 @@ void NetworkReading::readWifi(AdapterState *state, const QString &interface) con
     state->wifi = wifi.link(*state);
     if (const Profile *own = wifi.own(*state, interface))
         state->profile = own->path;
+}
+
+void NetworkReading::readDefault(AdapterState *state, const QString &interface) const
+{
+    // The adapter is chosen, whichever network it is in: all of the panel's own say the same.
+    const QVector<const Profile *> owns = WifiReading(m_mirror, m_book).owns(interface);
+    state->values.isDefault = std::any_of(owns.cbegin(), owns.cend(),
+                                          [](const Profile *profile) { return profile->values.isDefault; });
+    state->isKept = !owns.isEmpty();
+    for (const Profile *profile : owns) {
+        if (profile->path != state->profile)
+            state->others.append(profile->path);
+    }
 }
 
 bool NetworkReading::isRadioOn() const

@@ -66,6 +66,25 @@ std::optional<std::size_t> Service::place(SystemSet::NIC nic) const
     return place && (m_mask & nic) != 0 ? place : std::nullopt;
 }
 
+void Service::chooseDefault(std::size_t chosen)
+{
+    const std::shared_ptr<const Snapshot> now = snapshot();
+    if (!now->adapters.at(chosen).isKept) {
+        qCWarning(networkLog, "%s is not made the default adapter: the panel keeps no network of its own",
+                  qPrintable(nameOf(Adapters.at(chosen))));
+        return;
+    }
+    for (std::size_t other = 0; other < Adapters.size(); ++other) {
+        const bool isChosen = other == chosen;
+        // The tunnel's routes are those that its server hands out.
+        if (!place(Adapters.at(other)) || Adapters.at(other) == SystemSet::VPN ||
+            now->values(other).isDefault == isChosen)
+            continue;
+        wish(other, true, [isChosen](Wish &wish) { wish.isDefault = isChosen; });
+        later([this, other] { worker().network().writer(other)->gather(); });
+    }
+}
+
 void Service::endWorker()
 {
     m_thread->end();

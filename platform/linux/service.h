@@ -47,6 +47,9 @@ public:
         });
     }
 
+    /// Makes one adapter the default one in place of the others.
+    void chooseDefault(std::size_t chosen);
+
     Brightness &brightness() { return *m_brightness; }
     LanguageFile &language() { return *m_language; }
     VpnSwitch &vpn() { return *m_vpn; }
