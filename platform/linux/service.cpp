@@ -29,7 +29,6 @@ Service::Service(const Root &root, const QString &bus)
     , m_interfaces(chooseInterfaces(root, m_config))
     , m_mask(adapterMask(m_interfaces))
     , m_serialNumber(readSerialNumber(root, m_config))
-    , m_buzzer(root, m_config)
 {
     // The toolkit's list of connections must outlive the worker, which is ended when the process ends.
     const QDBusConnection first(QStringLiteral("panelsettings"));
@@ -43,6 +42,7 @@ Service::Service(const Root &root, const QString &bus)
     m_thread =
         std::make_unique<WorkerThread>(std::make_unique<Worker>(root, m_config, m_interfaces, bus, &m_state));
     m_worker = m_thread->worker();
+    m_buzzer = std::make_unique<BuzzerSwitch>(root, m_config, m_worker->beeper().canBeep());
     m_brightness = std::make_unique<Brightness>(root, m_config, keep);
     m_language = std::make_unique<LanguageFile>(root, m_config, keep);
     m_thread->start();

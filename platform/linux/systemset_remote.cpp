@@ -25,7 +25,8 @@ int SystemSet::get4GSignal(NIC nic) const
 
 SystemSet::VPNServer SystemSet::getVPNServer() const
 {
-    return d->service.snapshot()->vpn.server;
+    // A choice may be left of a tunnel that the panel does not have any more.
+    return d->read<VPNServer>(VPN, [](const Snapshot &now, std::size_t) { return now.vpn.server; });
 }
 
 void SystemSet::setVPNServer(VPNServer server)

@@ -1,4 +1,4 @@
-#include "tests/linux/paneldirectory.h"
+#include "tests/linux/networkscene.h"
 #include "tests/support/paneltest.h"
 
 #include "linux/beeper.h"
@@ -47,6 +47,8 @@ private slots:
     void languageIsSharedWithOthers();
     void languageThatNobodyKnows();
     void buzzerKeepsItsSwitch();
+    void withoutABuzzerKeysAreSilent_data();
+    void withoutABuzzerKeysAreSilent();
     void buzzerSoundsThroughAFile();
     void buzzerIsSilentOnceItIsGone();
     void buzzerSoundsThroughAnInputDevice();
@@ -242,13 +244,41 @@ void TestLinuxDevices::languageThatNobodyKnows()
 
 void TestLinuxDevices::buzzerKeepsItsSwitch()
 {
-    BuzzerSwitch buzzer(m_panel->root(), m_config);
+    BuzzerSwitch buzzer(m_panel->root(), m_config, true);
     QVERIFY(buzzer.isOn());
     buzzer.setOn(false);
-    QVERIFY(!BuzzerSwitch(m_panel->root(), m_config).isOn());
+    QVERIFY(!BuzzerSwitch(m_panel->root(), m_config, true).isOn());
     buzzer.setOn(true);
-    QVERIFY(BuzzerSwitch(m_panel->root(), m_config).isOn());
+    QVERIFY(BuzzerSwitch(m_panel->root(), m_config, true).isOn());
     Beeper(m_config, nullptr).beep(); // into nothing
+}
+
+void TestLinuxDevices::withoutABuzzerKeysAreSilent_data()
+{
+    QTest::addColumn<QByteArray>("device");
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("none") << QByteArray("none") << false;
+    QTest::newRow("nothing found") << QByteArray("auto") << false;
+    QTest::newRow("a file") << QByteArray("/sys/class/gpio/gpio17/value") << true;
+}
+
+void TestLinuxDevices::withoutABuzzerKeysAreSilent()
+{
+    QFETCH(const QByteArray, device);
+    NetworkScene scene;
+    scene.panel.put(QStringLiteral("/etc/panelsettings/linux.conf"),
+                    "[adapters]\nLAN0 = lan0\nWIFI = none\n[buzzer]\ndevice = " + device + '\n');
+    QVERIFY(scene.isUp && scene.startAndWait());
+    QFETCH(const bool, isThere);
+    BuzzerSwitch &buzzer = scene.service->buzzer();
+    QCOMPARE(buzzer.isOn(), isThere);
+    for (const bool on : {false, true}) {
+        buzzer.setOn(on);
+        QCOMPARE(buzzer.isOn(), isThere && on);
+    }
+    // Nothing is kept for a buzzer that there may be on another day.
+    const QByteArray kept = scene.panel.contents(m_config.stateDirectory + QStringLiteral("/buzzer"));
+    QCOMPARE(kept, isThere ? QByteArray("on\n") : QByteArray());
 }
 
 void TestLinuxDevices::buzzerSoundsThroughAFile()
