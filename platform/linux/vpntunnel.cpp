@@ -63,8 +63,11 @@ void VpnTunnel::interrupt()
     m_pause.stop();
     m_listen.stop();
     m_wasOnline = false;
-    for (End &end : m_ends)
+    for (End &end : m_ends) {
         end.failure = VpnLink::NotConnected;
+        end.told.clear();
+        end.dropped.clear(); // the next daemon gives the same paths again
+    }
 }
 
 void VpnTunnel::choose()
@@ -133,6 +136,7 @@ void VpnTunnel::begin(std::size_t place)
         return;
     m_begun = place;
     m_ends.at(place).wasUp = false;
+    m_ends.at(place).dropped.clear(); // it is gone, whatever path the new one gets
     m_pause.start();
     QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "ActivateConnection");
     const QDBusObjectPath any(QStringLiteral("/"));
