@@ -3,6 +3,7 @@
 #include "linux/filewatch.h"
 #include "linux/log.h"
 #include "linux/serialnumber.h"
+#include "linux/vpntunnel.h"
 #include "linux/worker.h"
 #include "linux/workerthread.h"
 
@@ -64,6 +65,15 @@ std::optional<std::size_t> Service::place(SystemSet::NIC nic) const
 {
     const std::optional<std::size_t> place = placeOf(nic);
     return place && (m_mask & nic) != 0 ? place : std::nullopt;
+}
+
+VpnLink Service::vpnLink(SystemSet::VPNServer server) const
+{
+    const VpnLink link = snapshot()->vpnLinks.at(std::size_t(server));
+    // Of what WireGuard receives nobody tells, and a peer may be silent for ever.
+    if (link == VpnLink::Connecting)
+        later([this] { m_worker->network().vpn()->look(); });
+    return link;
 }
 
 void Service::endWorker()

@@ -47,6 +47,9 @@ public:
         });
     }
 
+    /// How far the tunnel to a server is. While somebody asks, it is looked after.
+    VpnLink vpnLink(HMI::SystemSet::VPNServer server) const;
+
     Brightness &brightness() { return *m_brightness; }
     LanguageFile &language() { return *m_language; }
     VpnSwitch &vpn() { return *m_vpn; }

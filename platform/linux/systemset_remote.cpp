@@ -42,7 +42,7 @@ int SystemSet::getVPNServerState(VPNServer server) const
 {
     if (server != ASIA && server != EUROPE)
         return 0;
-    return int(d->service.snapshot()->vpnLinks.at(std::size_t(server)));
+    return int(d->service.vpnLink(server));
 }
 
 void SystemSet::resetVPNIp(VPNServer server)
