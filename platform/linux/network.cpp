@@ -1,6 +1,7 @@
 #include "linux/network.h"
 
 #include "linux/config.h"
+#include "linux/mobileradio.h"
 #include "linux/modemprofile.h"
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
@@ -63,6 +64,12 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
             continue;
         auto *writer =
             new AdapterWriter(place, blankProfile(nic, config, interfaces.at(place)), m_state, &m_book, this);
+        if (nic == HMI::SystemSet::MOBILE_4G) {
+            auto *radio = new MobileRadio(m_state, &m_mirror, this);
+            // Before the wish is forgotten.
+            connect(writer, &AdapterWriter::settled, radio, &MobileRadio::wishStored);
+            m_pieces.push_back(radio);
+        }
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
             m_settled.at(place) = number;
             publish();

@@ -71,7 +71,7 @@ private:
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
     Wifi *m_wifi = nullptr;
-    std::vector<NetworkPiece *> m_pieces; ///< writers, Wi-Fi and tunnel
+    std::vector<NetworkPiece *> m_pieces; ///< writers, radio, Wi-Fi and tunnel
     QTimer m_quiet;
     QElapsedTimer m_unpublished; ///< since the first change that is not published
     bool m_wasComplete = false;

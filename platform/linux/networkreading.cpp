@@ -3,6 +3,7 @@
 #include "linux/nmnames.h"
 #include "linux/objectmirror.h"
 #include "linux/profilebook.h"
+#include "linux/vpnreading.h"
 #include "linux/wifireading.h"
 
 #include <algorithm>
@@ -66,8 +67,10 @@ AdapterState NetworkReading::tunnel(const QString &active) const
     AdapterState state;
     state.known = !active.isEmpty();
     state.values.dhcp = true; // the other end gives the address
-    if (state.known)
-        readLive(pathIn(active, Nm::active(), QStringLiteral("Ip4Config")), &state);
+    if (!state.known)
+        return state;
+    state.interface = VpnReading(&m_mirror, &m_book).interface(active);
+    readLive(pathIn(active, Nm::active(), QStringLiteral("Ip4Config")), &state);
     return state;
 }
 

@@ -44,7 +44,7 @@ SystemSet::NIC SystemSet::getDefaultNIC() const
         if (d->service.place(nic))
             return nic;
     }
-    return LAN0;
+    return NIC();
 }
 
 void SystemSet::setDefaultNIC(NIC nic, bool)
