@@ -156,6 +156,7 @@ void readDevice(ScenarioSection &root, Panel &panel)
     root.readChoice("language", panel.language, strings({"zh", "en"}));
     root.readBytes("serialNumber", panel.serialNumber, MaximumBytes);
     root.read("clockOffset", panel.clockOffset, -AnyMaximum, AnyMaximum);
+    root.read("clockStandsAt", panel.clockStandsAt, 0, AnyMaximum);
     panel.hardwareClockOffset = panel.clockOffset;
 }
 
