@@ -39,6 +39,11 @@ public:
     /// Answers the next call of @p name with an error.
     void failOnce(const QString &name, const QString &error) { m_failures.insert(name, error); }
 
+    /// Leaves the calls of @p name without an answer; none of an empty name.
+    void ignore(const QString &name) { m_ignored = name; }
+    /// How many there were.
+    int ignored() const { return m_ignoredCount; }
+
     /// Lets the next settings of properties be refused.
     void refuseProperties(bool refuse) { m_refusesProperties = refuse; }
 
@@ -59,6 +64,8 @@ private:
     QMap<QString, HmiLinux::Sections> m_objects;
     QMap<QString, Method> m_methods;
     QMap<QString, QString> m_failures;
+    QString m_ignored;
+    int m_ignoredCount = 0;
     QStringList m_calls;
     bool m_refusesProperties = false;
 };
