@@ -89,7 +89,7 @@ QString Modem::trouble() const
         return {};
     const uint reason = property("StateFailedReason").toUInt();
     if (reason == Mm::CardMissing)
-        return QStringLiteral("there is no SIM card");
+        return QStringLiteral("there is no SIM card, or none that the modem takes");
     if (reason == Mm::CardBroken)
         return QStringLiteral("the SIM card cannot be used");
     return QStringLiteral("the modem failed, reason %1").arg(reason);

@@ -10,6 +10,7 @@ them in EXAMPLES. Whatever a program says on its error output is a failure.
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -153,6 +154,19 @@ class Examples:
         run(self.prefix / pathlib.Path(program).relative_to("/usr"), *options, "--help")
         print(f"{unit.name}: {command}")
 
+    def check_rules(self):
+        """A buzzer gets its right as the package gives the backlight's."""
+        rights = re.compile(r'^ACTION=="add", (SUBSYSTEM=="\w+")(?:, KERNEL=="[\w-]+")?, (RUN.*)$', re.MULTILINE)
+        ours = dict(rights.findall(next(self.prefix.rglob("70-panelsettings.rules")).read_text(encoding="utf-8")))
+        rules = self.sources / "linux/71-buzzer.rules"
+        lines = [line for line in rules.read_text(encoding="utf-8").splitlines() if line and not line.startswith("#")]
+        for line in lines:
+            found = rights.match(line)
+            wanted = ours['SUBSYSTEM=="backlight"']
+            if not found or re.sub(r"/sys%p/\w+", "/sys%p/brightness", found[2]) != wanted or found[1] in ours:
+                raise Failure(f"{rules}: {line}")
+        print(f"{rules.name}: {len(lines)} rules")
+
 
 def main():
     cmake, *paths = sys.argv[1:]
@@ -164,6 +178,7 @@ def main():
             examples.check_scenarios()
             examples.check_journal(journal)
             examples.check_unit()
+            examples.check_rules()
         except Failure as failure:
             print(failure)
             return 1

@@ -8,15 +8,16 @@ import threading
 LINE = "abstract:port0"
 
 REGISTRATIONS = {"idle": 0, "home": 1, "searching": 2, "denied": 3, "roaming": 5}
-CARDS = ("ready", "missing", "locked")
 BEST_SIGNAL = 31
 NO_SIGNAL = 99
 SIGNALS = tuple(str(strength) for strength in (*range(BEST_SIGNAL + 1), NO_SIGNAL))
 CODE = "1234"
 
-NO_CARD = "+CME ERROR: 10"
 CODE_NEEDED = "+CME ERROR: 11"
 WRONG_CODE = "+CME ERROR: 16"
+# What a modem says of a card that is of no use to it.
+USELESS = {"missing": "+CME ERROR: 10", "broken": "+CME ERROR: 13", "wrong": "+CME ERROR: 15"}
+CARDS = ("ready", "locked", *USELESS)
 
 FIXED = {
     "+GCAP": "+GCAP: +CGSM",
@@ -86,13 +87,15 @@ class AtModem:
     def answer(self, command):
         """The lines that follow a command, without its "AT"."""
         if command == "+CPIN?":
-            return {"missing": [NO_CARD], "locked": ["+CPIN: SIM PIN", "OK"]}.get(self._card, ["+CPIN: READY", "OK"])
+            if self._card in USELESS:
+                return [USELESS[self._card]]
+            return ["+CPIN: SIM PIN" if self._card == "locked" else "+CPIN: READY", "OK"]
         if command.startswith("+CPIN="):
             return self._unlock(command)
         if command in NAMINGS:
             self._naming = NAMINGS[command]
         if command in ON_THE_CARD and self._card != "ready":
-            return [NO_CARD if self._card == "missing" else CODE_NEEDED]
+            return [USELESS.get(self._card, CODE_NEEDED)]
         told = {**FIXED, **ON_THE_CARD, **self._live()}.get(command)
         if told is not None:
             return [*told.splitlines(), "OK"]

@@ -31,7 +31,7 @@ With --modem:
 mm kill|start|stop|restart|freeze|thaw
 modem registration idle|home|searching|denied|roaming
 modem signal NUMBER        from 0 to 31; 99 when there is none
-modem card ready|missing|locked
+modem card ready|missing|broken|wrong|locked
                            is seen after mm restart; 1234 unlocks it
 With --scripted:
 script WORDS...            what the scripted NetworkManager does; script help lists it"""

@@ -27,6 +27,8 @@ private slots:
     void signalFollows();
     void networkLostAndBack();
     void missingCard();
+    void cardThatCannotBeUsed_data();
+    void cardThatCannotBeUsed();
     void lockedCard();
     void daemonKilledAndStarted();
     void frozenDaemonHoldsNobodyUp();
@@ -142,6 +144,25 @@ void TestModem::missingCard()
 {
     expectMessage(text("4G does not work: there is no SIM card"));
     restart("missing");
+    QVERIFY(waitForState(Mm::Failed));
+    QCOMPARE(modem().signal, 0);
+    QCOMPARE(linkState(modem(), 0, true), 0);
+    restart("ready");
+    QVERIFY(waitForState(Mm::Disabled));
+}
+
+void TestModem::cardThatCannotBeUsed_data()
+{
+    QTest::addColumn<QByteArray>("card");
+    QTest::newRow("broken") << QByteArray("broken");
+    QTest::newRow("wrong") << QByteArray("wrong");
+}
+
+void TestModem::cardThatCannotBeUsed()
+{
+    QFETCH(const QByteArray, card);
+    expectMessage(text("4G does not work: there is no SIM card, or none that the modem takes"));
+    restart(card.constData());
     QVERIFY(waitForState(Mm::Failed));
     QCOMPARE(modem().signal, 0);
     QCOMPARE(linkState(modem(), 0, true), 0);

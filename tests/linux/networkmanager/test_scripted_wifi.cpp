@@ -19,7 +19,8 @@ struct ScriptedScene : SandboxScene, WifiActs {
 
     static void appear(const QByteArray &name, const char *rest)
     {
-        tell(QByteArray("script network ").append(name.toHex()).append(' ').append(rest).constData());
+        const QByteArray digits = name.isEmpty() ? QByteArray("''") : name.toHex();
+        tell(QByteArray("script network ").append(digits).append(' ').append(rest).constData());
     }
     /// Whether each profile is stored, and its name.
     static QStringList profiles() { return tell("script profiles"); }
@@ -37,6 +38,7 @@ private slots:
     void cleanup();
     void outcomes();
     void knownNetwork();
+    void namesOfEveryKind();
     void radio();
     void crowd();
     void refusedScan();
@@ -102,6 +104,28 @@ void TestScriptedWifi::knownNetwork()
     m_scene->appear("Home", "80 wpa2 password1");
     QCOMPARE(m_scene->joined("Home", ""), int(SystemSet::WIFI_CONNECTED));
     QCOMPARE(m_scene->profiles(), QStringList{QStringLiteral("stored Panel WIFI Home")});
+}
+
+void TestScriptedWifi::namesOfEveryKind()
+{
+    const QByteArray longest(32, 'x');
+    const QByteArray invalid("\xff\xfe\xd5\xc5", 4);
+    m_scene->appear(longest, "90 wpa2 password3");
+    m_scene->appear(invalid, "80 open");
+    m_scene->appear(QByteArray(), "55 wpa2 password4"); // it hides
+    m_scene->appear(QByteArray("cut\0here", 8), "50 open");
+    const WifiActs::Records *list = m_scene->scanned();
+    QVERIFY(list != nullptr);
+    QVector<QByteArray> names;
+    for (const SystemSet::SsidInfo &record : *list)
+        names.append(WifiActs::nameOf(record));
+    QCOMPARE(names, (QVector<QByteArray>{longest, invalid, "Home", "New"}));
+    QCOMPARE(m_scene->joined(longest, "password3"), int(SystemSet::WIFI_CONNECTED));
+    QCOMPARE(bytesOf(m_scene->link().ssid), longest);
+    QCOMPARE(m_scene->joined(invalid, ""), int(SystemSet::WIFI_CONNECTED));
+    QCOMPARE(bytesOf(m_scene->link().ssid), invalid);
+    QCOMPARE(m_scene->joined(longest, ""), int(SystemSet::WIFI_CONNECTED)); // known by its bytes
+    QCOMPARE(m_scene->profiles().size(), 2);
 }
 
 void TestScriptedWifi::radio()

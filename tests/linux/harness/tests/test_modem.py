@@ -74,6 +74,16 @@ class Modem(insider.Insider):
         tell("modem", "card", "ready")
         self.start_anew()
 
+    def test_card_that_cannot_be_used(self):
+        # The daemon tells no difference between one that the modem refuses and none.
+        for card in ("broken", "wrong"):
+            tell("modem", "card", card)
+            self.start_anew()
+            self.assertEqual(state(), "failed")
+            self.assertEqual(told("generic", "state-failed-reason"), "sim-missing")
+        tell("modem", "card", "ready")
+        self.start_anew()
+
     def test_locked_card(self):
         tell("modem", "card", "locked")
         self.start_anew()
