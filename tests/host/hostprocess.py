@@ -9,6 +9,8 @@ import tempfile
 HOST = pathlib.Path(os.environ["PANEL_HOST"])
 # What runs it where it is for another machine than this one.
 EMULATOR = [os.environ["PANEL_EMULATOR"]] if "PANEL_EMULATOR" in os.environ else []
+# What the host may take for all that it is told, in seconds; only what hangs takes so long.
+PATIENCE = 600 if EMULATOR else 60
 PLUGIN = pathlib.Path(os.environ["PANEL_PLUGIN"])
 SERVICE = pathlib.Path(os.environ["PANEL_SERVICE"])
 SCENARIOS = pathlib.Path(os.environ["PANEL_SCENARIOS"])
@@ -23,7 +25,7 @@ def environment(**changes):
     return result
 
 
-def run(*options, timeout=60, cwd=None, **changes):
+def run(*options, timeout=PATIENCE, cwd=None, **changes):
     """Runs the host to its end; returns its exit code and what it said on stdout and stderr."""
     done = subprocess.run(
         [*EMULATOR, HOST, *options],

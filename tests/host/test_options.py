@@ -8,7 +8,7 @@ import subprocess
 import unittest
 
 import hostprocess
-from hostprocess import EMULATOR, HOST, PLUGIN, SERVICE, run
+from hostprocess import EMULATOR, HOST, PATIENCE, PLUGIN, SERVICE, run
 
 
 def needed_by(file):
@@ -119,7 +119,7 @@ class Libraries(unittest.TestCase):
                 stdin=subprocess.DEVNULL,
                 capture_output=True,
                 encoding="utf-8",
-                timeout=60,
+                timeout=PATIENCE,
                 check=False,
             )
             # All of it was loaded.

@@ -28,8 +28,8 @@ private slots:
 namespace {
 
 constexpr int AlmostFourMebibytes = 4 * 1024 * 1024 - 1000;
-// A sanitizer takes its own time, most of all for the stack behind every allocation.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// A sanitizer takes its own time, most of all for the stack behind every allocation, and so does an emulator.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(PANEL_EMULATED)
 constexpr double LongestSeconds = 60.0;
 #else
 constexpr double LongestSeconds = 1.0;
