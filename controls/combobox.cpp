@@ -53,6 +53,7 @@ ComboBox {
         // The arrow's room.
         rightPadding: 0.6 * _com.height
         text: _com.displayText
+        textFormat: Text.PlainText
         font: _com.font
         color: _com.enabled ? Toolkit.Palette.text : Toolkit.Palette.disabledText
         elide: Text.ElideRight
@@ -97,6 +98,7 @@ ItemDelegate {
             elide: Text.ElideRight
             anchors.verticalCenter: parent.verticalCenter
             text: modelData.name
+            textFormat: Text.PlainText
             font: _com.font
             color: Toolkit.Palette.text
         }
