@@ -1,6 +1,7 @@
 #include "controls/combobox.h"
 
 #include "controls/beepbutton.h"
+#include "controls/leavingpress.h"
 #include "controls/touchmask.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/palette.h"
@@ -204,6 +205,14 @@ ComboBox::~ComboBox()
     popup->contentItem()->disconnect(this);
     popup->disconnect(this);
     m_combo->disconnect(this);
+    endPressOf(m_combo);
+}
+
+void ComboBox::releaseResources()
+{
+    if (m_combo)
+        endPressOf(m_combo);
+    QQuickItem::releaseResources();
 }
 
 void ComboBox::registerType()

@@ -41,7 +41,7 @@ void Hands::operate(int choice)
 {
     if (choice < 40) {
         m_last = "tap on a control";
-        tapControl();
+        Operator::tap(window(), anyControl());
     } else if (choice < 50) {
         m_last = "tap";
         Operator::tap(window(), anywhere());
@@ -72,7 +72,7 @@ void Hands::disturb(int choice)
         m_last = "seconds pass";
         hurryClocks();
         QTest::qWait(30);
-    } else if (choice < 94) {
+    } else if (choice < 92) {
         m_last = "late reports";
         HostileService::deliverKept();
     } else if (choice < 96) {
@@ -107,7 +107,7 @@ void Hands::build()
     m_host->screen()->open();
 }
 
-void Hands::tapControl()
+QPoint Hands::anyControl()
 {
     // What can be tapped, rather than the air; each kind of it as often as another, however many there are. The menu
     // less often, or nobody would stay on a page.
@@ -125,12 +125,10 @@ void Hands::tapControl()
         if (glass.contains(point) && (withMenu || !menu->isAncestorOf(control)))
             targets[control->metaObject()->className()] << point;
     }
-    if (targets.isEmpty()) {
-        Operator::tap(window(), anywhere());
-        return;
-    }
+    if (targets.isEmpty())
+        return anywhere();
     const QVector<QPoint> kind = targets.values()[m_random.bounded(targets.size())];
-    Operator::tap(window(), kind[m_random.bounded(kind.size())]);
+    return kind[m_random.bounded(kind.size())];
 }
 
 void Hands::goToWifi()
@@ -175,7 +173,11 @@ void Hands::detach()
 {
     QPointer<QQuickItem> root = m_host->root();
     QQuickItem *place = root->parentItem();
+    const bool byTouch = m_random.bounded(2) == 0;
+    const QPoint point = anyControl();
+    Operator::pressAt(window(), point, byTouch);
     root->setParentItem(nullptr);
+    Operator::liftAt(window(), point, byTouch);
     HostileService::deliverKept();
     QCoreApplication::processEvents();
     if (root)

@@ -15,6 +15,8 @@ public:
 
     /// Does something, and lets the screen do what follows from it. Returns what it was.
     const char *act();
+    /// The screen, if there is one.
+    const QQuickItem *root() const { return m_host->root(); }
     /// What the host does at its end.
     void leave();
 
@@ -22,7 +24,6 @@ private:
     void operate(int choice);
     void disturb(int choice);
     void build();
-    void tapControl();
     void goToWifi();
     void touch();
     void drag();
@@ -31,6 +32,7 @@ private:
     /// Nobody here waits for seconds: what the screen does every few of them, or after some, it does at once.
     void hurryClocks();
     QPoint anywhere();
+    QPoint anyControl();
     QQuickWindow *window() const { return m_host->window(); }
 
     QRandomGenerator m_random;

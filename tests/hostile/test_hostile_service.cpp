@@ -1,5 +1,6 @@
 #include "tests/hostile/hands.h"
 #include "tests/hostile/hostileservice.h"
+#include "tests/support/scenecheck.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
@@ -99,6 +100,9 @@ void TestHostileService::play(quint32 seed, int actions, bool fewLetters)
         QVERIFY2(
             took < longestSeconds,
             qPrintable(QStringLiteral("action %1, %2, took %3 s").arg(i).arg(QLatin1String(done)).arg(took)));
+        const QString fault = hands.root() ? SceneCheck::faultBelow(hands.root()) : QString();
+        QVERIFY2(fault.isEmpty(),
+                 qPrintable(QStringLiteral("action %1, %2: ").arg(i).arg(QLatin1String(done)) + fault));
     }
     hands.leave();
     HostileService::waitIdle();
