@@ -127,8 +127,8 @@ QPoint Hands::anyControl()
     }
     if (targets.isEmpty())
         return anywhere();
-    const QVector<QPoint> kind = targets.values()[m_random.bounded(targets.size())];
-    return kind[m_random.bounded(kind.size())];
+    const QVector<QPoint> kind = targets.values().at(m_random.bounded(targets.size()));
+    return kind.at(m_random.bounded(kind.size()));
 }
 
 void Hands::goToWifi()

@@ -15,8 +15,8 @@ constexpr int mostNetworks = 5000;
 const std::array<std::string, 18> &phrases()
 {
     static const std::array<std::string, 18> all = {"<b>x</b>",
-                                                    "<img src=\"http://127.0.0.1:9/x.png\">",
-                                                    "<a href=\"file:///etc/passwd\">x</a>",
+                                                    R"(<img src="http://127.0.0.1:9/x.png">)",
+                                                    R"(<a href="file:///etc/passwd">x</a>)",
                                                     "&amp;&#0;&lt;",
                                                     "<table><tr><td>",
                                                     "%1%2%n%L99",

@@ -6,8 +6,8 @@
 
 namespace {
 
-const char *const outerNames[] = {"<b>x</b>", "<img src=\"http://127.0.0.1:9/\">", "&amp;&lt;b&gt;", "<s>a"};
-const char *const serialNumber = "<i>7</i>&amp;<img src=\"http://127.0.0.1:9/\">";
+const char *const outerNames[] = {"<b>x</b>", R"(<img src="http://127.0.0.1:9/">)", "&amp;&lt;b&gt;", "<s>a"};
+const char *const serialNumber = R"(<i>7</i>&amp;<img src="http://127.0.0.1:9/">)";
 
 QString marked(const char *source)
 {
