@@ -33,8 +33,8 @@ private:
 
 namespace {
 
-// A sanitizer takes its own time, most of all for the stack behind every allocation.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// A sanitizer takes its own time, most of all for the stack behind every allocation, and so does an emulator.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(__arm__)
 constexpr double longestSeconds = 60.0; // of one action, on this thread
 constexpr int usualSeeds = 4;
 constexpr int measuredRounds = 1;

@@ -72,8 +72,8 @@ void TestSimulatorFiles::fileThatMayNotBeRead()
     // Nothing is kept from the one who may do everything.
     constexpr uid_t nobody = 65534;
     const uid_t user = geteuid();
-    if (user == 0)
-        QCOMPARE(seteuid(nobody), 0);
+    if (user == 0 && seteuid(nobody) != 0)
+        QSKIP("a namespace in which there is but one user, who may do everything");
     const QString reason = reasonFor(path);
     QCOMPARE(seteuid(user), 0);
     QCOMPARE(reason, path + ": Permission denied");
