@@ -29,5 +29,5 @@ list(GET PANEL_LINGUIST_TOOLS 0 PANEL_LINGUIST_TOOLS)
 set(Qt5LinguistTools_DIR "${PANEL_LINGUIST_TOOLS}" CACHE PATH "Of the build machine")
 
 # Programs of the panel run under the emulator, which has to be called by name.
-set(CMAKE_CROSSCOMPILING_EMULATOR
-    "qemu-arm-static;-L;${CMAKE_SYSROOT};-E;QML2_IMPORT_PATH=${CMAKE_SYSROOT}/usr/lib/arm-linux-gnueabihf/qt5/qml;-E;QT_PLUGIN_PATH=${CMAKE_SYSROOT}/usr/lib/arm-linux-gnueabihf/qt5/plugins")
+get_filename_component(PANEL_EMULATE "${CMAKE_CURRENT_LIST_DIR}/../tests/arm/emulate" ABSOLUTE)
+set(CMAKE_CROSSCOMPILING_EMULATOR "${PANEL_EMULATE};--sysroot;${CMAKE_SYSROOT}")

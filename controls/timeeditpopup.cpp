@@ -196,9 +196,27 @@ std::optional<TimeEditPopup::InputType> TimeEditPopup::firstWrongInput() const
             return type;
     }
     // An hour that the clocks of the place leave out.
-    if (!getInputDateTime().isValid())
+    const QDateTime moment = getInputDateTime();
+    if (!moment.isValid())
         return InputType::Hour;
+    if (moment.toSecsSinceEpoch() > m_latestSecond)
+        return firstBeyond(QDateTime::fromSecsSinceEpoch(m_latestSecond));
     return std::nullopt;
+}
+
+TimeEditPopup::InputType TimeEditPopup::firstBeyond(const QDateTime &bound) const
+{
+    const QDate date = bound.date();
+    const QTime time = bound.time();
+    const std::array<int, inputCount> bounds{date.year(), date.month(),  date.day(),
+                                             time.hour(), time.minute(), time.second()};
+    for (const InputType type : {InputType::Year, InputType::Month, InputType::Day, InputType::Hour,
+                                 InputType::Minute, InputType::Second}) {
+        if (value(type) > bounds[static_cast<size_t>(type)])
+            return type;
+    }
+    // The hour that the clocks of the place go through twice.
+    return InputType::Hour;
 }
 
 bool TimeEditPopup::validateInputs() const

@@ -4,6 +4,7 @@
 #include <QtQuickTemplates2/private/qquickpopup_p.h>
 
 #include <array>
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -39,10 +40,13 @@ public:
     /// Shows another date and time; what was typed is gone.
     void setCurrentDateTime(const QDateTime &dateTime);
 
+    /// The last second since 1970 that can be confirmed: what the service's clock is told as a long, or less.
+    void setLatestSecond(qint64 second) { m_latestSecond = second; }
+
     void updateInputsFromDateTime();
     /// What the fields say, in local time; invalid when there is no such moment.
     QDateTime getInputDateTime() const;
-    /// Whether every field is filled, the year is whole and there is such a moment.
+    /// Whether every field is filled, the year is whole, there is such a moment, and the clock can hold it.
     bool validateInputs() const;
     /// Reports what the fields say and closes, or does nothing when they say nothing possible.
     void onConfirmClicked();
@@ -72,6 +76,7 @@ private:
     void createSeparator(const QString &text, const QRectF &span, int fontPixelSize);
     void createButtons(const QRectF &place, qreal baseFontSize);
     std::optional<InputType> firstWrongInput() const;
+    InputType firstBeyond(const QDateTime &bound) const;
     void editFirstWrongInput();
     void endEditing();
     void onInputFocusChanged(QQuickTextInput *input, bool focused);
@@ -82,6 +87,7 @@ private:
 
     std::array<QQuickTextInput *, inputCount> m_inputs{};
     QDateTime m_currentDateTime;
+    qint64 m_latestSecond = std::numeric_limits<long>::max();
     std::unique_ptr<TimeKeyPressFilter> m_keyFilter;
     qreal m_restY = 0.0;
     bool m_lifted = false;

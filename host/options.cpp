@@ -159,9 +159,9 @@ QString Options::help()
         "                     a name without a slash is searched where the system has its\n"
         "                     libraries, so write ./FILE for one in the current directory\n"
         "  --tour DIR         walk the screen by real clicks, without a display, and put\n"
-         "                     numbered pictures into DIR; fails on any warning. What the panel\n"
-         "                     has no adapter for is left out\n"
-         "  --picture FILE     save a picture of what is shown first, without a display, and end;\n"
-         "                     the end of FILE's name says in which format: .png, .bmp, .ppm\n"
+        "                     numbered pictures into DIR; fails on any warning. What the panel\n"
+        "                     has no adapter for is left out\n"
+        "  --picture FILE     save a picture of what is shown first, without a display, and end;\n"
+        "                     the end of FILE's name says in which format: .png, .bmp, .ppm\n"
         "  --help             this\n");
 }

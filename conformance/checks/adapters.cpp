@@ -73,9 +73,11 @@ void Checks::adaptersDefault(Check &check)
     const SystemSet::NIC nic = service().getDefaultNIC();
     const bool isOne = std::any_of(AdapterNames.begin(), AdapterNames.end(),
                                    [nic](const AdapterName &adapter) { return adapter.nic == nic; });
-    if (isOne || (nic == NoAdapter && service().getAllNIC() == 0))
+    const bool hasAny = service().getAllNIC() != 0;
+    if (hasAny ? isOne : nic == NoAdapter)
         return;
-    check.failed("getDefaultNIC", "one of the adapters", nameOf(nic));
+    check.failed("getDefaultNIC", hasAny ? "one of the adapters" : "0 on a panel without adapters",
+                 nameOf(nic));
 }
 
 void Checks::adaptersAbsent(Check &check)
@@ -97,6 +99,12 @@ void Checks::adaptersAbsent(Check &check)
         check.expect("get4GState", panel.get4GState(nic), 0);
         check.expect("get4GSignal", panel.get4GSignal(nic), 0);
     }
+    if (has(SystemSet::VPN))
+        return;
+    check.about(SystemSet::VPN);
+    check.expect("getVPNServer", static_cast<int>(panel.getVPNServer()), static_cast<int>(SystemSet::ASIA));
+    for (const SystemSet::VPNServer server : {SystemSet::ASIA, SystemSet::EUROPE})
+        check.expect("getVPNServerState", panel.getVPNServerState(server), 0);
 }
 
 void Checks::adaptersUntouched(Check &check)

@@ -25,6 +25,7 @@ void Activation::start(const QDBusConnection &bus, const QString &profile, const
 {
     m_device = device;
     m_prepared = false;
+    m_wasUnplugged = false;
     m_limit.start();
     m_request = std::make_unique<QObject>(this);
     QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "ActivateConnection");
@@ -55,6 +56,7 @@ void Activation::deviceChanged(uint state, uint reason)
         m_prepared = false;
         return;
     }
+    m_wasUnplugged = state <= Nm::Unavailable;
     if (state == Nm::Activated)
         end({});
     else if (state == Nm::Failed)

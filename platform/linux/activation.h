@@ -24,6 +24,8 @@ public:
     void cancel();
     bool isRunning() const { return m_limit.isActive(); }
     QString device() const { return m_device; }
+    /// Whether it ended because the cable went.
+    bool wasUnplugged() const { return m_wasUnplugged; }
     void deviceChanged(uint state, uint reason);
 
 signals:
@@ -37,6 +39,7 @@ private:
     QTimer m_limit;
     std::unique_ptr<QObject> m_request; ///< the answer dies with it
     bool m_prepared = false;
+    bool m_wasUnplugged = false;
 };
 
 } // namespace HmiLinux

@@ -68,6 +68,12 @@ void AdapterWriter::interrupt()
     m_check.stop();
     takeAsked();
     answer(false);
+    m_heldDevice.clear();
+    if (m_writing && std::exchange(m_again, false)) {
+        // What was to be written after this goes with it.
+        m_number = m_state->read()->wishes.at(m_place).number;
+        m_settling = false;
+    }
     if (m_writing && !m_settling)
         settle();
 }
@@ -152,7 +158,8 @@ void AdapterWriter::switchRadio()
 void AdapterWriter::proceed()
 {
     // A lease may be had anew with the profile of somebody else that is in force; only a change needs one of ours.
-    const QString path = m_now.profile.isEmpty() ? m_now.activeProfile : m_now.profile;
+    const bool hasOwn = !m_now.profile.isEmpty() && !m_now.isBoundElsewhere;
+    const QString path = hasOwn ? m_now.profile : m_now.activeProfile;
     const bool needsProfile =
         !isWireless() && m_activate && path.isEmpty() && m_now.deviceState > Nm::Unavailable;
     if (m_wanted != m_now.values || needsProfile)
@@ -173,7 +180,7 @@ ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
             m_draft.forget();
         } else {
             qCWarning(networkLog, "%s keeps its addresses: %s", qPrintable(name()), qPrintable(conflict));
-            m_draft.keep(wish);
+            m_draft.keep(wish, addresses);
         }
     }
     // Servers that are those of the lease are no choice of somebody's.
@@ -185,6 +192,12 @@ ProfileValues AdapterWriter::wanted(const AdapterState &now, const Wish &wish)
 void AdapterWriter::store()
 {
     m_check.stop();
+    if (m_wanted.isDefault != m_now.values.isDefault)
+        spreadDefault();
+    ProfileValues besides = m_wanted;
+    besides.isDefault = m_now.values.isDefault;
+    if (m_now.profile.isEmpty() && !m_now.others.isEmpty() && besides == m_now.values)
+        return settle(); // the joined network is somebody else's
     if (m_now.profile.isEmpty() && isWireless())
         return fail(QStringLiteral("the panel keeps no network that they would be for"));
     if (m_now.profile.isEmpty())
@@ -193,11 +206,40 @@ void AdapterWriter::store()
         [this](const QDBusMessage &settings) { update(settings); });
 }
 
+void AdapterWriter::spreadDefault()
+{
+    for (const QString &path : qAsConst(m_now.others)) {
+        const Profile *profile = m_book->byPath(path);
+        if (profile == nullptr || profile->values.isDefault == m_wanted.isDefault)
+            continue;
+        ProfileValues values = profile->values;
+        values.isDefault = m_wanted.isDefault;
+        ask(m_bus, Nm::call(path, Nm::profile(), "GetSettings"), m_requests.get(),
+            [this, path, values](const QDBusMessage &answer) {
+                if (isError(answer))
+                    return;
+                const auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+                QDBusMessage question = Nm::call(path, Nm::profile(), "Update2");
+                question << QVariant::fromValue(withValues(settings, values)) << uint(Nm::ToDisk)
+                         << QVariantMap();
+                ask(m_bus, question, m_requests.get(), [path](const QDBusMessage &updated) {
+                    if (isError(updated))
+                        qCWarning(networkLog, "a network keeps its part in the default route: %s",
+                                  qPrintable(reasonOf(updated)));
+                });
+            });
+    }
+}
+
 void AdapterWriter::update(const QDBusMessage &answer)
 {
     if (isError(answer))
         return fail(reasonOf(answer));
-    const auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+    auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
+    if (m_now.isBoundElsewhere) {
+        const QString key = QStringLiteral("interface-name");
+        settings[QStringLiteral("connection")][key] = m_blank.value(QStringLiteral("connection")).value(key);
+    }
     ProfileValues values = m_wanted;
     values.enabled |= isWireless(); // the radio is what is switched
     QDBusMessage question = Nm::call(m_now.profile, Nm::profile(), "Update2");
@@ -241,13 +283,20 @@ void AdapterWriter::apply(const QString &path)
     if (isWireless() && (!m_wanted.enabled || m_now.deviceState < Nm::Preparing))
         return answer(!m_wanted.dhcp); // in force with the next network
     if (!m_wanted.enabled) {
-        switchOff();
+        switchOff(m_now);
         return answer(!m_wanted.dhcp);
     }
+    putInForce(path);
+    // After that: by itself the daemon would put it in force at once, and we once more.
+    // An adapter that was switched off stays off otherwise when its cable comes back.
     if (m_activate)
-        allowAutoconnect();
+        setAutoconnect(m_now.device, true);
+}
+
+void AdapterWriter::putInForce(const QString &path)
+{
     if (m_now.deviceState <= Nm::Unavailable)
-        return answer(!m_wanted.dhcp); // the daemon puts it in force as soon as there is a cable
+        return answer(!m_wanted.dhcp); // the daemon does so as soon as there is a cable
     const bool isInForce = m_now.activeProfile == path && m_now.deviceState == Nm::Activated;
     // The servers of a lease come with a lease.
     const bool needsLease = m_wanted.dhcp && m_wanted.dns == Dns() && m_now.values.dns != Dns();
@@ -292,12 +341,14 @@ void AdapterWriter::activate(const QString &path, const QString &why)
     m_activation.start(m_bus, path, m_now.device);
 }
 
-void AdapterWriter::switchOff()
+void AdapterWriter::switchOff(const AdapterState &now)
 {
     m_activation.cancel();
-    if (m_now.deviceState < Nm::Preparing)
+    // Profiles that others made for it may fit too, now or when its cable comes.
+    setAutoconnect(now.device, false);
+    if (now.deviceState < Nm::Preparing)
         return;
-    ask(m_bus, Nm::call(m_now.device, Nm::device(), "Disconnect"), m_requests.get(),
+    ask(m_bus, Nm::call(now.device, Nm::device(), "Disconnect"), m_requests.get(),
         [this](const QDBusMessage &disconnected) {
             if (isError(disconnected))
                 qCWarning(networkLog, "%s stays on: %s", qPrintable(name()),
@@ -305,14 +356,27 @@ void AdapterWriter::switchOff()
         });
 }
 
-void AdapterWriter::allowAutoconnect()
+void AdapterWriter::holdOff()
 {
-    // An adapter that was switched off stays off otherwise when its cable comes back.
-    QDBusMessage question = Nm::call(m_now.device, QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
-    question << Nm::device() << QStringLiteral("Autoconnect") << QVariant::fromValue(QDBusVariant(true));
-    ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &set) {
+    const std::shared_ptr<const Snapshot> snapshot = m_state->read();
+    const AdapterState &now = snapshot->adapters.at(m_place);
+    if (isWireless() || now.device == m_heldDevice)
+        return;
+    m_heldDevice = now.device;
+    const bool wasSwitchedOff = !now.profile.isEmpty() && !now.isBoundElsewhere && !now.values.enabled;
+    if (now.known && wasSwitchedOff && now.autoconnects && !isWriting() &&
+        snapshot->wishes.at(m_place).isEmpty())
+        switchOff(now);
+}
+
+void AdapterWriter::setAutoconnect(const QString &device, bool on)
+{
+    QDBusMessage question = Nm::call(device, QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
+    question << Nm::device() << QStringLiteral("Autoconnect") << QVariant::fromValue(QDBusVariant(on));
+    ask(m_bus, question, m_requests.get(), [this, on](const QDBusMessage &set) {
         if (isError(set))
-            qCInfo(networkLog, "%s may stay off: %s", qPrintable(name()), qPrintable(reasonOf(set)));
+            qCInfo(networkLog, "%s may not stay %s: %s", qPrintable(name()), on ? "on" : "off",
+                   qPrintable(reasonOf(set)));
     });
 }
 
@@ -334,7 +398,8 @@ void AdapterWriter::activated(const QString &why)
 {
     if (!why.isEmpty()) {
         qCInfo(networkLog, "%s is not up: %s", qPrintable(name()), qPrintable(why));
-        return answer(!m_wanted.dhcp);
+        // Static addresses wait for a cable; for nothing else.
+        return answer(!m_wanted.dhcp && m_activation.wasUnplugged());
     }
     // Who is told asks for the addresses at once.
     m_endRound = m_state->read()->round;

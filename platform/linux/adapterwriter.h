@@ -44,6 +44,9 @@ public:
 
     /// Writes at once what is gathered.
     void finish();
+    /// An adapter that was switched off stays off, whatever the daemon finds that fits it: its own memory of that ends
+    /// with it, and with the device. Once a device; what somebody does later is somebody's choice.
+    void holdOff();
     /// Whether anything that was asked for is not stored yet.
     bool isWriting() const { return m_gather.isActive() || m_writing || m_again; }
 
@@ -62,13 +65,16 @@ private:
     void store();
     void update(const QDBusMessage &answer);
     void add();
+    /// Lets the networks that are not joined take the default route over, or hand it back, with the one that is.
+    void spreadDefault();
     void stored(const QString &path);
     void apply(const QString &path);
+    void putInForce(const QString &path);
     void reapply(const QString &path);
     bool isInForce() const;
     void activate(const QString &path, const QString &why);
-    void switchOff();
-    void allowAutoconnect();
+    void switchOff(const AdapterState &now);
+    void setAutoconnect(const QString &device, bool on);
     void settle();
     void fail(const QString &why);
     void activated(const QString &why);
@@ -90,6 +96,7 @@ private:
     std::unique_ptr<QObject> m_requests; ///< answers die with it
     std::vector<OnDhcp> m_done;          ///< told when the activation ends
     int m_endRound = 0;                  ///< of the snapshot when it did
+    QString m_heldDevice;                ///< the one that holdOff() has looked at
     // For the next write.
     quint64 m_gathered = 0; ///< the newest wish when gather() was last called
     std::vector<OnDhcp> m_asked;

@@ -6,6 +6,13 @@ namespace {
 
 constexpr int g_typingLimit = 120000;
 
+/// Whether an adapter, or a gateway, can have @p address where @p mask holds, if it is one.
+bool canStandAlone(HMI::IP address, HMI::IP mask)
+{
+    const bool isMask = prefixOf(mask).value_or(0) > 0;
+    return conflictOf({address, isMask ? mask : maskOf(32), 0}).isEmpty();
+}
+
 } // namespace
 
 Addresses AddressDraft::over(const Addresses &stored, const Wish &wish) const
@@ -17,17 +24,17 @@ Addresses AddressDraft::over(const Addresses &stored, const Wish &wish) const
     return wish.over(values).stored;
 }
 
-void AddressDraft::keep(const Wish &wish)
+void AddressDraft::keep(const Wish &wish, const Addresses &whole)
 {
     if (!isAlive())
         m_kept = {};
-    const auto take = [](std::optional<HMI::IP> *kept, const std::optional<HMI::IP> &brought) {
-        if (brought)
-            *kept = brought;
-    };
-    take(&m_kept.ip, wish.ip);
-    take(&m_kept.mask, wish.mask);
-    take(&m_kept.gateway, wish.gateway);
+    // What is impossible by itself is refused for good: with another mask, it would come in force unasked.
+    if (wish.ip && canStandAlone(*wish.ip, whole.mask))
+        m_kept.ip = wish.ip;
+    if (wish.mask && prefixOf(*wish.mask).value_or(0) > 0)
+        m_kept.mask = wish.mask;
+    if (wish.gateway && canStandAlone(*wish.gateway, whole.mask))
+        m_kept.gateway = wish.gateway;
     m_end.setRemainingTime(g_typingLimit);
 }
 

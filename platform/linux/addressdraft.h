@@ -14,8 +14,8 @@ class AddressDraft
 public:
     /// The stored addresses with what was drafted and what @p wish brings in their place.
     Addresses over(const Addresses &stored, const Wish &wish) const;
-    /// Keeps what @p wish brings.
-    void keep(const Wish &wish);
+    /// Keeps of what @p wish brings all that may still fit something: @p whole is what does not fit.
+    void keep(const Wish &wish, const Addresses &whole);
     void forget();
 
 private:

@@ -2,6 +2,8 @@
 
 #include <QtCore/QStringList>
 
+#include <utility>
+
 namespace HmiLinux {
 
 namespace {
@@ -9,6 +11,15 @@ namespace {
 constexpr int g_bits = 32;
 
 } // namespace
+
+Dns inOrder(Dns dns)
+{
+    if (dns.first == 0)
+        std::swap(dns.first, dns.second);
+    if (dns.first == dns.second)
+        dns.second = 0;
+    return dns;
+}
 
 std::optional<HMI::IP> addressOf(const QString &dotted)
 {

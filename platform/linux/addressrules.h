@@ -34,6 +34,9 @@ struct Dns {
     friend bool operator!=(const Dns &a, const Dns &b) { return !(a == b); }
 };
 
+/// As the daemon keeps servers: no place is empty before another, and none stands there twice.
+Dns inOrder(Dns dns);
+
 /// An address of four decimal numbers; nothing for any other text.
 std::optional<HMI::IP> addressOf(const QString &dotted);
 QString dotted(HMI::IP address);

@@ -30,6 +30,12 @@ void askStarting(const QDBusConnection &bus, const QDBusMessage &question, QObje
     });
 }
 
+bool isUnanswered(const QDBusMessage &answer)
+{
+    const QDBusError::ErrorType type = QDBusError(answer).type();
+    return type == QDBusError::NoReply || type == QDBusError::Timeout || type == QDBusError::TimedOut;
+}
+
 QString reasonOf(const QDBusMessage &answer)
 {
     return QStringLiteral("%1 (%2)").arg(answer.errorMessage(), answer.errorName());

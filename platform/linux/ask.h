@@ -26,6 +26,9 @@ inline bool isError(const QDBusMessage &answer)
     return answer.type() == QDBusMessage::ErrorMessage;
 }
 
+/// Whether nobody has answered in time: what was asked about is as it was, for all that is known.
+bool isUnanswered(const QDBusMessage &answer);
+
 /// The error's name and text, for the log.
 QString reasonOf(const QDBusMessage &answer);
 

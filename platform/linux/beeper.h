@@ -18,6 +18,7 @@ public:
     /// @p sounder is null on a panel that cannot beep.
     Beeper(const Config &config, std::unique_ptr<Sounder> sounder, QObject *parent = nullptr);
 
+    bool canBeep() const { return m_sounder != nullptr; }
     /// One tone; a further one while it sounds lengthens it.
     void beep();
 

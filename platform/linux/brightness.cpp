@@ -41,9 +41,13 @@ Brightness::Brightness(Root root, const Config &config, Later later)
     }
     m_maximum = std::max(1, numberIn(m_root.read(m_device + QStringLiteral("/max_brightness"))));
     m_minimum = std::min(config.backlightMinimum, m_maximum);
-    m_level = levelOf(numberIn(m_root.read(m_device + QStringLiteral("/brightness"))));
-    if (isSaved && saved != m_level && !m_root.isReadOnly() && write(saved))
-        m_level = saved;
+    const int raw = numberIn(m_root.read(m_device + QStringLiteral("/brightness")));
+    m_level = levelOf(raw);
+    // A level stands for many raw values, and the darkest one also for those at which nothing can be read.
+    const int wanted = isSaved ? saved : m_level.load();
+    const bool isOtherwise = isSaved ? raw != rawOf(saved) : raw < m_minimum;
+    if (isOtherwise && !m_root.isReadOnly() && write(wanted))
+        m_level = wanted;
 }
 
 void Brightness::setLevel(int level, bool save)

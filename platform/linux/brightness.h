@@ -13,7 +13,8 @@ struct Config;
 class Brightness
 {
 public:
-    /// Reads the level, or puts the one that was saved in force again.
+    /// Puts the level that was saved in force again, or reads the one that is; a display that is too dark to be read is
+    /// raised to the darkest level.
     Brightness(Root root, const Config &config, Later later);
 
     int level() const { return m_level; }

@@ -12,7 +12,8 @@ struct Config;
 class BuzzerSwitch
 {
 public:
-    BuzzerSwitch(Root root, const Config &config);
+    /// @p isThere tells whether there is a buzzer to switch: without one it stays off.
+    BuzzerSwitch(Root root, const Config &config, bool isThere);
 
     bool isOn() const { return m_on; }
     /// Writes the choice before it returns.
@@ -21,7 +22,8 @@ public:
 private:
     Root m_root;
     QString m_stateFile;
-    std::atomic<bool> m_on{true};
+    bool m_isThere;
+    std::atomic<bool> m_on;
 };
 
 } // namespace HmiLinux

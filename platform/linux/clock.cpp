@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 g_latest = 0x7FFFFFFF;
 constexpr qint64 g_microseconds = 1000000;
 // The daemon refuses a time until the service that kept it has stopped.
-constexpr int g_attempts = 15;
+constexpr int g_attempts = 60;
 constexpr int g_pause = 50;
 
 QString service()

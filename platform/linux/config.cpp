@@ -1,12 +1,15 @@
 #include "linux/config.h"
 
 #include "linux/addressrules.h"
+#include "linux/snapshot.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSet>
 
+#include <cerrno>
 #include <functional>
+#include <sys/stat.h>
 #include <vector>
 
 namespace HmiLinux {
@@ -27,12 +30,24 @@ struct Key {
 // The kernel's limit for the name of an interface, without the end.
 constexpr int g_longestInterface = 15;
 
+/// Whether it is one of the words that stand in the place of a name.
+bool isNoInterface(const QString &value)
+{
+    return value == QLatin1String("auto") || value == QLatin1String("none");
+}
+
 Take adapter(SystemSet::NIC nic)
 {
     return [nic](Config &config, const QString &value) {
         if (value.size() > g_longestInterface || value.contains(QLatin1Char('/')) ||
             value.contains(QLatin1Char(' ')))
             return QStringLiteral("\"%1\" is no name of an interface").arg(value);
+        for (const auto &other : config.adapters) {
+            const bool isNamed = other.second == value && !isNoInterface(value);
+            if (isNamed && other.first != nic)
+                return QStringLiteral("\"%1\" is the interface of %2 already")
+                    .arg(value, nameOf(other.first));
+        }
         config.adapters[nic] = value;
         return QString();
     };
@@ -196,21 +211,30 @@ private:
     bool m_skips = false;
 };
 
+/// Whether there is no such file. One that nobody gets to, or a link that leads nowhere, was meant to be one.
+bool isMissing(const QString &path)
+{
+    struct stat found = {};
+    return ::lstat(QFile::encodeName(path).constData(), &found) != 0 && errno == ENOENT;
+}
+
 } // namespace
 
 Config readConfig(const QString &path, QStringList *problems)
 {
     QFile file(path);
     const QString name = QFileInfo(path).fileName();
-    if (!file.exists())
+    if (isMissing(path))
         return {};
-    if (!file.open(QIODevice::ReadOnly)) {
-        problems->append(QStringLiteral("%1: %2").arg(name, file.errorString()));
+    const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() != QFileDevice::NoError) {
+        problems->append(QStringLiteral("%1: cannot be read: %2").arg(name, file.errorString()));
         return {};
     }
     Reading reading(name, problems);
-    while (!file.atEnd())
-        reading.take(QString::fromUtf8(file.readLine()).trimmed());
+    const QList<QByteArray> lines = contents.split('\n');
+    for (const QByteArray &line : lines)
+        reading.take(QString::fromUtf8(line).trimmed());
     return reading.config();
 }
 

@@ -10,12 +10,14 @@ class GpioSounder : public Sounder
 {
 public:
     GpioSounder(Root root, QString file);
+    ~GpioSounder() override;
 
     bool sound(bool on) override;
 
 private:
     Root m_root;
     QString m_file;
+    bool m_sounds = false;
 };
 
 } // namespace HmiLinux

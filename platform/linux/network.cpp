@@ -1,6 +1,7 @@
 #include "linux/network.h"
 
 #include "linux/config.h"
+#include "linux/mobileradio.h"
 #include "linux/modemprofile.h"
 #include "linux/networkreading.h"
 #include "linux/nmnames.h"
@@ -44,6 +45,7 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
     , m_mirror(Nm::service(), Nm::objects(), this)
     , m_book(&m_mirror, this)
     , m_quiet(this)
+    , m_isReadOnly(root.isReadOnly())
 {
     registerBusTypes();
     m_quiet.setSingleShot(true);
@@ -62,6 +64,12 @@ Network::Network(const Root &root, const Config &config, const Interfaces &inter
             continue;
         auto *writer =
             new AdapterWriter(place, blankProfile(nic, config, interfaces.at(place)), m_state, &m_book, this);
+        if (nic == HMI::SystemSet::MOBILE_4G) {
+            auto *radio = new MobileRadio(m_state, &m_mirror, this);
+            // Before the wish is forgotten.
+            connect(writer, &AdapterWriter::settled, radio, &MobileRadio::wishStored);
+            m_pieces.push_back(radio);
+        }
         connect(writer, &AdapterWriter::settled, this, [this, place](quint64 number) {
             m_settled.at(place) = number;
             publish();
@@ -186,7 +194,17 @@ void Network::publish()
     });
     for (NetworkPiece *piece : m_pieces)
         piece->published();
+    if (!m_isReadOnly)
+        holdOff();
     emit published();
+}
+
+void Network::holdOff()
+{
+    for (AdapterWriter *writer : m_writers) {
+        if (writer != nullptr)
+            writer->holdOff();
+    }
 }
 
 QString Network::daemonName(std::size_t place) const

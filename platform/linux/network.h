@@ -57,6 +57,8 @@ private:
     /// For what others than the daemon tell.
     void noteBesides();
     void publish();
+    /// What the daemon has put in force by itself on adapters that were switched off goes out of it.
+    void holdOff();
     /// What the daemon calls the interface of an adapter; empty on a panel without.
     QString daemonName(std::size_t place) const;
 
@@ -69,10 +71,11 @@ private:
     std::array<AdapterWriter *, Adapters.size()> m_writers = {};
     std::array<quint64, Adapters.size()> m_settled = {};
     Wifi *m_wifi = nullptr;
-    std::vector<NetworkPiece *> m_pieces; ///< writers, Wi-Fi and tunnel
+    std::vector<NetworkPiece *> m_pieces; ///< writers, radio, Wi-Fi and tunnel
     QTimer m_quiet;
     QElapsedTimer m_unpublished; ///< since the first change that is not published
     bool m_wasComplete = false;
+    bool m_isReadOnly;
 };
 
 } // namespace HmiLinux

@@ -3,7 +3,10 @@
 #include "linux/nmnames.h"
 #include "linux/objectmirror.h"
 #include "linux/profilebook.h"
+#include "linux/vpnreading.h"
 #include "linux/wifireading.h"
+
+#include <algorithm>
 
 namespace HmiLinux {
 
@@ -36,8 +39,10 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
     AdapterState state;
     if (interface.isEmpty() || !m_mirror.isComplete())
         return state;
-    if (const Profile *own = m_book.byUuid(profileUuid(nameOf(nic))))
+    if (const Profile *own = m_book.byUuid(profileUuid(nameOf(nic)))) {
         state.profile = own->path;
+        state.isBoundElsewhere = !own->interface.isEmpty() && own->interface != interface;
+    }
     state.device = deviceOf(interface);
     state.known = !state.device.isEmpty();
     if (state.known) {
@@ -47,8 +52,10 @@ AdapterState NetworkReading::adapter(HMI::SystemSet::NIC nic, const QString &int
     if (nic == HMI::SystemSet::WIFI)
         readWifi(&state, interface);
     state.values = valuesOf(state);
-    if (nic == HMI::SystemSet::WIFI)
+    if (nic == HMI::SystemSet::WIFI) {
         state.values.enabled = state.known && isRadioOn();
+        readDefault(&state, interface);
+    }
     // A port without a profile takes whatever fits; a modem without one connects to nothing.
     if (nic == HMI::SystemSet::MOBILE_4G && state.profile.isEmpty() && state.activeProfile.isEmpty())
         state.values.enabled = false;
@@ -60,8 +67,10 @@ AdapterState NetworkReading::tunnel(const QString &active) const
     AdapterState state;
     state.known = !active.isEmpty();
     state.values.dhcp = true; // the other end gives the address
-    if (state.known)
-        readLive(pathIn(active, Nm::active(), QStringLiteral("Ip4Config")), &state);
+    if (!state.known)
+        return state;
+    state.interface = VpnReading(&m_mirror, &m_book).interface(active);
+    readLive(pathIn(active, Nm::active(), QStringLiteral("Ip4Config")), &state);
     return state;
 }
 
@@ -80,18 +89,33 @@ void NetworkReading::readDevice(AdapterState *state) const
     state->deviceState = m_mirror.property(state->device, Nm::device(), QStringLiteral("State")).toUInt();
     state->interface =
         m_mirror.property(state->device, Nm::device(), QStringLiteral("IpInterface")).toString();
-    // Up to 1.22 the address was told by the kind of the device alone.
-    QVariant mac = m_mirror.property(state->device, Nm::device(), QStringLiteral("HwAddress"));
-    if (!mac.isValid())
-        mac = m_mirror.property(state->device, Nm::wired(), QStringLiteral("HwAddress"));
-    if (!mac.isValid())
-        mac = m_mirror.property(state->device, Nm::wireless(), QStringLiteral("HwAddress"));
-    state->mac = macIn(mac.toString());
+    state->autoconnects =
+        m_mirror.property(state->device, Nm::device(), QStringLiteral("Autoconnect")).toBool();
+    state->mac = macIn(hardwareAddress(state->device));
     const QString active = pathIn(state->device, Nm::device(), QStringLiteral("ActiveConnection"));
     if (active.isEmpty())
         return;
     state->activeProfile = pathIn(active, Nm::active(), QStringLiteral("Connection"));
     state->carriesDefaultRoute = m_mirror.property(active, Nm::active(), QStringLiteral("Default")).toBool();
+}
+
+QString NetworkReading::hardwareAddress(const QString &device) const
+{
+    // The one in use is another while a wireless device looks around, and where one was given to it.
+    const QString permanent = QStringLiteral("PermHwAddress");
+    const QString used = QStringLiteral("HwAddress");
+    // Up to 1.22 both were told by the kind of the device alone.
+    const QPair<QString, QString> sources[] = {{Nm::wired(), permanent},
+                                               {Nm::wireless(), permanent},
+                                               {Nm::device(), used},
+                                               {Nm::wired(), used},
+                                               {Nm::wireless(), used}};
+    for (const QPair<QString, QString> &source : sources) {
+        const QString address = m_mirror.property(device, source.first, source.second).toString();
+        if (!address.isEmpty())
+            return address;
+    }
+    return {};
 }
 
 void NetworkReading::readLive(const QString &config, AdapterState *state) const
@@ -114,15 +138,15 @@ void NetworkReading::readLive(const QString &config, AdapterState *state) const
 
 ProfileValues NetworkReading::valuesOf(const AdapterState &state) const
 {
-    if (const Profile *own = m_book.byPath(state.profile))
+    const Profile *own = m_book.byPath(state.profile);
+    if (own != nullptr && !state.isBoundElsewhere)
         return own->values;
     // Until the panel has a profile of its own, the adapter is as others have set it up.
     ProfileValues values;
     if (const Profile *active = m_book.byPath(state.activeProfile))
         values = active->values;
     values.isDefault = false;
-    values.enabled = state.known && state.deviceState > Nm::Unmanaged &&
-                     m_mirror.property(state.device, Nm::device(), QStringLiteral("Autoconnect")).toBool();
+    values.enabled = state.known && state.deviceState > Nm::Unmanaged && state.autoconnects;
     return values;
 }
 
@@ -132,6 +156,19 @@ void NetworkReading::readWifi(AdapterState *state, const QString &interface) con
     state->wifi = wifi.link(*state);
     if (const Profile *own = wifi.own(*state, interface))
         state->profile = own->path;
+}
+
+void NetworkReading::readDefault(AdapterState *state, const QString &interface) const
+{
+    // The adapter is chosen, whichever network it is in: all of the panel's own say the same.
+    const QVector<const Profile *> owns = WifiReading(m_mirror, m_book).owns(interface);
+    state->values.isDefault = std::any_of(owns.cbegin(), owns.cend(),
+                                          [](const Profile *profile) { return profile->values.isDefault; });
+    state->isKept = !owns.isEmpty();
+    for (const Profile *profile : owns) {
+        if (profile->path != state->profile)
+            state->others.append(profile->path);
+    }
 }
 
 bool NetworkReading::isRadioOn() const

@@ -20,8 +20,11 @@ public:
 private:
     QString deviceOf(const QString &interface) const;
     void readDevice(AdapterState *state) const;
+    QString hardwareAddress(const QString &device) const;
     void readLive(const QString &config, AdapterState *state) const;
     void readWifi(AdapterState *state, const QString &interface) const;
+    /// Of the wireless adapter.
+    void readDefault(AdapterState *state, const QString &interface) const;
     bool isRadioOn() const;
     ProfileValues valuesOf(const AdapterState &state) const;
     QString pathIn(const QString &object, const QString &interface, const QString &name) const;

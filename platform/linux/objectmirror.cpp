@@ -9,6 +9,9 @@ namespace HmiLinux {
 
 namespace {
 
+// Between asking in vain, which takes far longer, and asking again.
+constexpr int g_retryTime = 1000;
+
 const QString &managerInterface()
 {
     static const QString name = QStringLiteral("org.freedesktop.DBus.ObjectManager");
@@ -18,8 +21,16 @@ const QString &managerInterface()
 } // namespace
 
 ObjectMirror::ObjectMirror(QString service, QString manager, QObject *parent)
-    : QObject(parent), m_service(std::move(service)), m_manager(std::move(manager)), m_bus(QString())
-{}
+    : QObject(parent)
+    , m_service(std::move(service))
+    , m_manager(std::move(manager))
+    , m_bus(QString())
+    , m_retry(this)
+{
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(g_retryTime);
+    connect(&m_retry, &QTimer::timeout, this, &ObjectMirror::fetch);
+}
 
 void ObjectMirror::attach(const QDBusConnection &bus)
 {
@@ -75,7 +86,9 @@ void ObjectMirror::fetch()
         if (round != m_round)
             return;
         if (isError(answer)) {
-            // The signal of a new owner makes up for it.
+            // For one that is not there, the signal of a new owner makes up for it.
+            if (isUnanswered(answer))
+                m_retry.start();
             if (!m_told)
                 qCWarning(busLog, "%s does not answer: %s", qPrintable(m_service),
                           qPrintable(reasonOf(answer)));
@@ -96,6 +109,7 @@ void ObjectMirror::fetch()
 void ObjectMirror::clear()
 {
     ++m_round;
+    m_retry.stop();
     const bool wasComplete = m_complete;
     m_complete = false;
     m_objects.clear();

@@ -4,6 +4,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
+#include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 
@@ -48,6 +49,7 @@ private:
     QString m_service;
     QString m_manager;
     QDBusConnection m_bus;
+    QTimer m_retry; ///< of a daemon that is there and does not answer
     QHash<QString, Sections> m_objects;
     int m_round = 0; ///< what was asked in an earlier one is answered for nobody
     bool m_complete = false;

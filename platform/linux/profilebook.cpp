@@ -5,9 +5,17 @@
 #include "linux/nmnames.h"
 #include "linux/objectmirror.h"
 
+#include <QtCore/QTimer>
 #include <QtDBus/QDBusArgument>
 
 namespace HmiLinux {
+
+namespace {
+
+// Between asking in vain, which takes far longer, and asking again.
+constexpr int g_retryTime = 1000;
+
+} // namespace
 
 ProfileBook::ProfileBook(const ObjectMirror *mirror, QObject *parent)
     : QObject(parent), m_mirror(mirror), m_bus(QString()), m_round(new QObject(this))
@@ -92,6 +100,11 @@ void ProfileBook::fetch(const QString &path, const std::function<void()> &read)
 {
     ask(m_bus, Nm::call(path, Nm::profile(), "GetSettings"), m_round,
         [this, path, read](const QDBusMessage &answer) {
+            // Forgotten for that, the panel's own would be made a second time.
+            if (isUnanswered(answer)) {
+                QTimer::singleShot(g_retryTime, m_round, [this, path, read] { fetch(path, read); });
+                return;
+            }
             m_waiting.remove(path);
             // One of somebody else's, or one that was deleted while it was asked for.
             if (isError(answer))

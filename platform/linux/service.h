@@ -47,10 +47,15 @@ public:
         });
     }
 
+    /// Makes one adapter the default one in place of the others.
+    void chooseDefault(std::size_t chosen);
+    /// How far the tunnel to a server is. While somebody asks, it is looked after.
+    VpnLink vpnLink(HMI::SystemSet::VPNServer server) const;
+
     Brightness &brightness() { return *m_brightness; }
     LanguageFile &language() { return *m_language; }
     VpnSwitch &vpn() { return *m_vpn; }
-    BuzzerSwitch &buzzer() { return m_buzzer; }
+    BuzzerSwitch &buzzer() { return *m_buzzer; }
     /// Of what later() does alone.
     Worker &worker() { return *m_worker; }
     const std::string &serialNumber() const { return m_serialNumber; }
@@ -69,10 +74,10 @@ private:
     Published<Snapshot> m_state;
     std::atomic<quint64> m_wishes{0};
     std::string m_serialNumber;
-    BuzzerSwitch m_buzzer;
     FileJobs m_files;
     std::unique_ptr<WorkerThread> m_thread;
     Worker *m_worker; ///< of m_thread
+    std::unique_ptr<BuzzerSwitch> m_buzzer;
     std::unique_ptr<Brightness> m_brightness;
     std::unique_ptr<LanguageFile> m_language;
     std::unique_ptr<VpnSwitch> m_vpn;

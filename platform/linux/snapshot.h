@@ -45,13 +45,18 @@ struct AdapterState {
     Dns liveDns;
     HMI::MAC mac = {};
     bool carriesDefaultRoute = false;
-    WifiLink wifi; ///< of the wireless adapter alone
+    WifiLink wifi;      ///< of the wireless adapter alone
+    bool isKept = true; ///< there is a profile of the panel's own, or there will be when one is needed
     // For who writes, not for who reads.
     uint deviceState = 0;
     QString interface;     ///< the one that packets take; empty when it is not told
     QString device;        ///< path
     QString activeProfile; ///< path; empty when none is in force
     QString profile;       ///< path of the panel's own; empty until it is made
+    QStringList others;    ///< paths of more of them: of networks that are not joined
+    /// The panel's own is for another interface, which was this adapter before the configuration changed.
+    bool isBoundElsewhere = false;
+    bool autoconnects = false; ///< the daemon puts in force what fits, by itself
 };
 
 /// All that getters of the network answer from. Immutable once published.

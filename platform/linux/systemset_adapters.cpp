@@ -44,7 +44,7 @@ SystemSet::NIC SystemSet::getDefaultNIC() const
         if (d->service.place(nic))
             return nic;
     }
-    return LAN0;
+    return NIC();
 }
 
 void SystemSet::setDefaultNIC(NIC nic, bool)
@@ -53,14 +53,7 @@ void SystemSet::setDefaultNIC(NIC nic, bool)
     // The tunnel's routes are those that its server hands out.
     if (!chosen || nic == VPN || d->onlyTells(QStringLiteral("make %1 the default adapter").arg(nameOf(nic))))
         return;
-    for (const NIC other : Adapters) {
-        const std::optional<std::size_t> place = d->service.place(other);
-        const bool isChosen = place == chosen;
-        if (!place || other == VPN || d->service.snapshot()->values(*place).isDefault == isChosen)
-            continue;
-        d->service.wish(*place, true, [isChosen](Wish &wish) { wish.isDefault = isChosen; });
-        d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });
-    }
+    d->service.chooseDefault(*chosen);
 }
 
 void SystemSet::pingTest(NIC nic, const std::function<void(bool)> &done)

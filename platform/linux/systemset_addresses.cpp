@@ -119,7 +119,8 @@ void SystemSet::setDns(NIC nic, const std::pair<IP, IP> &servers)
         d->onlyTells(QStringLiteral("give %1 the name servers %2 and %3")
                          .arg(nameOf(nic), dotted(servers.first), dotted(servers.second))))
         return;
-    d->service.wish(*place, true, [&servers](Wish &wish) { wish.dns = Dns{servers.first, servers.second}; });
+    const Dns dns = inOrder({servers.first, servers.second});
+    d->service.wish(*place, true, [&dns](Wish &wish) { wish.dns = dns; });
     d->service.later([this, place] { d->service.worker().network().writer(*place)->gather(); });
 }
 

@@ -16,9 +16,27 @@ namespace {
 // The operator waits for it, and timedated may have to be started first.
 constexpr std::chrono::milliseconds g_clockLimit{1000};
 
+// What was asked cannot be taken back: once it is, its answer is waited for.
+constexpr std::chrono::milliseconds g_answerLimit{4000};
+
 struct ClockWait {
+    enum State { Starting, Asked, Ended };
+
+    /// Whether the time may still be asked for.
+    bool ask()
+    {
+        State before = Starting;
+        return state.compare_exchange_strong(before, Asked) || before == Asked;
+    }
+    /// Whether nothing was asked, and nothing will be.
+    bool giveUp()
+    {
+        State before = Starting;
+        return state.compare_exchange_strong(before, Ended);
+    }
+
     std::promise<bool> outcome;
-    std::atomic<bool> hasEnded{false};
+    std::atomic<State> state{Starting};
 };
 
 } // namespace
@@ -33,11 +51,13 @@ bool SystemSet::setSystemTime(long seconds)
     d->service.later([this, seconds, waiting] {
         d->service.worker().clock().set(
             seconds, [waiting](bool succeeded) { waiting->outcome.set_value(succeeded); },
-            [waiting] { return !waiting->hasEnded; });
+            [waiting] { return waiting->ask(); });
     });
     if (set.wait_for(g_clockLimit) == std::future_status::ready)
         return set.get();
-    waiting->hasEnded = true;
+    if (!waiting->giveUp() && set.wait_for(g_answerLimit) == std::future_status::ready)
+        return set.get();
+    waiting->state = ClockWait::Ended;
     qCWarning(clockLog, "timedated does not answer in time");
     return false;
 }

@@ -25,7 +25,8 @@ int SystemSet::get4GSignal(NIC nic) const
 
 SystemSet::VPNServer SystemSet::getVPNServer() const
 {
-    return d->service.snapshot()->vpn.server;
+    // A choice may be left of a tunnel that the panel does not have any more.
+    return d->read<VPNServer>(VPN, [](const Snapshot &now, std::size_t) { return now.vpn.server; });
 }
 
 void SystemSet::setVPNServer(VPNServer server)
@@ -41,7 +42,7 @@ int SystemSet::getVPNServerState(VPNServer server) const
 {
     if (server != ASIA && server != EUROPE)
         return 0;
-    return int(d->service.snapshot()->vpnLinks.at(std::size_t(server)));
+    return int(d->service.vpnLink(server));
 }
 
 void SystemSet::resetVPNIp(VPNServer server)

@@ -74,15 +74,20 @@ VpnLink VpnReading::link(const QString &active, bool hasHeard, VpnLink failure) 
     return state < Nm::VpnActivated ? VpnLink::Connecting : failure;
 }
 
-bool VpnReading::hasReceived(const QString &active, const Root &root) const
+QString VpnReading::interface(const QString &active) const
 {
+    // Those of a plug-in's are what it goes over.
+    if (!isWireGuard(active))
+        return {};
     const auto devices = qdbus_cast<QList<QDBusObjectPath>>(
         m_mirror->property(active, Nm::active(), QStringLiteral("Devices")));
-    if (devices.isEmpty())
-        return false;
-    const QString interface =
-        m_mirror->property(devices.constFirst().path(), Nm::device(), QStringLiteral("Interface")).toString();
-    const QString counter = QStringLiteral("/sys/class/net/%1/statistics/rx_bytes").arg(interface);
+    const QString device = devices.isEmpty() ? QString() : devices.constFirst().path();
+    return m_mirror->property(device, Nm::device(), QStringLiteral("Interface")).toString();
+}
+
+bool VpnReading::hasReceived(const QString &active, const Root &root) const
+{
+    const QString counter = QStringLiteral("/sys/class/net/%1/statistics/rx_bytes").arg(interface(active));
     return root.read(counter).value_or(QByteArray()).trimmed().toULongLong() > 0;
 }
 

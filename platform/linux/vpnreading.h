@@ -28,6 +28,8 @@ public:
     bool isThere(const QString &active) const;
     /// Whether it is WireGuard's, which is up whoever is at the other end.
     bool isWireGuard(const QString &active) const;
+    /// The interface of WireGuard's; empty for a plug-in's, of which the daemon does not tell it.
+    QString interface(const QString &active) const;
     /// How far a connection in force is. @p hasHeard is of WireGuard, @p failure of one that has failed.
     VpnLink link(const QString &active, bool hasHeard, VpnLink failure) const;
     /// Whether anything was received over the interface of a connection in force.

@@ -18,9 +18,6 @@ using HMI::SystemSet;
 
 namespace {
 
-// As often as a screen looks.
-constexpr int g_listenTime = 2000;
-
 const char *nameOf(std::size_t place)
 {
     return place == SystemSet::EUROPE ? "Europe" : "Asia";
@@ -37,16 +34,12 @@ VpnTunnel::VpnTunnel(Root root, const Config &config, const Published<Snapshot> 
     , m_bus(QString())
     , m_requests(std::make_unique<QObject>(this))
     , m_pause(this)
-    , m_listen(this)
 {
     m_ends.at(SystemSet::ASIA).id = config.vpnAsia;
     m_ends.at(SystemSet::EUROPE).id = config.vpnEurope;
     m_pause.setSingleShot(true);
     m_pause.setInterval(config.vpnRetry * 1000);
     connect(&m_pause, &QTimer::timeout, this, &VpnTunnel::follow);
-    m_listen.setSingleShot(true);
-    m_listen.setInterval(g_listenTime);
-    connect(&m_listen, &QTimer::timeout, this, &VpnTunnel::follow);
 }
 
 void VpnTunnel::attach(const QDBusConnection &bus)
@@ -61,10 +54,12 @@ void VpnTunnel::interrupt()
     m_requests = std::make_unique<QObject>(this);
     m_begun.reset();
     m_pause.stop();
-    m_listen.stop();
     m_wasOnline = false;
-    for (End &end : m_ends)
+    for (End &end : m_ends) {
         end.failure = VpnLink::NotConnected;
+        end.told.clear();
+        end.dropped.clear(); // the next daemon gives the same paths again
+    }
 }
 
 void VpnTunnel::choose()
@@ -96,7 +91,7 @@ void VpnTunnel::follow()
     if (isNowOnline && !m_wasOnline)
         m_pause.stop();
     m_wasOnline = isNowOnline;
-    listen();
+    look();
     const std::shared_ptr<const Snapshot> snapshot = m_state->read();
     const auto place = std::size_t(snapshot->vpn.server);
     if (!snapshot->vpn.isOn || !m_reading.isComplete())
@@ -133,6 +128,7 @@ void VpnTunnel::begin(std::size_t place)
         return;
     m_begun = place;
     m_ends.at(place).wasUp = false;
+    m_ends.at(place).dropped.clear(); // it is gone, whatever path the new one gets
     m_pause.start();
     QDBusMessage question = Nm::call(Nm::path(), Nm::service(), "ActivateConnection");
     const QDBusObjectPath any(QStringLiteral("/"));
@@ -221,9 +217,8 @@ bool VpnTunnel::isNews(std::size_t place, const QString &what)
     return std::exchange(m_ends.at(place).told, what) != what;
 }
 
-void VpnTunnel::listen()
+void VpnTunnel::look()
 {
-    bool isListening = false;
     for (std::size_t place = 0; place < m_ends.size(); ++place) {
         const QString active = activeOf(place);
         End &end = m_ends.at(place);
@@ -236,13 +231,7 @@ void VpnTunnel::listen()
         end.hasHeard = m_reading.hasReceived(active, m_root);
         if (end.hasHeard)
             emit changed();
-        else
-            isListening = true;
     }
-    if (!isListening)
-        m_listen.stop();
-    else if (!m_listen.isActive())
-        m_listen.start();
 }
 
 } // namespace HmiLinux

@@ -36,6 +36,8 @@ public:
     void drop(HMI::SystemSet::VPNServer server);
     /// What the daemon has is otherwise than before.
     void follow();
+    /// Looks whether a tunnel that is up has received anything by now: nobody tells of it.
+    void look();
 
     VpnLinks links() const;
     /// The path of the connection in force to the chosen server; empty while there is none.
@@ -66,7 +68,6 @@ private:
     void ended(std::size_t place, uint reason);
     void tellMissing(std::size_t place);
     bool isNews(std::size_t place, const QString &what);
-    void listen();
 
     Root m_root;
     const Published<Snapshot> *m_state;
@@ -76,7 +77,6 @@ private:
     std::optional<std::size_t> m_begun;  ///< asked for, not answered
     std::unique_ptr<QObject> m_requests; ///< answers die with it
     QTimer m_pause;                      ///< before it is tried again
-    QTimer m_listen;
     bool m_wasOnline = false;
 };
 

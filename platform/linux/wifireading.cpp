@@ -88,12 +88,21 @@ const Profile *WifiReading::own(const AdapterState &adapter, const QString &inte
         return active != nullptr && active->isOwnWifi && isStored(*active) ? active : nullptr;
     }
     const Profile *last = nullptr;
-    const QVector<const Profile *> profiles = stored(interface);
+    const QVector<const Profile *> profiles = owns(interface);
     for (const Profile *profile : profiles) {
-        if (profile->isOwnWifi && (last == nullptr || last->lastUsed < profile->lastUsed))
+        if (last == nullptr || last->lastUsed < profile->lastUsed)
             last = profile;
     }
     return last;
+}
+
+QVector<const Profile *> WifiReading::owns(const QString &interface) const
+{
+    QVector<const Profile *> profiles = stored(interface);
+    profiles.erase(std::remove_if(profiles.begin(), profiles.end(),
+                                  [](const Profile *profile) { return !profile->isOwnWifi; }),
+                   profiles.end());
+    return profiles;
 }
 
 QVector<const Profile *> WifiReading::stored(const QString &interface) const

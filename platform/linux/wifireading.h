@@ -33,6 +33,8 @@ public:
     const Profile *known(const QByteArray &name, const QString &interface) const;
     /// The panel's own profile of the joined network; while none is joined, of the one that was joined last.
     const Profile *own(const AdapterState &adapter, const QString &interface) const;
+    /// The panel's own profiles of all networks.
+    QVector<const Profile *> owns(const QString &interface) const;
     /// The stored profiles of all networks of the device, whoever made them.
     QVector<const Profile *> stored(const QString &interface) const;
 

@@ -140,6 +140,7 @@ struct Panel {
     int language = HMI::SystemSet::ENGLISH;
     std::string serialNumber;
     long long clockOffset = 0; ///< seconds that the panel's clock is ahead of the machine's, see panelclock.h
+    long long clockStandsAt = -1; ///< seconds since the epoch at which the panel's clock stands; -1: it goes
     long long hardwareClockOffset = 0; ///< the same for the hardware clock, set by syncHwclock()
     Delays delays;
     Faults faults;

@@ -16,6 +16,7 @@ constexpr long long LargestOffset = 0xFFFFFFFFLL;
 
 /// Constant-initialised: the time may be asked for before this library's initialisers have run.
 std::atomic<long long> offset{0};
+std::atomic<long long> standing{-1};
 
 timespec machineTime()
 {
@@ -34,6 +35,12 @@ long long PanelClock::machineSeconds()
 void PanelClock::setOffset(long long seconds)
 {
     offset.store(std::clamp(seconds, -LargestOffset, LargestOffset), std::memory_order_relaxed);
+    standing.store(-1, std::memory_order_relaxed);
+}
+
+void PanelClock::standAt(long long seconds)
+{
+    standing.store(seconds, std::memory_order_relaxed);
 }
 
 } // namespace HmiSimulator
@@ -42,9 +49,11 @@ extern "C" HMI_EXPORT int gettimeofday(timeval *tv, void *tz) noexcept
 {
     using Seconds = std::numeric_limits<time_t>;
     const timespec now = HmiSimulator::machineTime();
-    const long long seconds = now.tv_sec + HmiSimulator::offset.load(std::memory_order_relaxed);
+    const long long standing = HmiSimulator::standing.load(std::memory_order_relaxed);
+    const long long seconds =
+        standing < 0 ? now.tv_sec + HmiSimulator::offset.load(std::memory_order_relaxed) : standing;
     tv->tv_sec = static_cast<time_t>(std::clamp<long long>(seconds, Seconds::min(), Seconds::max()));
-    tv->tv_usec = static_cast<suseconds_t>(now.tv_nsec / 1000);
+    tv->tv_usec = standing < 0 ? static_cast<suseconds_t>(now.tv_nsec / 1000) : 0;
     if (tz != nullptr)
         *static_cast<struct timezone *>(tz) = {};
     return 0;

@@ -77,6 +77,8 @@ void readAdapters(ScenarioSection &root, Panel &panel)
             panel.nicMask |= name.nic;
             readAdapter(adapters.section(name.key), panel.adapters[name.nic]);
         }
+        if (panel.nicMask == 0)
+            panel.defaultNic = 0;
     }
     int place = 0;
     root.readChoice("defaultAdapter", place, strings({"LAN0", "LAN1", "WIFI", "4G"}));
@@ -154,6 +156,7 @@ void readDevice(ScenarioSection &root, Panel &panel)
     root.readChoice("language", panel.language, strings({"zh", "en"}));
     root.readBytes("serialNumber", panel.serialNumber, MaximumBytes);
     root.read("clockOffset", panel.clockOffset, -AnyMaximum, AnyMaximum);
+    root.read("clockStandsAt", panel.clockStandsAt, 0, AnyMaximum);
     panel.hardwareClockOffset = panel.clockOffset;
 }
 

@@ -19,6 +19,8 @@ bool SystemSet::setSystemTime(long seconds)
     return core().write([seconds](Panel &panel) {
         if (panel.faults.clockRefused || seconds < 0 || seconds > LatestTime)
             return false;
+        if (panel.clockStandsAt >= 0)
+            panel.clockStandsAt = seconds;
         panel.clockOffset = seconds - PanelClock::machineSeconds();
         return true;
     });

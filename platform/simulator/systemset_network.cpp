@@ -192,7 +192,9 @@ int SystemSet::get4GSignal(NIC nic) const
 
 SystemSet::VPNServer SystemSet::getVPNServer() const
 {
-    return get("getVPNServer", [](const Panel &panel) { return static_cast<VPNServer>(panel.vpn.server); });
+    return get("getVPNServer", [](const Panel &panel) {
+        return panel.find(VPN) != nullptr ? static_cast<VPNServer>(panel.vpn.server) : ASIA;
+    });
 }
 
 void SystemSet::setVPNServer(VPNServer server)

@@ -2,7 +2,6 @@
 
 #include "tests/support/paneltest.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QGuiApplication>
 #include <QtNetwork/QTcpServer>
@@ -192,10 +191,8 @@ void TestEmbeddedComponent::interceptedIsReadAtOnce()
     const QUrl far = document("Far.qml", "import QtQuick 2.15\nItem {}");
     QVERIFY(!other.prefetch(far, m_engine.get()));
     expectMessage(QStringLiteral("Far\\.qml: cannot be read at once$"));
-    QElapsedTimer timer;
-    timer.start();
+    // Whoever waited for that server would wait for ever.
     QVERIFY(!other.get(far, m_engine.get()));
-    QVERIFY(timer.elapsed() < 1000);
     m_engine.reset();
 }
 

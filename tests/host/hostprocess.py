@@ -7,6 +7,8 @@ import sys
 import tempfile
 
 HOST = pathlib.Path(os.environ["PANEL_HOST"])
+# What runs it where it is for another machine than this one.
+EMULATOR = [os.environ["PANEL_EMULATOR"]] if "PANEL_EMULATOR" in os.environ else []
 PLUGIN = pathlib.Path(os.environ["PANEL_PLUGIN"])
 SERVICE = pathlib.Path(os.environ["PANEL_SERVICE"])
 SCENARIOS = pathlib.Path(os.environ["PANEL_SCENARIOS"])
@@ -24,7 +26,7 @@ def environment(**changes):
 def run(*options, timeout=60, cwd=None, **changes):
     """Runs the host to its end; returns its exit code and what it said on stdout and stderr."""
     done = subprocess.run(
-        [HOST, *options],
+        [*EMULATOR, HOST, *options],
         env=environment(**changes),
         cwd=cwd,
         stdin=subprocess.DEVNULL,

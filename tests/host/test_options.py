@@ -8,7 +8,7 @@ import subprocess
 import unittest
 
 import hostprocess
-from hostprocess import HOST, PLUGIN, SERVICE, run
+from hostprocess import EMULATOR, HOST, PLUGIN, SERVICE, run
 
 
 def needed_by(file):
@@ -114,7 +114,7 @@ class Libraries(unittest.TestCase):
                 shutil.copy(file, directory)
             album = pathlib.Path(directory, "libpanelsettings.so", "album")
             done = subprocess.run(
-                [pathlib.Path(directory, HOST.name), "--tour", album],
+                [*EMULATOR, pathlib.Path(directory, HOST.name), "--tour", album],
                 env=hostprocess.environment(),
                 stdin=subprocess.DEVNULL,
                 capture_output=True,

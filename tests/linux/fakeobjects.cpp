@@ -102,6 +102,9 @@ bool FakeObjects::handleMessage(const QDBusMessage &message, const QDBusConnecti
 QDBusMessage FakeObjects::answer(const QDBusMessage &message)
 {
     const QString member = message.member();
+    const QString failure = m_failures.take(member);
+    if (!failure.isEmpty())
+        return message.createErrorReply(failure, member);
     if (member == QLatin1String("GetManagedObjects")) {
         ManagedObjects objects;
         for (auto object = m_objects.cbegin(); object != m_objects.cend(); ++object)

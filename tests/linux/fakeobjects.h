@@ -36,6 +36,9 @@ public:
     void onCall(const QString &name, const Method &method) { m_methods[name] = method; }
     Method method(const QString &name) const { return m_methods.value(name); }
 
+    /// Answers the next call of @p name with an error.
+    void failOnce(const QString &name, const QString &error) { m_failures.insert(name, error); }
+
     /// Lets the next settings of properties be refused.
     void refuseProperties(bool refuse) { m_refusesProperties = refuse; }
 
@@ -55,6 +58,7 @@ private:
     QDBusConnection m_bus;
     QMap<QString, HmiLinux::Sections> m_objects;
     QMap<QString, Method> m_methods;
+    QMap<QString, QString> m_failures;
     QStringList m_calls;
     bool m_refusesProperties = false;
 };

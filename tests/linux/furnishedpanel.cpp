@@ -28,13 +28,15 @@ bool FurnishedPanel::start()
 
 void FurnishedPanel::furnishFiles() const
 {
-    const QByteArray ports = "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n";
+    const QByteArray ports = "[buzzer]\ndevice = /sys/class/leds/buzzer/brightness\n"
+                             "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n";
     m_files.put(text("/etc/panelsettings/linux.conf"),
                 ports + (m_isReal
                              ? "WIFI = none\nMOBILE_4G = none\n"
                              : "WIFI = wlan0\nMOBILE_4G = wwan0\n[vpn]\nAsia = asia\nEurope = europe\n"));
     m_files.put(text("/sys/class/backlight/lcd/max_brightness"), "255\n");
     m_files.put(text("/sys/class/backlight/lcd/brightness"), "200\n");
+    m_files.put(text("/sys/class/leds/buzzer/brightness"), "0\n");
     m_files.put(text("/proc/device-tree/serial-number"), "LINUX-0815\n");
 }
 

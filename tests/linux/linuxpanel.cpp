@@ -1,3 +1,4 @@
+#include "tests/linux/barepanel.h"
 #include "tests/linux/furnishedpanel.h"
 #include "tests/linux/text.h"
 
@@ -7,9 +8,10 @@
 
 #include <cstdio>
 
-/// Runs a program on a panel with the service for real ones, with a real NetworkManager where there is one.
+/// Runs a program on a panel with the service for real ones: with daemons of the tests' own, with a real
+/// NetworkManager (--real), or on one that has nothing (--bare).
 ///
-///     linux_panel [--real] PROGRAM ARGUMENTS...
+///     linux_panel [--real | --bare] PROGRAM ARGUMENTS...
 
 namespace {
 
@@ -30,25 +32,29 @@ int run(const QStringList &command)
     return 126;
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+template <class Panel> int runOn(Panel &&panel, const QStringList &command)
 {
-    const QCoreApplication application(argc, argv);
-    QStringList command = QCoreApplication::arguments().mid(1);
-    const bool isReal = command.value(0) == text("--real");
-    if (isReal)
-        command.removeFirst();
     if (command.isEmpty()) {
         std::fputs("linux_panel: a program is missing\n", stderr);
         return 2;
     }
-
-    FurnishedPanel panel(isReal ? FurnishedPanel::Daemons::Real : FurnishedPanel::Daemons::Own);
     if (!panel.start()) {
         std::fputs("linux_panel: there is no bus\n", stderr);
         return 126;
     }
     qputenv("LD_LIBRARY_PATH", QFileInfo(text(PANEL_LINUX_LIBRARY)).path().toLocal8Bit());
     return run(command);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList command = QCoreApplication::arguments().mid(1);
+    if (command.value(0) == text("--bare"))
+        return runOn(BarePanel(), command.mid(1));
+    if (command.value(0) == text("--real"))
+        return runOn(FurnishedPanel(FurnishedPanel::Daemons::Real), command.mid(1));
+    return runOn(FurnishedPanel(), command);
 }

@@ -273,18 +273,23 @@ void TestLinuxAdapters::offAndOn()
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(!m_scene->values().enabled);
     QTRY_VERIFY(m_scene->lan0().live == Addresses());
-    QCOMPARE(m_scene->daemon.calls(), (QStringList{text("Update2"), text("Disconnect")}));
+    QCOMPARE(m_scene->daemon.calls(), (QStringList{text("Update2"), text("Set"), text("Disconnect")}));
     // Off stays off, whatever is set.
     m_scene->setDhcp(true);
     QVERIFY(m_scene->waitForReports(1));
     QCOMPARE(m_scene->reports(), QVector<int>{SystemSet::DHCP_FAILED});
     QVERIFY(!m_scene->daemon.calls().contains(text("ActivateConnection")));
 
+    QTRY_COMPARE(m_scene->daemon.calls().count(text("Set")), 2);
+    m_scene->daemon.forgetCalls();
     m_scene->enable(true);
     QVERIFY(m_scene->values().enabled);
     QTRY_COMPARE(dotted(m_scene->lan0().live.ip), text("192.168.50.109"));
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(m_scene->values().enabled);
+    // Allowed first, the daemon would put the profile in force by itself, and then once more for us.
+    const QStringList calls{text("Update2"), text("ActivateConnection"), text("Set")};
+    QTRY_COMPARE(m_scene->daemon.calls(), calls);
 }
 
 void TestLinuxAdapters::profileOfSomebodyElseIsLeftAlone()

@@ -32,6 +32,9 @@ private slots:
     void whatCannotWorkTogether_data();
     void whatCannotWorkTogether();
     void draftWaitsForWhatFits();
+    void draftLeavesOutWhatIsImpossible_data();
+    void draftLeavesOutWhatIsImpossible();
+    void serversAreInOrder();
     void profileRoundTrip_data();
     void profileRoundTrip();
     void leaseAddsNoStaticAddress();
@@ -122,12 +125,64 @@ void TestLinuxAddresses::draftWaitsForWhatFits()
     Wish first;
     first.ip = ip("10.0.0.5");
     QVERIFY(!conflictOf(draft.over(stored, first)).isEmpty());
-    draft.keep(first);
+    draft.keep(first, draft.over(stored, first));
     Wish second;
     second.gateway = ip("10.0.0.1");
     QVERIFY(draft.over(stored, second) == (Addresses{ip("10.0.0.5"), maskOf(24), ip("10.0.0.1")}));
     draft.forget();
     QVERIFY(draft.over(stored, second) == (Addresses{ip("192.168.1.10"), maskOf(24), ip("10.0.0.1")}));
+}
+
+void TestLinuxAddresses::draftLeavesOutWhatIsImpossible_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QString>("mask");
+    QTest::addColumn<QString>("gateway");
+    QTest::newRow("broadcast") << "192.168.1.255"
+                               << ""
+                               << "";
+    QTest::newRow("network") << "192.168.1.0"
+                             << ""
+                             << "";
+    QTest::newRow("loopback") << "127.0.0.1"
+                              << ""
+                              << "";
+    QTest::newRow("mask with holes") << ""
+                                     << "255.0.255.0"
+                                     << "";
+    QTest::newRow("no mask") << ""
+                             << "0.0.0.0"
+                             << "";
+    QTest::newRow("broadcast as gateway") << ""
+                                          << ""
+                                          << "192.168.1.255";
+}
+
+void TestLinuxAddresses::draftLeavesOutWhatIsImpossible()
+{
+    QFETCH(const QString, address);
+    QFETCH(const QString, mask);
+    QFETCH(const QString, gateway);
+    const Addresses stored{ip("192.168.1.10"), maskOf(24), ip("192.168.1.1")};
+    Wish wish;
+    wish.ip = addressOf(address);
+    wish.mask = addressOf(mask);
+    wish.gateway = addressOf(gateway);
+    AddressDraft draft;
+    const Addresses whole = draft.over(stored, wish);
+    QVERIFY(!conflictOf(whole).isEmpty());
+    draft.keep(wish, whole);
+    QVERIFY(draft.over(stored, {}) == stored);
+}
+
+void TestLinuxAddresses::serversAreInOrder()
+{
+    const HMI::IP one = ip("9.9.9.9");
+    const HMI::IP other = ip("8.8.4.4");
+    QVERIFY(inOrder({one, other}) == (Dns{one, other}));
+    QVERIFY(inOrder({0, other}) == (Dns{other, 0}));
+    QVERIFY(inOrder({one, one}) == (Dns{one, 0}));
+    QVERIFY(inOrder({0, 0}) == Dns());
 }
 
 void TestLinuxAddresses::profileRoundTrip_data()

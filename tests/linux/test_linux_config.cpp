@@ -14,6 +14,8 @@ class TestLinuxConfig : public PanelTest
 private slots:
     void missingFileIsAllDefaults();
     void sampleSaysTheDefaults();
+    void fileThatCannotBeRead_data();
+    void fileThatCannotBeRead();
     void everyKeyIsRead();
     void whatIsWrongIsToldWithItsLine_data();
     void whatIsWrongIsToldWithItsLine();
@@ -70,6 +72,33 @@ void TestLinuxConfig::sampleSaysTheDefaults()
     QCOMPARE(sample.stateDirectory, defaults.stateDirectory);
 }
 
+void TestLinuxConfig::fileThatCannotBeRead_data()
+{
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("target");
+    const auto file = QStringLiteral("linux.conf");
+    QTest::newRow("leads nowhere") << file << QStringLiteral("nowhere");
+    QTest::newRow("leads to itself") << file << file;
+    QTest::newRow("a directory") << file << QStringLiteral("/");
+    QTest::newRow("cannot be read once it is open") << file << QStringLiteral("/proc/self/mem");
+    QTest::newRow("where nobody gets") << QStringLiteral("etc") << QStringLiteral("etc");
+}
+
+void TestLinuxConfig::fileThatCannotBeRead()
+{
+    QFETCH(const QString, link);
+    QFETCH(const QString, target);
+    const PanelDirectory panel;
+    QVERIFY(QFile::link(target, panel.path() + QLatin1Char('/') + link));
+    const QString directory = link == QLatin1String("etc") ? QStringLiteral("/etc") : QString();
+    m_problems.clear();
+    const Config config = readConfig(panel.path() + directory + QStringLiteral("/linux.conf"), &m_problems);
+    QCOMPARE(m_problems.size(), 1);
+    QVERIFY2(m_problems.constFirst().startsWith(QLatin1String("linux.conf: cannot be read: ")),
+             qPrintable(m_problems.constFirst()));
+    QVERIFY(config.adapters == Config().adapters);
+}
+
 void TestLinuxConfig::everyKeyIsRead()
 {
     const Config config =
@@ -120,6 +149,8 @@ void TestLinuxConfig::whatIsWrongIsToldWithItsLine_data()
         "linux.conf:2: \"averyverylongname\" is no name of an interface");
     row("twice", "[adapters]\nLAN0 = eth0\nLAN0 = eth1\n",
         "linux.conf:3: \"LAN0\" is there twice; the first one counts");
+    row("one interface for two", "[adapters]\nLAN1 = eth1\nWIFI = none\nMOBILE_4G = none\nVPN = eth1\n",
+        "linux.conf:5: \"eth1\" is the interface of LAN1 already");
     row("no number", "[ping]\ntimeout = soon\n", "linux.conf:2: \"soon\" is no number from 100 to 14000");
     row("out of range", "[buzzer]\nduration = 0\n", "linux.conf:2: \"0\" is no number from 1 to 1000");
     row("no address", "[ping]\ntarget = 1.2.3\n",
@@ -138,9 +169,10 @@ void TestLinuxConfig::whatIsWrongIsToldWithItsLine()
     QCOMPARE(m_problems, QStringList{problem});
     // What was wrong is as if it were not there, and all else holds.
     QCOMPARE(config.serialNumber, QStringLiteral("/etc/serial"));
-    QCOMPARE(config.adapters.at(SystemSet::LAN0), contents.contains("twice") || contents.contains("eth1")
-                                                      ? QStringLiteral("eth0")
-                                                      : QStringLiteral("auto"));
+    const bool isFirstKept = contents.contains("LAN0 = eth0\nLAN0");
+    QCOMPARE(config.adapters.at(SystemSet::LAN0),
+             isFirstKept ? QStringLiteral("eth0") : QStringLiteral("auto"));
+    QCOMPARE(config.adapters.at(SystemSet::VPN), QStringLiteral("auto"));
     QCOMPARE(config.pingTimeout, Config().pingTimeout);
     QCOMPARE(config.buzzerDuration, Config().buzzerDuration);
 }

@@ -1,4 +1,4 @@
-#include "tests/linux/paneldirectory.h"
+#include "tests/linux/networkscene.h"
 #include "tests/support/paneltest.h"
 
 #include "linux/beeper.h"
@@ -36,6 +36,9 @@ private slots:
     void brightnessCoversTheRange_data();
     void brightnessCoversTheRange();
     void brightnessIsKeptOnlyOnceSaved();
+    void displayIsReadableFromTheStart_data();
+    void displayIsReadableFromTheStart();
+    void displayThatIsOnlyLookedAtStaysDark();
     void brightnessOutOfRangeChangesNothing();
     void brightnessThatMayNotBeWritten();
     void brightnessWithoutDevice();
@@ -44,7 +47,10 @@ private slots:
     void languageIsSharedWithOthers();
     void languageThatNobodyKnows();
     void buzzerKeepsItsSwitch();
+    void withoutABuzzerKeysAreSilent_data();
+    void withoutABuzzerKeysAreSilent();
     void buzzerSoundsThroughAFile();
+    void buzzerIsSilentOnceItIsGone();
     void buzzerSoundsThroughAnInputDevice();
     void buzzerThatMayNotBeUsed();
 
@@ -117,6 +123,44 @@ void TestLinuxDevices::brightnessIsKeptOnlyOnceSaved()
     const Brightness brightness(m_panel->root(), m_config, atOnce());
     QCOMPARE(brightness.level(), 5);
     QVERIFY(raw() < dragged);
+}
+
+void TestLinuxDevices::displayIsReadableFromTheStart_data()
+{
+    QTest::addColumn<int>("minimum");
+    QTest::addColumn<QByteArray>("saved");
+    QTest::addColumn<int>("found");
+    QTest::addColumn<int>("raw");
+    QTest::addColumn<int>("level");
+    QTest::newRow("darkest level, driver dark") << 1 << QByteArray("1\n") << 0 << 1 << 1;
+    QTest::newRow("darkest level, driver too dark") << 40 << QByteArray("1\n") << 3 << 40 << 1;
+    QTest::newRow("nothing saved, driver dark") << 1 << QByteArray() << 0 << 1 << 1;
+    QTest::newRow("nothing saved, driver too dark") << 40 << QByteArray() << 3 << 40 << 1;
+    QTest::newRow("nonsense saved, driver dark") << 1 << QByteArray("77\n") << 0 << 1 << 1;
+    QTest::newRow("same level, driver between two") << 1 << QByteArray("2\n") << 6 << 9 << 2;
+    QTest::newRow("nothing saved, driver between two") << 1 << QByteArray() << 6 << 6 << 2;
+}
+
+void TestLinuxDevices::displayIsReadableFromTheStart()
+{
+    QFETCH(const int, minimum);
+    QFETCH(const QByteArray, saved);
+    QFETCH(const int, found);
+    addBacklight(255, found);
+    m_config.backlightMinimum = minimum;
+    if (!saved.isEmpty())
+        m_panel->put(m_config.stateDirectory + QStringLiteral("/brightness"), saved);
+    const Brightness brightness(m_panel->root(), m_config, atOnce());
+    QTEST(raw(), "raw");
+    QTEST(brightness.level(), "level");
+}
+
+void TestLinuxDevices::displayThatIsOnlyLookedAtStaysDark()
+{
+    addBacklight(255, 0);
+    const Brightness brightness(Root(m_panel->path(), Root::Access::ReadOnly), m_config, atOnce());
+    QCOMPARE(brightness.level(), int(SystemSet::BRIGHT_MIN));
+    QCOMPARE(raw(), 0);
 }
 
 void TestLinuxDevices::brightnessOutOfRangeChangesNothing()
@@ -200,13 +244,41 @@ void TestLinuxDevices::languageThatNobodyKnows()
 
 void TestLinuxDevices::buzzerKeepsItsSwitch()
 {
-    BuzzerSwitch buzzer(m_panel->root(), m_config);
+    BuzzerSwitch buzzer(m_panel->root(), m_config, true);
     QVERIFY(buzzer.isOn());
     buzzer.setOn(false);
-    QVERIFY(!BuzzerSwitch(m_panel->root(), m_config).isOn());
+    QVERIFY(!BuzzerSwitch(m_panel->root(), m_config, true).isOn());
     buzzer.setOn(true);
-    QVERIFY(BuzzerSwitch(m_panel->root(), m_config).isOn());
+    QVERIFY(BuzzerSwitch(m_panel->root(), m_config, true).isOn());
     Beeper(m_config, nullptr).beep(); // into nothing
+}
+
+void TestLinuxDevices::withoutABuzzerKeysAreSilent_data()
+{
+    QTest::addColumn<QByteArray>("device");
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("none") << QByteArray("none") << false;
+    QTest::newRow("nothing found") << QByteArray("auto") << false;
+    QTest::newRow("a file") << QByteArray("/sys/class/gpio/gpio17/value") << true;
+}
+
+void TestLinuxDevices::withoutABuzzerKeysAreSilent()
+{
+    QFETCH(const QByteArray, device);
+    NetworkScene scene;
+    scene.panel.put(QStringLiteral("/etc/panelsettings/linux.conf"),
+                    "[adapters]\nLAN0 = lan0\nWIFI = none\n[buzzer]\ndevice = " + device + '\n');
+    QVERIFY(scene.isUp && scene.startAndWait());
+    QFETCH(const bool, isThere);
+    BuzzerSwitch &buzzer = scene.service->buzzer();
+    QCOMPARE(buzzer.isOn(), isThere);
+    for (const bool on : {false, true}) {
+        buzzer.setOn(on);
+        QCOMPARE(buzzer.isOn(), isThere && on);
+    }
+    // Nothing is kept for a buzzer that there may be on another day.
+    const QByteArray kept = scene.panel.contents(m_config.stateDirectory + QStringLiteral("/buzzer"));
+    QCOMPARE(kept, isThere ? QByteArray("on\n") : QByteArray());
 }
 
 void TestLinuxDevices::buzzerSoundsThroughAFile()
@@ -219,6 +291,24 @@ void TestLinuxDevices::buzzerSoundsThroughAFile()
     buzzer.beep();
     QCOMPARE(m_panel->contents(file), QByteArray("1"));
     QTRY_COMPARE(m_panel->contents(file), QByteArray("0"));
+}
+
+void TestLinuxDevices::buzzerIsSilentOnceItIsGone()
+{
+    const QString file = QStringLiteral("/sys/class/gpio/gpio17/value");
+    m_panel->put(file, "0");
+    m_config.buzzer = file;
+    m_config.buzzerDuration = 1000;
+    {
+        Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
+        buzzer.beep();
+        QCOMPARE(m_panel->contents(file), QByteArray("1"));
+    }
+    QCOMPARE(m_panel->contents(file), QByteArray("0"));
+    // What was never used is not touched: somebody else may signal with it.
+    m_panel->put(file, "1");
+    makeSounder(m_panel->root(), m_config).reset();
+    QCOMPARE(m_panel->contents(file), QByteArray("1"));
 }
 
 void TestLinuxDevices::buzzerSoundsThroughAnInputDevice()

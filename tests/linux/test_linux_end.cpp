@@ -24,7 +24,9 @@ void TestLinuxEnd::endsWhileDaemonsTalk()
 {
     const QString port = QStringLiteral("lan0");
     const PanelDirectory panel;
-    panel.put(QStringLiteral("/etc/panelsettings/linux.conf"), "[adapters]\nLAN0 = lan0\nLAN1 = none\n");
+    panel.put(QStringLiteral("/etc/panelsettings/linux.conf"),
+              "[adapters]\nLAN0 = lan0\nLAN1 = none\n[buzzer]\ndevice = /sys/class/leds/buzzer/brightness\n");
+    panel.put(QStringLiteral("/sys/class/leds/buzzer/brightness"), "0\n");
     panel.put(QStringLiteral("/sys/class/backlight/lcd/max_brightness"), "255\n");
     panel.put(QStringLiteral("/sys/class/backlight/lcd/brightness"), "200\n");
     PrivateBus bus;

@@ -35,6 +35,10 @@ private slots:
     void connectionFails();
     void modemPulledAndPutBack();
     void modemsDaemonGoesAndComes();
+    void radioIsSwitchedOnWithIt();
+    void radioThatMayNotBeSwitchedOn();
+    void radioThatSomebodySwitchesOffIsTold();
+    void radioOfWhatIsOffIsLeftAlone();
 
 private:
     void start(const QByteArray &more = {});
@@ -52,6 +56,15 @@ private:
     {
         m_scene->enable(true, g_place);
         return m_scene->values(g_place).enabled && waitForWishes();
+    }
+    void setRadio(bool on)
+    {
+        m_scene->daemon.set(Nm::path(), Nm::service(), {{text("WwanEnabled"), on}});
+        m_scene->daemon.setState(port(), on ? Nm::Disconnected : Nm::Unavailable);
+    }
+    bool isRadioOn() const
+    {
+        return m_scene->daemon.get(Nm::path(), Nm::service(), text("WwanEnabled")).toBool();
     }
     QVariantMap section(const char *name) const
     {
@@ -204,6 +217,58 @@ void TestLinuxModemConnection::modemsDaemonGoesAndComes()
     QVERIFY(m_modems->publish(m_scene->bus.address()));
     QTRY_COMPARE(m_scene->service->snapshot()->modem.signal, 71);
     QVERIFY(modem().known);
+}
+
+void TestLinuxModemConnection::radioIsSwitchedOnWithIt()
+{
+    setRadio(false);
+    start();
+    QVERIFY(switchOn());
+    QTRY_VERIFY(isRadioOn());
+    QCOMPARE(section("connection").value(text("autoconnect"), true),
+             QVariant(true)); // so that it goes on by itself
+}
+
+void TestLinuxModemConnection::radioThatMayNotBeSwitchedOn()
+{
+    setRadio(false);
+    start();
+    m_scene->daemon.refuseProperties(true);
+    expectMessage(text("4G does not work: mobile networks are switched off, and stay so: refused"));
+    QVERIFY(switchOn());
+    QTRY_VERIFY(haveMessagesCome());
+    QVERIFY(!isRadioOn());
+}
+
+void TestLinuxModemConnection::radioThatSomebodySwitchesOffIsTold()
+{
+    setRadio(true);
+    start();
+    QVERIFY(switchOn());
+    for (int times = 0; times < 2; ++times) {
+        expectMessage(text("4G does not work: mobile networks are switched off"));
+        setRadio(false);
+        QTRY_VERIFY(haveMessagesCome());
+        QVERIFY(m_scene->values(g_place).enabled);
+        m_scene->enable(false, g_place);
+        QVERIFY(waitForWishes());
+        QVERIFY(!isRadioOn()); // nobody asked for more than 4G to be off
+        QVERIFY(switchOn());
+        QTRY_VERIFY(isRadioOn());
+    }
+    expectMessage(text("4G does not work: the device's own switch for mobile networks is off"));
+    m_scene->daemon.set(Nm::path(), Nm::service(), {{text("WwanHardwareEnabled"), false}});
+    QTRY_VERIFY(haveMessagesCome());
+}
+
+void TestLinuxModemConnection::radioOfWhatIsOffIsLeftAlone()
+{
+    setRadio(false);
+    start();
+    m_scene->gather(g_place, [](Wish &wish) { wish.isDefault = true; });
+    QVERIFY(waitForWishes());
+    QVERIFY(!isRadioOn());
+    QVERIFY(!m_scene->daemon.calls().contains(text("Set")));
 }
 
 PANEL_TEST_MAIN(TestLinuxModemConnection)

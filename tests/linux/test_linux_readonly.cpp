@@ -35,7 +35,9 @@ private slots:
 void TestLinuxReadOnly::tellsAndChangesNothing()
 {
     PanelDirectory panel;
-    panel.put(text("/etc/panelsettings/linux.conf"), "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n");
+    panel.put(text("/etc/panelsettings/linux.conf"),
+              "[adapters]\nLAN0 = lan0\nLAN1 = lan1\n[buzzer]\ndevice = /sys/class/leds/buzzer/brightness\n");
+    panel.put(text("/sys/class/leds/buzzer/brightness"), "0\n");
     panel.put(text("/sys/class/backlight/lcd/max_brightness"), "255\n");
     panel.put(text("/sys/class/backlight/lcd/brightness"), "200\n");
     // Saved on another day: put in force at the start otherwise.

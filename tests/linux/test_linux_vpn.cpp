@@ -1,6 +1,9 @@
 #include "tests/linux/text.h"
 #include "tests/linux/vpnscene.h"
 
+#include <algorithm>
+#include <future>
+
 using namespace HmiLinux;
 using HMI::SystemSet;
 
@@ -24,6 +27,8 @@ private slots:
     void switchThatIsNotKept();
     void tunnelOfSomebodyElseIsLeftAlone();
     void wireGuardIsConnectedOnceItHears();
+    void silentWireGuardWakesNobody();
+    void pingGoesOverTheInterfaceOfWireGuard();
 
 private:
     void start();
@@ -229,6 +234,44 @@ void TestLinuxVpn::wireGuardIsConnectedOnceItHears()
     m_scene->panel.put(counter, "0\n");
     m_scene->switchTunnel(true); // a new one has heard nothing yet
     QTRY_COMPARE(m_scene->link(), 1);
+}
+
+void TestLinuxVpn::silentWireGuardWakesNobody()
+{
+    const QString counter = text("/sys/class/net/wg0/statistics/rx_bytes");
+    m_scene->vpn.addWireGuard(text("asia"), text("wg0"));
+    m_scene->panel.put(counter, "0\n");
+    QVERIFY(m_scene->startAndWait());
+    m_scene->switchTunnel(true);
+    QTRY_COMPARE(m_scene->link(), 1);
+    const auto runningTimers = [this] {
+        const auto count = std::make_shared<std::promise<int>>();
+        m_scene->service->later([worker = &m_scene->service->worker(), count] {
+            const auto timers = worker->findChildren<QTimer *>();
+            count->set_value(int(std::count_if(timers.cbegin(), timers.cend(),
+                                               [](const QTimer *timer) { return timer->isActive(); })));
+        });
+        return count->get_future().get();
+    };
+    QTRY_COMPARE(runningTimers(), 0); // whoever waited for the daemon has heard it
+    m_scene->panel.put(counter, "92\n");
+    QTRY_COMPARE(m_scene->link(), 5); // seen because somebody asks
+}
+
+void TestLinuxVpn::pingGoesOverTheInterfaceOfWireGuard()
+{
+    m_scene->configure("Asia = asia\n[ping]\ntarget = 192.0.2.1\n");
+    m_scene->vpn.addWireGuard(text("asia"), text("wgpanel"));
+    QVERIFY(m_scene->startAndWait());
+    m_scene->switchTunnel(true);
+    QTRY_COMPARE(m_scene->link(), 1);
+    // This machine has no such interface, so that it is told which one was to be asked over.
+    expectMessage(text("nobody can be asked over wgpanel: "));
+    const auto answered = std::make_shared<std::promise<bool>>();
+    m_scene->service->later([worker = &m_scene->service->worker(), answered] {
+        worker->ping(4, [answered](bool outcome) { answered->set_value(outcome); });
+    });
+    QVERIFY(!answered->get_future().get());
 }
 
 PANEL_TEST_MAIN(TestLinuxVpn)

@@ -27,6 +27,8 @@ private slots:
     void refusedActivation();
     void refusalIsToldOnce();
     void daemonGoesAndComes();
+    void failureAfterTheDaemonCameBack();
+    void refusalIsToldAgainOfAnotherDaemon();
 
 private:
     void startOn(const FakeVpn::Steps &steps, const QByteArray &pause = "600");
@@ -227,6 +229,41 @@ void TestLinuxVpnFaults::daemonGoesAndComes()
     QVERIFY(m_scene->daemon.publish(m_scene->bus.address()));
     QVERIFY(waitFor(5));
     QCOMPARE(m_scene->vpn.started().size(), 2);
+}
+
+void TestLinuxVpnFaults::failureAfterTheDaemonCameBack()
+{
+    startOn(FakeVpn::connected());
+    QVERIFY(waitFor(5));
+    m_scene->switchTunnel(false);
+    QVERIFY(waitFor(0));
+    // It counts its connections anew: the next one has the path of the one that the panel ended.
+    m_scene->daemon.vanish();
+    QTRY_VERIFY(!m_scene->lan0().known);
+    QVERIFY(m_scene->daemon.publish(m_scene->bus.address()));
+    QVERIFY(m_scene->waitForDaemon());
+    m_scene->vpn.setSteps(FakeVpn::failed(Nm::VpnLoginFailed));
+    m_scene->switchTunnel(true);
+    QVERIFY(waitFor(2));
+}
+
+void TestLinuxVpnFaults::refusalIsToldAgainOfAnotherDaemon()
+{
+    const auto starts = [this] { return m_scene->daemon.calls().count(text("ActivateConnection")); };
+    m_scene->vpn.refuse(true);
+    m_scene->addBoth();
+    QVERIFY(m_scene->startAndWait());
+    for (int daemons = 0; daemons < 2; ++daemons) {
+        expectMessage(text("the tunnel to Asia does not begin: refused"));
+        const int before = starts();
+        if (daemons == 0)
+            m_scene->switchTunnel(true);
+        else
+            QVERIFY(m_scene->daemon.publish(m_scene->bus.address()));
+        QTRY_VERIFY_WITH_TIMEOUT(starts() >= before + 2, VpnScene::Patience);
+        m_scene->daemon.vanish();
+        QTRY_VERIFY(!m_scene->lan0().known);
+    }
 }
 
 PANEL_TEST_MAIN(TestLinuxVpnFaults)

@@ -44,7 +44,7 @@ struct VpnScene : NetworkScene {
     /// In the numbers of the contract.
     int link(HMI::SystemSet::VPNServer server = HMI::SystemSet::ASIA) const
     {
-        return int(service->snapshot()->vpnLinks.at(std::size_t(server)));
+        return int(service->vpnLink(server));
     }
     HMI::IP address() const { return service->snapshot()->adapters.at(4).live.ip; }
 

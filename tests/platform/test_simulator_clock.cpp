@@ -29,6 +29,7 @@ private slots:
     void refusedTimeChangesNothing();
     void resetPutsItBack();
     void scenarioSetsIt();
+    void standsWhereItIsTold();
     void hardwareClockIsAnother();
     void otherClocksAreLeftAlone();
     void reportsComeInTheirTime();
@@ -104,6 +105,20 @@ void TestSimulatorClock::scenarioSetsIt()
     QVERIFY(!HmiSimulator::loadScenarioText(R"({"clockOffset": 5, "brightness": 99})"));
     QVERIFY(isAhead(3600 - 86400));
     QVERIFY(HmiSimulator::loadScenarioText("{}"));
+    QVERIFY(isAhead(0));
+}
+
+void TestSimulatorClock::standsWhereItIsTold()
+{
+    QVERIFY(HmiSimulator::loadScenarioText(R"({"clockStandsAt": 1773065107})"));
+    const auto now = [] { return QDateTime::currentMSecsSinceEpoch(); };
+    const long long begin = machineSeconds();
+    QCOMPARE(now(), 1773065107000LL);
+    QTRY_VERIFY(machineSeconds() > begin);
+    QCOMPARE(now(), 1773065107000LL);
+    QVERIFY(service().setSystemTime(FarAhead));
+    QCOMPARE(now(), FarAhead * 1000LL);
+    HmiSimulator::reset();
     QVERIFY(isAhead(0));
 }
 

@@ -106,6 +106,7 @@ class Programs:
             "packaging/debian/make-packages": self.packer,
             "panel-host": self.parses_itself,
             "panelsettings-conformance": self.conformance,
+            "tests/arm/emulate": self.emulated,
         }
 
     def problem(self, words):
@@ -155,6 +156,15 @@ class Programs:
         known = options_in((self.root / words[0]).read_text(encoding="utf-8"))
         unknown = [word for word in words[1:] if word.startswith("-") and word not in known]
         return f"{words[0]} has no {unknown[0]}" if unknown else None
+
+    def emulated(self, words):
+        """A script of this tree with a program behind its options, which has its own."""
+        begin = next((place for place, word in enumerate(words) if word.startswith("build/")), len(words))
+        if begin == len(words):
+            return "a program is missing"
+        name = pathlib.PurePath(words[begin]).name
+        of_program = [name, *words[begin + 1 :]]
+        return self.script(words[:begin]) or (self.checks[name](of_program) if name in self.checks else self.target(name))
 
     def conformance(self, words):
         _, usage = self.output(self.build / "conformance/panelsettings-conformance", "--help")
@@ -259,6 +269,9 @@ PLANTED = {
     "second command": "```sh\n./setup && no-such-program\n```\n",
     "unknown option": "```sh\n./run --colour\n```\n",
     "wrong value": "```sh\n./run --size 12\n```\n",
+    "unknown option of the emulator": "```sh\ntests/arm/emulate --speed 2 build/arm-tests/host/panel-host\n```\n",
+    "unknown option behind the emulator": "```sh\ntests/arm/emulate build/arm-tests/host/panel-host --colour\n```\n",
+    "unknown program behind the emulator": "```sh\ntests/arm/emulate build/arm-tests/tests/no_such_test\n```\n",
     "unknown option of setup": "```sh\n./setup --everything\n```\n",
     "unknown kind of test": "```sh\n./test fast\n```\n",
     "unknown option of ctest": "```sh\n./test --no-such-thing\n```\n",

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
+#include <QRegularExpression>
 #include <QResource>
 #include <QTranslator>
 #include <QtTest>
@@ -133,7 +134,9 @@ private slots:
     void indicatorTurnsAroundItsCentre();
     void bundleIsStoredUncompressed();
     void documentsAreCompressed();
+    void documentsAreThereAsTexts();
     void spareIconsAreAskedForByNobody();
+    void spareIconsAreListed();
     void catalogueHasItsEntries();
     void catalogueTranslates();
     void catalogueKeepsItsGaps();
@@ -251,6 +254,24 @@ void TestResources::documentsAreCompressed()
     QVERIFY(count > 0);
 }
 
+// What is compiled of them is for this version of the toolkit alone; any other reads these.
+void TestResources::documentsAreThereAsTexts()
+{
+    const QDir tree(QStringLiteral(SOURCE_DIRECTORY "/resources"));
+    int count = 0;
+    QDirIterator documents(tree.filePath(QStringLiteral("setting")), {"*.qml"}, QDir::Files,
+                           QDirIterator::Subdirectories);
+    while (documents.hasNext()) {
+        QFile source(documents.next());
+        QFile embedded(QStringLiteral(":/") + tree.relativeFilePath(source.fileName()));
+        QVERIFY2(source.open(QIODevice::ReadOnly) && embedded.open(QIODevice::ReadOnly),
+                 qPrintable(embedded.fileName()));
+        QCOMPARE(embedded.readAll(), source.readAll());
+        ++count;
+    }
+    QVERIFY(count > 0);
+}
+
 void TestResources::spareIconsAreAskedForByNobody()
 {
     const QByteArray text = sources();
@@ -258,6 +279,25 @@ void TestResources::spareIconsAreAskedForByNobody()
     const QStringList icons = spareIcons();
     for (const QString &icon : icons)
         QVERIFY2(!text.contains("icons/" + icon.toLatin1()), qPrintable(icon));
+}
+
+// Whoever wonders what an icon is for finds all of them in one place of the documents.
+void TestResources::spareIconsAreListed()
+{
+    QFile page(QStringLiteral(SOURCE_DIRECTORY "/docs/names.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    const int begin = text.indexOf(QLatin1String("- Icons in the bundle that nothing"));
+    QVERIFY(begin >= 0);
+    const QString entry = text.mid(begin, text.indexOf(QLatin1String("\n- "), begin) - begin);
+    static const QRegularExpression name(QStringLiteral("`([^`]+\\.png)`"));
+    QStringList listed;
+    for (auto icons = name.globalMatch(entry); icons.hasNext();)
+        listed += icons.next().captured(1);
+    QStringList spare = spareIcons();
+    spare.sort();
+    listed.sort();
+    QCOMPARE(listed, spare);
 }
 
 void TestResources::catalogueHasItsEntries()

@@ -217,6 +217,9 @@ public:
 
     /// Sets the system clock to @p seconds since the Unix epoch (UTC); true on
     /// success, false with the clock unchanged for a time that it cannot hold.
+    /// A long has 32 bits on a 32-bit panel, whatever its time_t has: the screen
+    /// offers no time there beyond 2038-01-19 03:14:07 UTC, the last that fits,
+    /// and nowhere one beyond the year 2038.
     /// Called synchronously from the operator's tap: be quick.
     bool setSystemTime(long seconds);
     /// Copies the system clock to the hardware clock. Follows a setSystemTime() that succeeded.

@@ -166,7 +166,7 @@ void TestPowerCut::cut()
     pollfd end = {int(::syscall(SYS_pidfd_open, daemon, 0)), POLLIN, 0};
     QVERIFY(end.fd >= 0);
     ::kill(daemon, SIGKILL);
-    ::kill(pid_t(m_panel.processId()), SIGKILL);
+    m_panel.kill();
     QVERIFY(m_panel.waitForFinished(g_patience));
     QCOMPARE(::poll(&end, 1, g_patience), 1);
     ::close(end.fd);

@@ -64,6 +64,7 @@ private slots:
     void foreignProfileInForceIsShown();
     void ownProfileIsPreferredAtEachStart();
     void profilesThatCompete();
+    void offStaysOffWhateverFits();
     void ownProfileIsDeletedBySomebody();
     void ownProfileIsChangedBySomebody();
 
@@ -166,6 +167,25 @@ void TestProfiles::profilesThatCompete()
     QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan0().live == usual(), 60000);
     QCOMPARE(m_scene->kernelAddresses("lan0"), text("192.168.50.77/24"));
     QCOMPARE(foreignProfiles(), before);
+}
+
+void TestProfiles::offStaysOffWhateverFits()
+{
+    QVERIFY(takeOver());
+    m_scene->tell("cable lan0 out");
+    QTRY_COMPARE_WITH_TIMEOUT(m_scene->lan0().deviceState, 20U, 30000);
+    m_scene->enable(false);
+    QVERIFY(m_scene->waitForWishes());
+    // The profile that somebody made for the port would be put in force with its cable, as that of the other is.
+    m_scene->tell("cable lan0 in");
+    QTRY_COMPARE_WITH_TIMEOUT(m_scene->lan0().deviceState, 30U, 30000);
+    m_scene->tell("cable lan1 out");
+    QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan1().live == Addresses(), 30000);
+    m_scene->tell("cable lan1 in");
+    QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan1().live.ip != 0, 60000);
+    QCOMPARE(m_scene->kernelAddresses("lan0"), QString());
+    m_scene->enable(true);
+    QTRY_COMPARE_WITH_TIMEOUT(m_scene->kernelAddresses("lan0"), text("192.168.50.77/24"), 60000);
 }
 
 void TestProfiles::ownProfileIsDeletedBySomebody()

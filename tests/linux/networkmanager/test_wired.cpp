@@ -1,7 +1,10 @@
 #include "tests/linux/networkmanager/sandboxscene.h"
 #include "tests/linux/text.h"
 
+#include "linux/nmnames.h"
 #include "linux/ping.h"
+
+#include <QtDBus/QDBusConnection>
 
 using namespace HmiLinux;
 using HMI::SystemSet;
@@ -33,8 +36,12 @@ private slots:
     void ping();
     void settingsOutliveTheService();
 
+public slots:
+    void countPreparations(uint state) { m_preparations += state == Nm::Preparing ? 1 : 0; }
+
 private:
     std::unique_ptr<SandboxScene> m_scene;
+    int m_preparations = 0;
 };
 
 void TestWired::init()
@@ -139,10 +146,16 @@ void TestWired::offAndOn()
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(!m_scene->values().enabled);
     QVERIFY(m_scene->requestDhcp(true, SystemSet::DHCP_FAILED));
+    QDBusConnection bus = QDBusConnection::systemBus();
+    QVERIFY(bus.connect(Nm::service(), m_scene->lan0().device, Nm::device(), QStringLiteral("StateChanged"),
+                        this, SLOT(countPreparations(uint))));
+    m_preparations = 0;
     m_scene->enable(true);
     QTRY_VERIFY_WITH_TIMEOUT(m_scene->lan0().live.ip != 0, 30000);
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(m_scene->values().enabled);
+    // Put in force twice, its addresses come, go and come again.
+    QCOMPARE(m_preparations, 1);
 }
 
 void TestWired::defaultAdapter()
