@@ -1,5 +1,6 @@
 #include "controls/beepbutton.h"
 
+#include "controls/leavingpress.h"
 #include "shell/base/service.h"
 #include "shell/base/vkbmanager.h"
 
@@ -50,6 +51,12 @@ void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)
     // click. Whoever forwards events by hand may leave out the former.
     if (!isPressed())
         mousePressEvent(event);
+}
+
+void BeepButton::releaseResources()
+{
+    endPressOf(this);
+    QQuickAbstractButton::releaseResources();
 }
 
 void BeepButton::onClickEvent()

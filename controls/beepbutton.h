@@ -45,6 +45,7 @@ public slots:
 protected:
     /// Two quick taps are two taps, and each is one, however the second press is delivered.
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void releaseResources() override;
 
 private:
     TouchArea m_touchArea{this};

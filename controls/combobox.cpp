@@ -1,6 +1,7 @@
 #include "controls/combobox.h"
 
 #include "controls/beepbutton.h"
+#include "controls/leavingpress.h"
 #include "controls/touchmask.h"
 #include "shell/base/globalinfo.h"
 #include "shell/base/palette.h"
@@ -53,6 +54,7 @@ ComboBox {
         // The arrow's room.
         rightPadding: 0.6 * _com.height
         text: _com.displayText
+        textFormat: Text.PlainText
         font: _com.font
         color: _com.enabled ? Toolkit.Palette.text : Toolkit.Palette.disabledText
         elide: Text.ElideRight
@@ -97,6 +99,7 @@ ItemDelegate {
             elide: Text.ElideRight
             anchors.verticalCenter: parent.verticalCenter
             text: modelData.name
+            textFormat: Text.PlainText
             font: _com.font
             color: Toolkit.Palette.text
         }
@@ -202,6 +205,14 @@ ComboBox::~ComboBox()
     popup->contentItem()->disconnect(this);
     popup->disconnect(this);
     m_combo->disconnect(this);
+    endPressOf(m_combo);
+}
+
+void ComboBox::releaseResources()
+{
+    if (m_combo)
+        endPressOf(m_combo);
+    QQuickItem::releaseResources();
 }
 
 void ComboBox::registerType()

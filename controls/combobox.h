@@ -47,6 +47,9 @@ signals:
     void modelChanged();
     void fontPixelSizeChanged();
 
+protected:
+    void releaseResources() override;
+
 private:
     void dressBox();
     void dressPopup();

@@ -154,6 +154,7 @@ void TimeEditPopup::createSeparator(const QString &text, const QRectF &span, int
     separator->setFont(textFont(fontPixelSize));
     separator->setColor(Palette::instance().text);
     separator->setVAlign(QQuickText::AlignVCenter);
+    separator->setTextFormat(QQuickText::PlainText);
     separator->setText(text);
     separator->setX(span.x() + (span.width() - separator->implicitWidth()) * 0.5);
     separator->setY(span.y());

@@ -16,6 +16,7 @@ TitleBar::TitleBar(QQuickItem *bar, QQuickText *text, Menu *menu, QQuickItem *ro
     : m_bar(bar), m_text(text), m_menu(menu), m_root(root)
 {
     connect(m_menu, &Menu::shownWidthChanged, this, &TitleBar::placeTitle);
+    m_text->setTextFormat(QQuickText::PlainText);
     connect(m_text, &QQuickItem::widthChanged, this, &TitleBar::placeTitle);
     connect(m_text->parentItem(), &QQuickItem::widthChanged, this, &TitleBar::placeTitle);
 }

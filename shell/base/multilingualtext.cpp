@@ -43,6 +43,8 @@ void setMultilingualText(QQuickText *text, std::function<QString()> textOf)
 {
     if (!text)
         return;
+    // Catalogues come from outside too: one for a language of the host's own is the host's.
+    text->setTextFormat(QQuickText::PlainText);
     text->setText(textOf());
     // It has no links to be pressed. For what takes presses a page that scrolls holds them back, and what is
     // handed on late goes past the screen to the host's own handlers where nobody takes it.

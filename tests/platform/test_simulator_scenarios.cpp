@@ -1,7 +1,6 @@
 #include "simulatortest.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QTemporaryDir>
 
 using HmiSimulator::Panel;
 
@@ -27,7 +26,6 @@ private slots:
     void refused_data();
     void refused();
     void refusalChangesNothing();
-    void filesThatCannotBeRead();
     void loadingDropsWhatIsUnderWay();
     void hostEntry();
 };
@@ -305,28 +303,6 @@ void TestSimulatorScenarios::refusalChangesNothing()
     QVERIFY(!HmiSimulator::loadScenarioText(R"({"buzzer": false, "brightness": 99})"));
     QCOMPARE(described(HmiSimulator::panel()), before);
     QCOMPARE(HmiSimulator::pending().size(), std::size_t(1));
-}
-
-void TestSimulatorScenarios::filesThatCannotBeRead()
-{
-    const QTemporaryDir directory;
-    const auto reasonFor = [](const QString &path) {
-        std::string error;
-        return HmiSimulator::loadScenario(path.toStdString(), &error) ? QStringLiteral("loaded")
-                                                                      : QString::fromStdString(error);
-    };
-    const QString missing = directory.filePath("missing.json");
-    QCOMPARE(reasonFor(missing), missing + ": there is no such file");
-    QCOMPARE(reasonFor(directory.path()), directory.path() + ": is not a file");
-    QCOMPARE(reasonFor("/dev/zero"), QString("/dev/zero: is not a file"));
-    QCOMPARE(reasonFor({}), QString(": there is no such file"));
-
-    const QString large = directory.filePath("large.json");
-    QFile file(large);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize(qint64(5) * 1024 * 1024));
-    file.close();
-    QCOMPARE(reasonFor(large), large + ":1: is larger than 4 MiB");
 }
 
 void TestSimulatorScenarios::loadingDropsWhatIsUnderWay()

@@ -19,6 +19,8 @@ public:
 
     /// Announces that exactly @p count messages which match @p pattern come before the function ends.
     static void expectMessage(const QString &pattern, int count = 1);
+    /// Announces messages of which nobody can know how many come, or whether one does.
+    static void allowMessage(const QString &pattern);
     /// Whether all that was announced has come.
     static bool haveMessagesCome();
 

@@ -73,6 +73,7 @@ CardBrightness {
             Text {
                 anchors.centerIn: _level
                 text: _card.brightnessValue
+                textFormat: Text.PlainText
                 font.family: Toolkit.Palette.font
                 font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)
                 font.bold: true

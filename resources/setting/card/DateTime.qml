@@ -49,6 +49,7 @@ CardTime {
             horizontalAlignment: Text.AlignRight
             // A clock that nobody sees must not cost a frame a second.
             text: _card.visible ? _card.currentDateTime : ""
+            textFormat: Text.PlainText
             opacity: _edit.pressFade
             font.family: Toolkit.Palette.font
             font.pixelSize: Math.max(1, 0.35 * _card.rowHeight)

@@ -28,6 +28,7 @@ BeepButton {
         x: _icon.width * 1.875 - 4
         width: Math.max(0, _button.width - x - 4)
         text: _button.text
+        textFormat: Text.PlainText
         font.family: Toolkit.Palette.font
         font.pixelSize: Math.max(1, 0.357 * _button.height)
         color: Toolkit.Palette.text
