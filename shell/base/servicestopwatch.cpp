@@ -37,7 +37,7 @@ void ServiceStopwatch::tell(qint64 end) const
     if (last != told.constEnd() && end - *last < silence)
         return;
     told.insert(m_operation, end);
-    qCWarning(logDevice, "%s: the service kept the screen waiting for %lld ms", m_operation, end - m_begin);
+    qCWarning(logService, "%s: the service kept the screen waiting for %lld ms", m_operation, end - m_begin);
 }
 
 } // namespace QSP
