@@ -83,6 +83,13 @@ QString classOf(const QObject *object)
     return QString::fromLatin1(type->className());
 }
 
+// The toolkit's caches of pictures and of fonts, the latter without a name of its own, have a timer while there is
+// anything that they may throw away.
+bool isCache(const QString &className)
+{
+    return className == QLatin1String("QQuickPixmapStore") || className == QLatin1String("QObject");
+}
+
 std::size_t allocatedBytes()
 {
     if (__sanitizer_get_current_allocated_bytes)
@@ -131,10 +138,12 @@ Inventory Inventory::take(const QObject *apart)
     for (QObject *object : objectsOfThisThread()) {
         if (apart && isBelow(object, apart))
             continue;
-        ++inventory.objects[classOf(object)];
+        const QString className = classOf(object);
+        ++inventory.objects[className];
         inventory.connections += connectionsFrom(object);
-        if (const int timers = dispatcher->registeredTimers(object).size())
-            inventory.timers[classOf(object)] += timers;
+        const int timers = dispatcher->registeredTimers(object).size();
+        if (timers > 0 && !isCache(className))
+            inventory.timers[className] += timers;
         if (object->inherits("QQuickPopup") && object->property("visible").toBool())
             ++inventory.openPopups;
     }

@@ -22,7 +22,8 @@ struct Inventory {
     std::map<QString, int> objects;
     /// From a signal to whoever listens; those of bindings are not among them.
     int connections = 0;
-    /// Those that run, by the class of the object that is one or has one.
+    /// Those that run, by the class of the object that is one or has one; those of the toolkit's caches are not
+    /// among them.
     std::map<QString, int> timers;
     int openPopups = 0;
     /// What was allocated and not freed, in bytes; under a sanitizer by its own book.
