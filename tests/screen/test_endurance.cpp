@@ -129,21 +129,26 @@ void TestEndurance::isDeletedAtAnyMoment()
     ScreenFixture fixture(QStringLiteral(PANEL_PLUGIN), {1024, 600});
     fixture.open();
     QRandomGenerator random(1);
-    int underWay = 0;
-    const auto askAndDelete = [&fixture, &random, &underWay](int) {
-        HmiSimulator::setDelays(random.bounded(20));
+    const auto askAndDelete = [&fixture, &random](int) {
+        HmiSimulator::setDelays(0);
+        HmiSimulator::setManual(true);
         fixture.screen()->open();
         askForReports(fixture);
-        QTest::qWait(random.bounded(20));
-        underWay += HmiSimulator::pending().empty() ? 0 : 1;
+        QVERIFY(HmiSimulator::pending().size() > 2);
+        // After the deletion, in the middle of it, or before.
+        const int moment = random.bounded(3);
+        if (moment > 0)
+            HmiSimulator::setManual(false);
+        if (moment > 1)
+            QTest::qWait(random.bounded(20));
         fixture.rebuild();
+        HmiSimulator::setManual(false);
     };
     repeat(20, 200, askAndDelete, [&fixture] {
         const Inventory held = inventoryAtRest(fixture);
         fixture.rebuild();
         return held;
     });
-    QVERIFY2(underWay > 50 / share, qPrintable(QString::number(underWay)));
 }
 
 PANEL_TEST_MAIN(TestEndurance)
