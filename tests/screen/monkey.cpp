@@ -89,7 +89,7 @@ void Monkey::host()
     QQuickItem *content = m_fixture->window()->contentItem();
     switch (m_random.bounded(4)) {
     case 0:
-        resizeTo(glassSizes()[m_random.bounded(glassSizes().size())]);
+        resizeTo(glassSizes().at(m_random.bounded(int(glassSizes().size()))));
         break;
     case 1:
         // Until the next time.

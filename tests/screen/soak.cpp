@@ -8,6 +8,7 @@
 #include <QtCore/QFile>
 #include <QtGui/QGuiApplication>
 
+#include <cstdio>
 #include <limits>
 
 #include <unistd.h>
