@@ -26,7 +26,7 @@ void BeepButton::fadeWhilePressed(QQuickItem *look)
 
 bool BeepButton::isBuzzerOn()
 {
-    _isBuzzerOn = systemSet().isBuzzerOn();
+    _isBuzzerOn = callService<&HMI::SystemSet::isBuzzerOn>();
     return _isBuzzerOn;
 }
 
@@ -35,14 +35,15 @@ void BeepButton::setBuzzerOn(bool on)
     if (_isBuzzerOn == on)
         return;
     _isBuzzerOn = on;
-    // The dropped future waits for the worker: the order of writes stays the order of taps.
-    static_cast<void>(std::async([on] { systemSet().setBuzzerOn(on); }));
+    // The dropped future waits for the worker: the order of writes stays the order of taps. Not measured, since
+    // this one may write to flash.
+    static_cast<void>(std::async([on] { MeyerSingleton<HMI::SystemSet>::instance().setBuzzerOn(on); }));
 }
 
 void BeepButton::beepIfOn()
 {
     if (isBuzzerOn())
-        systemSet().beep(true);
+        callService<&HMI::SystemSet::beep>(true);
 }
 
 void BeepButton::mouseDoubleClickEvent(QMouseEvent *event)

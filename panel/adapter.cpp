@@ -8,22 +8,29 @@
 
 namespace QSP {
 
+using HMI::SystemSet;
+
 namespace {
 
 // An adapter that was just switched on needs this long before it can ask for a lease.
 constexpr int leaseDelay = 1000;
 
 struct AddressCalls {
-    HMI::IP (HMI::SystemSet::*live)(NIC) const;   // in force now
-    HMI::IP (HMI::SystemSet::*stored)(NIC) const; // the static configuration
-    void (HMI::SystemSet::*write)(NIC, HMI::IP, bool);
+    using Get = HMI::IP (*)(const NIC &);
+    using Set = void (*)(const NIC &, const HMI::IP &, const bool &);
+
+    Get live;   // in force now
+    Get stored; // the static configuration
+    Set write;
 };
 
 // By Address.
 constexpr std::array<AddressCalls, g_addresses.size()> g_calls = {{
-    {&HMI::SystemSet::getIp, &HMI::SystemSet::getIpFromEE, &HMI::SystemSet::setIp},
-    {&HMI::SystemSet::getSubnetMask, &HMI::SystemSet::getSubnetMaskFromEE, &HMI::SystemSet::setSubnetMask},
-    {&HMI::SystemSet::getGateway, &HMI::SystemSet::getGatewayFromEE, &HMI::SystemSet::setGateway},
+    {&callService<&SystemSet::getIp>, &callService<&SystemSet::getIpFromEE>, &callService<&SystemSet::setIp>},
+    {&callService<&SystemSet::getSubnetMask>, &callService<&SystemSet::getSubnetMaskFromEE>,
+     &callService<&SystemSet::setSubnetMask>},
+    {&callService<&SystemSet::getGateway>, &callService<&SystemSet::getGatewayFromEE>,
+     &callService<&SystemSet::setGateway>},
 }};
 
 const char *addressName(Address address)
@@ -70,34 +77,32 @@ Adapter::Adapter(NIC nic, WifiLink *link, QObject *parent)
 
 bool Adapter::isUp() const
 {
-    return m_isUp.get([this] { return systemSet().isNicEnabled(m_nic); });
+    return m_isUp.get([this] { return callService<&SystemSet::isNicEnabled>(m_nic); });
 }
 
 bool Adapter::isDhcpOn() const
 {
-    return m_isDhcpOn.get([this] { return systemSet().isDhcpOn(m_nic); });
+    return m_isDhcpOn.get([this] { return callService<&SystemSet::isDhcpOn>(m_nic); });
 }
 
 Adapter::Dns Adapter::dns() const
 {
-    return m_dns.get([this] { return systemSet().getDns(m_nic); });
+    return m_dns.get([this] { return callService<&SystemSet::getDns>(m_nic); });
 }
 
 HMI::MAC Adapter::mac() const
 {
-    return m_mac.get([this] { return systemSet().getMac(m_nic); });
+    return m_mac.get([this] { return callService<&SystemSet::getMac>(m_nic); });
 }
 
 HMI::IP Adapter::live(Address address) const
 {
-    return m_live[index(address)].get(
-        [this, address] { return (systemSet().*g_calls[index(address)].live)(m_nic); });
+    return m_live[index(address)].get([this, address] { return g_calls[index(address)].live(m_nic); });
 }
 
 HMI::IP Adapter::stored(Address address) const
 {
-    return m_stored[index(address)].get(
-        [this, address] { return (systemSet().*g_calls[index(address)].stored)(m_nic); });
+    return m_stored[index(address)].get([this, address] { return g_calls[index(address)].stored(m_nic); });
 }
 
 bool Adapter::hasAddressByNow()
@@ -307,7 +312,7 @@ void Adapter::setEnabled(bool enabled)
 
 void Adapter::writeEnabled(bool enabled)
 {
-    systemSet().enableNIC(m_nic, enabled, true);
+    callService<&SystemSet::enableNIC>(m_nic, enabled, true);
     // A request that comes after the operator's later choice would undo it.
     if (enabled && !m_isStatic && hasAddresses(m_nic))
         m_leaseTimer->start();
@@ -334,7 +339,7 @@ void Adapter::writeDhcp(bool on)
 {
     const auto done = onGuiThread(
         "setDHCP", this, [](Adapter *adapter, HMI::SystemSet::DHCP_STATE state) { adapter->onDhcp(state); });
-    systemSet().setDHCP(m_nic, on, done, true);
+    callService<&SystemSet::setDHCP>(m_nic, on, done, true);
 }
 
 void Adapter::setAddress(Address address, HMI::IP value)
@@ -344,7 +349,7 @@ void Adapter::setAddress(Address address, HMI::IP value)
     m_shown[index(address)] = value;
     m_live[index(address)].forget();
     m_stored[index(address)].forget();
-    (systemSet().*g_calls[index(address)].write)(m_nic, value, true);
+    g_calls[index(address)].write(m_nic, value, true);
 }
 
 void Adapter::setDns(const Dns &dns)
@@ -352,7 +357,7 @@ void Adapter::setDns(const Dns &dns)
     qCDebug(logNetwork, "%s: name servers set to %s and %s", adapterLabel(m_nic),
             qPrintable(dotted(dns.first)), qPrintable(dotted(dns.second)));
     m_dns.forget();
-    systemSet().setDns(m_nic, dns);
+    callService<&SystemSet::setDns>(m_nic, dns);
 }
 
 } // namespace QSP

@@ -6,7 +6,7 @@ Adapters::Adapters(WifiLink *link, QObject *parent) : QObject(parent), m_link(li
 
 int Adapters::present() const
 {
-    return m_present.get([] { return systemSet().getAllNIC(); });
+    return m_present.get([] { return callService<&HMI::SystemSet::getAllNIC>(); });
 }
 
 Adapter &Adapters::of(NIC nic)

@@ -30,13 +30,13 @@ QVector<NIC> DefaultAdapter::possible() const
 
 NIC DefaultAdapter::current() const
 {
-    return m_current.get([] { return systemSet().getDefaultNIC(); });
+    return m_current.get([] { return callService<&HMI::SystemSet::getDefaultNIC>(); });
 }
 
 void DefaultAdapter::choose(NIC nic)
 {
     qCDebug(logNetwork, "default adapter: %s chosen", adapterLabel(nic));
-    systemSet().setDefaultNIC(nic, false);
+    callService<&HMI::SystemSet::setDefaultNIC>(nic, false);
     // It may have been refused because the adapter vanished while the operator chose.
     read();
     dropTestOfFormer();
@@ -65,7 +65,7 @@ void DefaultAdapter::startTest()
     const auto done = onGuiThread("pingTest", this, [test](DefaultAdapter *adapter, bool hasReached) {
         adapter->report(test, hasReached);
     });
-    systemSet().pingTest(m_tested, done);
+    callService<&HMI::SystemSet::pingTest>(m_tested, done);
 }
 
 void DefaultAdapter::await(int test)

@@ -86,7 +86,7 @@ JoinAttempt::JoinAttempt(WifiLink &link)
     : QObject(&link)
     , m_link(link)
     , m_limit(ServiceLimits::join, "joinLimit", this)
-    , m_hasAddress([] { return systemSet().getIp(SystemSet::WIFI) != 0; })
+    , m_hasAddress([] { return callService<&SystemSet::getIp>(SystemSet::WIFI) != 0; })
 {
     connect(&m_limit, &QTimer::timeout, this, [this] { take(Report::LimitReached); });
     connect(&m_link, &WifiLink::wasRead, this, &JoinAttempt::onLinkRead);
@@ -119,7 +119,7 @@ void JoinAttempt::start(const QString &password)
     QByteArray utf8 = password.toUtf8();
     std::string bytes = utf8.toStdString();
     overwrite(utf8);
-    systemSet().connectWifi(
+    callService<&SystemSet::connectWifi>(
         m_ssid, bytes,
         onGuiThread("connectWifi", m_receiver.get(),
                     [this](QObject *, SystemSet::StateWifi value) { take(reportOf(value)); }));
@@ -187,10 +187,11 @@ bool JoinAttempt::needsLease() const
 
 void JoinAttempt::askForLease()
 {
-    systemSet().setDHCP(SystemSet::WIFI, true,
-                        onGuiThread("setDHCP", m_receiver.get(),
-                                    [this](QObject *, SystemSet::DHCP_STATE) { take(Report::Lease); }),
-                        true);
+    callService<&SystemSet::setDHCP>(
+        SystemSet::WIFI, true,
+        onGuiThread("setDHCP", m_receiver.get(),
+                    [this](QObject *, SystemSet::DHCP_STATE) { take(Report::Lease); }),
+        true);
 }
 
 } // namespace QSP

@@ -12,12 +12,12 @@ Modem::Modem(Adapter &adapter, QObject *parent) : QObject(parent)
 
 int Modem::signalStrength() const
 {
-    return m_signal.get([] { return systemSet().get4GSignal(HMI::SystemSet::MOBILE_4G); });
+    return m_signal.get([] { return callService<&HMI::SystemSet::get4GSignal>(HMI::SystemSet::MOBILE_4G); });
 }
 
 int Modem::state() const
 {
-    return m_state.get([] { return systemSet().get4GState(HMI::SystemSet::MOBILE_4G); });
+    return m_state.get([] { return callService<&HMI::SystemSet::get4GState>(HMI::SystemSet::MOBILE_4G); });
 }
 
 void Modem::forget()

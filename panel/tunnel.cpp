@@ -16,25 +16,25 @@ Tunnel::Tunnel(Adapter &adapter, QObject *parent) : QObject(parent)
 
 Tunnel::Server Tunnel::server() const
 {
-    return m_server.get([] { return systemSet().getVPNServer(); });
+    return m_server.get([] { return callService<&HMI::SystemSet::getVPNServer>(); });
 }
 
 int Tunnel::state() const
 {
-    return m_state.get([this] { return systemSet().getVPNServerState(server()); });
+    return m_state.get([this] { return callService<&HMI::SystemSet::getVPNServerState>(server()); });
 }
 
 void Tunnel::endAddress()
 {
-    systemSet().resetVPNIp(server());
+    callService<&HMI::SystemSet::resetVPNIp>(server());
     forget();
 }
 
 void Tunnel::choose(Server server)
 {
     qCDebug(logNetwork, "VPN: server %d chosen", static_cast<int>(server));
-    systemSet().setVPNServer(server);
-    systemSet().resetVPNIp(server);
+    callService<&HMI::SystemSet::setVPNServer>(server);
+    callService<&HMI::SystemSet::resetVPNIp>(server);
     forget();
     emit serverChanged();
 }

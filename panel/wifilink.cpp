@@ -13,11 +13,11 @@ WifiLink::WifiLink(QObject *parent) : QObject(parent) {}
 WifiLink::Reading WifiLink::ask()
 {
     Reading reading;
-    reading.isConnected = systemSet().isWifiConnected();
+    reading.isConnected = callService<&HMI::SystemSet::isWifiConnected>();
     // The service may know the name before it calls itself connected.
-    reading.ssid = terminatedSsid(systemSet().currentWifiSsid());
+    reading.ssid = terminatedSsid(callService<&HMI::SystemSet::currentWifiSsid>());
     if (reading.isConnected)
-        reading.signalStrength = systemSet().currentWifiSignalStrength();
+        reading.signalStrength = callService<&HMI::SystemSet::currentWifiSignalStrength>();
     return reading;
 }
 

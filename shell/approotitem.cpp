@@ -310,7 +310,7 @@ void AppRootItem::reboot()
     highlightMenuButton(m_currentPage, false);
     highlightMenuButton(MenuIndex::Reboot, true);
     qCDebug(logDevice, "reboot asked for");
-    systemSet().reboot();
+    callService<&HMI::SystemSet::reboot>();
 }
 
 void AppRootItem::hideMenu()

@@ -45,7 +45,7 @@ void CardVersion::checkIconStatus(int status)
 
 void CardVersion::loadSerialNumber()
 {
-    const QString serial = QString::fromStdString(systemSet().getSerialNumber());
+    const QString serial = QString::fromStdString(callService<&HMI::SystemSet::getSerialNumber>());
     qCDebug(logDevice, "serial number: %d characters", serial.size());
     const QString shown = serial == QLatin1String(noSerialNumber) ? QString() : serial;
     if (shown != m_serialNumber) {

@@ -15,7 +15,9 @@ namespace QSP {
 using HMI::SystemSet;
 
 CardBrightness::CardBrightness(QQuickItem *parent)
-    : BaseCard(parent), m_titleRowHeight(titleRowHeight()), m_brightnessValue(systemSet().bright())
+    : BaseCard(parent)
+    , m_titleRowHeight(titleRowHeight())
+    , m_brightnessValue(callService<&SystemSet::bright>())
 {}
 
 CardBrightness::~CardBrightness()
@@ -40,7 +42,7 @@ void CardBrightness::setBrightnessValue(int value)
         return;
     m_brightnessValue = level;
     emit brightnessValueChanged();
-    systemSet().setBright(static_cast<SystemSet::Bright>(level), false);
+    callService<&SystemSet::setBright>(static_cast<SystemSet::Bright>(level), false);
 }
 
 void CardBrightness::saveBrightness()
@@ -48,7 +50,7 @@ void CardBrightness::saveBrightness()
     // A level that was told from beyond the ends is never written back, let alone stored.
     setBrightnessValue(m_brightnessValue);
     qCDebug(logDevice, "brightness: %d to be stored", m_brightnessValue);
-    systemSet().setBright(static_cast<SystemSet::Bright>(m_brightnessValue), true);
+    callService<&SystemSet::setBright>(static_cast<SystemSet::Bright>(m_brightnessValue), true);
 }
 
 void CardBrightness::setHeld(bool held)

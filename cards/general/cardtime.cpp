@@ -95,12 +95,12 @@ void CardTime::addDialog()
 
 void CardTime::setSystemTime(const QDateTime &dateTime)
 {
-    auto &service = systemSet();
-    const bool isSet = service.setSystemTime(static_cast<long>(dateTime.toSecsSinceEpoch()));
+    const bool isSet =
+        callService<&HMI::SystemSet::setSystemTime>(static_cast<long>(dateTime.toSecsSinceEpoch()));
     qCDebug(logDevice, "clock: %s %s", qPrintable(dateTime.toString(Qt::ISODate)), isSet ? "set" : "refused");
     if (!isSet)
         return;
-    service.syncHwclock();
+    callService<&HMI::SystemSet::syncHwclock>();
     catchUp();
 }
 

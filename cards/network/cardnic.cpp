@@ -153,9 +153,10 @@ void CardNIC::showTesting(bool isTesting)
 
 void CardNIC::onPingTestResult(bool result)
 {
-    // A popup lies over everything: a late one must not come up on another page, or over the host.
+    // A popup lies over everything: a late one must not come up on another page, or over the host. Out of the
+    // window there is nothing that it could lie over.
     AppRootItem *root = rootOf(this);
-    if (!root || !isVisible())
+    if (!root || !root->window() || !isVisible())
         return;
     if (!m_dialog)
         m_dialog = new PingDialog(root, this);

@@ -245,12 +245,12 @@ void CardWifi::onWifiReset()
 
 bool CardWifi::isConnected()
 {
-    return systemSet().isWifiConnected();
+    return callService<&HMI::SystemSet::isWifiConnected>();
 }
 
 QString CardWifi::getSsid()
 {
-    return getSsidFromCurWifi(systemSet().currentWifiSsid());
+    return getSsidFromCurWifi(callService<&HMI::SystemSet::currentWifiSsid>());
 }
 
 void CardWifi::updateCurrentWifi()

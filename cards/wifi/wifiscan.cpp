@@ -15,12 +15,12 @@ WifiScan::~WifiScan() = default;
 
 void WifiScan::scan()
 {
-    systemSet().scanWifi(receiver("scanWifi"));
+    callService<&HMI::SystemSet::scanWifi>(receiver("scanWifi"));
 }
 
 void WifiScan::reset()
 {
-    systemSet().resetWifi(receiver("resetWifi"));
+    callService<&HMI::SystemSet::resetWifi>(receiver("resetWifi"));
 }
 
 HMI::SystemSet::WifiListCallback WifiScan::receiver(const char *operation)

@@ -17,7 +17,9 @@ bool awaitFrame(QQuickWindow *window)
 {
     QEventLoop loop;
     QObject::connect(window, &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
-    QTimer::singleShot(longestFrame, &loop, [&loop] { loop.exit(1); });
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, &loop, [&loop] { loop.exit(1); });
+    limit.start(longestFrame);
     window->update();
     return loop.exec() == 0;
 }

@@ -3,7 +3,6 @@
 #include <QtCore/QtGlobal>
 
 #include <atomic>
-#include <cstring>
 
 namespace MessageWatch {
 
@@ -12,11 +11,14 @@ namespace {
 std::atomic<int> g_count{0};
 QtMessageHandler g_previous = nullptr;
 
-// What the panel's platform has to say of itself is no fault of the screen.
+// What the panel's platform has to say of itself, or keeps waiting on a machine that does much else, is no fault of
+// the screen.
 bool isOfPlatform(const QMessageLogContext &context)
 {
-    static constexpr char category[] = "panelsettings.linux.";
-    return context.category != nullptr && std::strncmp(context.category, category, sizeof(category) - 1) == 0;
+    if (!context.category)
+        return false;
+    return qstrncmp(context.category, "panelsettings.linux.", 20) == 0 ||
+           qstrcmp(context.category, "panelsettings.service") == 0;
 }
 
 void watch(QtMsgType type, const QMessageLogContext &context, const QString &message)

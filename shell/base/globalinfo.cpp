@@ -46,9 +46,9 @@ QLocale localeOf(HMI::SystemSet::Language language)
 GlobalInfo::GlobalInfo() : m_startedFromVistor(QCoreApplication::applicationName() == QLatin1String("vistor"))
 {
     if (s_keepsLanguage)
-        m_locale = localeOf(systemSet().getLanguage());
+        m_locale = localeOf(callService<&HMI::SystemSet::getLanguage>());
     else
-        systemSet().setLanguage(HMI::SystemSet::ENGLISH);
+        callService<&HMI::SystemSet::setLanguage>(HMI::SystemSet::ENGLISH);
     loadTranslationForLocale(m_locale);
     // First of all connections: every other receiver already sees the new translation.
     connect(this, &GlobalInfo::localeChanged, this, [this] { loadTranslationForLocale(m_locale); });
@@ -60,7 +60,7 @@ void GlobalInfo::setLocale(const QLocale &locale)
         return;
     qCDebug(logShell, "language: %s chosen", qPrintable(locale.name()));
     m_locale = locale;
-    systemSet().setLanguage(recordedAs(locale));
+    callService<&HMI::SystemSet::setLanguage>(recordedAs(locale));
     emit localeChanged();
 }
 
@@ -71,7 +71,7 @@ void GlobalInfo::switchLanguage(const QLocale &locale)
 
 void GlobalInfo::checkExternalLanguageChange()
 {
-    const HMI::SystemSet::Language found = systemSet().getLanguage();
+    const HMI::SystemSet::Language found = callService<&HMI::SystemSet::getLanguage>();
     const bool isChinese = found == HMI::SystemSet::CHINESE;
     // Any other language is told to the service as English, and is not to be mistaken for a choice of it.
     if (isChinese == (m_locale.language() == QLocale::Chinese))

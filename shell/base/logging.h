@@ -17,6 +17,8 @@ Q_DECLARE_LOGGING_CATEGORY(logNetwork)
 Q_DECLARE_LOGGING_CATEGORY(logWifi)
 /// Brightness, buzzer, clock, identity, power; and what the service reports, whatever it is about.
 Q_DECLARE_LOGGING_CATEGORY(logDevice)
+/// The service itself, where it does not keep to what its contract says of time.
+Q_DECLARE_LOGGING_CATEGORY(logService)
 /// The on-screen keyboard.
 Q_DECLARE_LOGGING_CATEGORY(logKeyboard)
 

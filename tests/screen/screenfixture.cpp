@@ -48,7 +48,7 @@ struct ScreenFixture::Plugin {
 
 ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootPopupZ,
                              const QVariantMap &options)
-    : m_plugin(Plugin::of(plugin))
+    : m_plugin(Plugin::of(plugin)), m_size(size), m_rootPopupZ(rootPopupZ)
 {
     m_screen = m_plugin->screen;
     if (!m_screen)
@@ -59,12 +59,23 @@ ScreenFixture::ScreenFixture(const QString &plugin, const QSize &size, int rootP
         m_engine->setProperty(qPrintable(option.key()), option.value());
     m_window = std::make_unique<QQuickWindow>();
     m_window->resize(size);
-    m_root = m_screen->init(m_engine.get(), size.width(), size.height(), rootPopupZ);
+    build();
+    Operator::show(m_window.get());
+}
+
+void ScreenFixture::build()
+{
+    m_root = m_screen->init(m_engine.get(), m_size.width(), m_size.height(), m_rootPopupZ);
     if (m_root) {
         m_root->setParent(m_window->contentItem());
         m_root->setParentItem(m_window->contentItem());
     }
-    Operator::show(m_window.get());
+}
+
+void ScreenFixture::rebuild()
+{
+    delete m_root;
+    build();
 }
 
 ScreenFixture::~ScreenFixture()

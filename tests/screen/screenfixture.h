@@ -43,6 +43,9 @@ public:
     {}
     ~ScreenFixture();
 
+    /// As a host that deletes the screen and builds it anew in the same window.
+    void rebuild();
+
     bool isBuilt() const { return m_root != nullptr; }
     ISystemSet *screen() const { return m_screen.get(); }
     QQuickItem *root() const { return m_root; }
@@ -67,10 +70,14 @@ public:
 private:
     struct Plugin;
 
+    void build();
+
     // One for all screens that there are at a time, as a host has it.
     std::shared_ptr<Plugin> m_plugin;
     std::shared_ptr<ISystemSet> m_screen;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<QQuickWindow> m_window;
-    QQuickItem *m_root = nullptr;
+    QSize m_size;
+    int m_rootPopupZ;
+    QPointer<QQuickItem> m_root;
 };

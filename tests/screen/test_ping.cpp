@@ -12,6 +12,7 @@ private slots:
     void silenceIsAFailure();
     void resultOfAFormerDefaultIsDropped_data();
     void resultOfAFormerDefaultIsDropped();
+    void resultIsDroppedOffTheGlass();
     void outcomesLookDifferent();
     void dialogFollowsTheScreen();
 };
@@ -142,6 +143,19 @@ void TestPing::resultOfAFormerDefaultIsDropped()
     QVERIFY(!page.isShown("Test Result"));
     QCOMPARE(results.count(), 0);
     QVERIFY(!page.screen().root()->findChild<QTimer *>("pingLimit")->isActive());
+}
+
+void TestPing::resultIsDroppedOffTheGlass()
+{
+    NetworkPage page;
+    page.tap(testButton(page));
+    QQuickItem *root = page.screen().root();
+    root->setParentItem(nullptr);
+    QVERIFY(HmiSimulator::fireNext("pingTest"));
+    Operator::settle();
+    root->setParentItem(page.window()->contentItem());
+    QTRY_VERIFY(testButton(page)->isEnabled());
+    QVERIFY(!page.isShown("Test Result"));
 }
 
 void TestPing::outcomesLookDifferent()

@@ -5,7 +5,8 @@
 #include <QtTest/QtTest>
 
 /// The base of every test: a Qt warning or critical message fails the test
-/// function in which it appears, unless the function announced it.
+/// function in which it appears, unless the function announced it. That the
+/// service was slow fails none but those that announce a message of it.
 ///
 /// A derived class may have init() and cleanup() of its own; it then calls
 /// these. The same holds for initTestCase().

@@ -11,7 +11,9 @@
 /// setBuzzerOn(), which comes from a short-lived worker thread; it may run
 /// beside any getter. Getters are synchronous and are called from timers and
 /// while drawing, so each must return within a fraction of a millisecond:
-/// answer from memory, never from the network or a device.
+/// answer from memory, never from the network or a device. The screen hangs for
+/// as long as any call from its thread takes; one of 200 ms or more is told in
+/// its log by the name of the operation, each at most once a minute.
 ///
 /// Callbacks. An operation that takes a std::function returns at once and
 /// reports later: on any thread, synchronously from within the call too, once
