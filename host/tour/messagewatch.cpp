@@ -1,6 +1,6 @@
 #include "host/tour/messagewatch.h"
 
-#include <QtCore/QtGlobal>
+#include <QtCore/QByteArray>
 
 #include <atomic>
 

@@ -7,8 +7,6 @@
 #include <QtQuick/private/qquickpixmapcache_p.h>
 
 #include <algorithm>
-#include <QtGui/private/qfont_p.h>
-#include <QtGui/QPixmapCache>
 
 namespace {
 
