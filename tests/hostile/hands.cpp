@@ -127,7 +127,7 @@ QPoint Hands::anyControl()
     }
     if (targets.isEmpty())
         return anywhere();
-    const QVector<QPoint> kind = targets.values().at(m_random.bounded(targets.size()));
+    const QVector<QPoint> &kind = *std::next(targets.cbegin(), m_random.bounded(targets.size()));
     return kind.at(m_random.bounded(kind.size()));
 }
 

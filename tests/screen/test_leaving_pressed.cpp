@@ -46,7 +46,7 @@ QVector<QPointer<QQuickItem>> controlsOf(const WifiScreen &screen)
     // What is in front comes last.
     for (QQuickItem *control : found)
         controls[control->metaObject()->className()] = control;
-    return controls.values().toVector();
+    return {controls.cbegin(), controls.cend()};
 }
 
 } // namespace

@@ -190,9 +190,10 @@ void TestPlainTexts::everyPlace()
                             marked("Brightness")};
     for (const char *name : outerNames)
         expected << QString::fromUtf8(name);
+    const QStringList seen(m_seen.cbegin(), m_seen.cend());
     for (const QString &text : qAsConst(expected))
-        QVERIFY2(m_seen.contains(text), qPrintable(text + QStringLiteral(" was not seen in ") +
-                                                   QStringList(m_seen.values()).join(QLatin1Char('\n'))));
+        QVERIFY2(seen.contains(text),
+                 qPrintable(text + QStringLiteral(" was not seen in ") + seen.join(QLatin1Char('\n'))));
 }
 
 PANEL_TEST_MAIN(TestPlainTexts)
