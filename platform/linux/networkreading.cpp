@@ -111,7 +111,7 @@ QString NetworkReading::hardwareAddress(const QString &device) const
                                                {Nm::wired(), used},
                                                {Nm::wireless(), used}};
     for (const QPair<QString, QString> &source : sources) {
-        const QString address = m_mirror.property(device, source.first, source.second).toString();
+        QString address = m_mirror.property(device, source.first, source.second).toString();
         if (!address.isEmpty())
             return address;
     }

@@ -10,7 +10,7 @@ namespace QSP {
 
 namespace {
 
-constexpr qint64 silence = 60 * 1000;
+constexpr qint64 silence = 60000;
 
 } // namespace
 

@@ -36,8 +36,13 @@ void TestMonkey::leavesEverythingAsItWas()
     MonkeyLaps laps(size, chinese, seed);
     // What is built on first need may be built in the first half; the second must add nothing.
     laps.run(actions);
-    const Inventory before = laps.run(actions);
-    const Inventory after = laps.run(2 * actions);
+    Inventory before = laps.run(actions);
+    Inventory after = laps.run(2 * actions);
+    // Caches of the toolkit grow by chance, once; what leaks grows with every lap.
+    for (int lap = 0; lap < 2 && after.heapGrowthSince(before) >= mostHeapGrowth; ++lap) {
+        before = after;
+        after = laps.run(2 * actions);
+    }
     const QStringList grown = after.growthSince(before);
     QVERIFY2(grown.isEmpty(), qPrintable(grown.join(QStringLiteral(", "))));
     QCOMPARE(after.openPopups, 0);
