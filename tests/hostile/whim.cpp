@@ -1,5 +1,7 @@
 #include "tests/hostile/whim.h"
 
+#include <QtCore/QByteArray>
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -14,24 +16,14 @@ constexpr int mostNetworks = 5000;
 // What looks like markup, like a place holder, like a path, or is no text at all.
 const std::array<std::string, 18> &phrases()
 {
-    static const std::array<std::string, 18> all = {"<b>x</b>",
-                                                    R"(<img src="http://127.0.0.1:9/x.png">)",
-                                                    R"(<a href="file:///etc/passwd">x</a>)",
-                                                    "&amp;&#0;&lt;",
-                                                    "<table><tr><td>",
-                                                    "%1%2%n%L99",
-                                                    "../../etc/passwd",
-                                                    "\n\r\t\v",
-                                                    std::string("a\0b", 3),
-                                                    "\xEF\xBB\xBF",
-                                                    "\xC3",
-                                                    "\xFF\xFE\xFD",
-                                                    "\xED\xA0\x80\xED\xBF\xBF",
-                                                    "\xF4\x90\x80\x80",
-                                                    "\xE2\x80\xAE\xE2\x80\xA8",
-                                                    "\xD7\xB0\xC5\xE4",
-                                                    "\xE8\xA3\x85\xE9\x85\x8D\xE8\xBD\xA6\xE9\x97\xB4",
-                                                    "Hall"};
+    static const std::array<std::string, 18> all = {
+        "<b>x</b>", R"(<img src="http://127.0.0.1:9/x.png">)", R"(<a href="file:///etc/passwd">x</a>)",
+        "&amp;&#0;&lt;", "<table><tr><td>", "%1%2%n%L99", "../../etc/passwd", "\n\r\t\v",
+        std::string("a\0b", 3), "\xEF\xBB\xBF", "\xC3", "\xFF\xFE\xFD", "\xED\xA0\x80\xED\xBF\xBF",
+        "\xF4\x90\x80\x80",
+        // From the right to the left, unended, and a line's end.
+        QByteArray::fromHex("e280aee280a8").toStdString(), "\xD7\xB0\xC5\xE4",
+        "\xE8\xA3\x85\xE9\x85\x8D\xE8\xBD\xA6\xE9\x97\xB4", "Hall"};
     return all;
 }
 

@@ -25,7 +25,7 @@ struct Order {
 
 // What is built on first need is built in these.
 constexpr int lapsToWarmUp = 3;
-constexpr size_t mostHeapGrowth = 512 * 1024;
+constexpr size_t mostHeapGrowth = size_t(512) * 1024;
 
 long residentKib()
 {

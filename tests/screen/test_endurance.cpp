@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t mostHeapGrowth = 200 * 1024;
+constexpr std::size_t mostHeapGrowth = std::size_t(200) * 1024;
 
 // A sanitizer takes some ten times as long, and finds what it is there to find in the first rounds.
 #ifdef __SANITIZE_ADDRESS__

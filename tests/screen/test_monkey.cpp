@@ -28,7 +28,7 @@ void TestMonkey::leavesEverythingAsItWas_data()
 void TestMonkey::leavesEverythingAsItWas()
 {
     constexpr int actions = 500;
-    constexpr size_t mostHeapGrowth = 200 * 1024;
+    constexpr size_t mostHeapGrowth = size_t(200) * 1024;
 
     QFETCH(QSize, size);
     QFETCH(bool, chinese);

@@ -6,14 +6,12 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QThread>
 
+#include <dlfcn.h>
 #include <malloc.h>
 
 #include <mutex>
 #include <unordered_set>
 #include <vector>
-
-// Of the sanitizers' libraries, which have an allocator of their own.
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
 
 namespace {
 
@@ -92,8 +90,12 @@ bool isCache(const QString &className)
 
 std::size_t allocatedBytes()
 {
-    if (__sanitizer_get_current_allocated_bytes)
-        return __sanitizer_get_current_allocated_bytes();
+    // The sanitizers' libraries have an allocator of their own.
+    using Bytes = std::size_t (*)();
+    static const auto sanitized =
+        reinterpret_cast<Bytes>(dlsym(RTLD_DEFAULT, "__sanitizer_get_current_allocated_bytes"));
+    if (sanitized != nullptr)
+        return sanitized();
     const struct mallinfo2 book = mallinfo2();
     return book.uordblks + book.hblkhd;
 }
