@@ -135,12 +135,13 @@ void TestEndurance::isDeletedAtAnyMoment()
         fixture.screen()->open();
         askForReports(fixture);
         QVERIFY(HmiSimulator::pending().size() > 2);
-        // After the deletion, in the middle of it, or before.
-        const int moment = random.bounded(3);
-        if (moment > 0)
+        // Some before the deletion, the others in the middle of it or after.
+        for (int before = random.bounded(int(HmiSimulator::pending().size()) + 1); before > 0; --before) {
+            HmiSimulator::fireNext();
+            QCoreApplication::processEvents();
+        }
+        if (random.bounded(2) == 0)
             HmiSimulator::setManual(false);
-        if (moment > 1)
-            QTest::qWait(random.bounded(20));
         fixture.rebuild();
         HmiSimulator::setManual(false);
     };
