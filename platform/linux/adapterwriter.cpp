@@ -4,10 +4,10 @@
 #include "linux/log.h"
 #include "linux/nmnames.h"
 #include "linux/profilebook.h"
+#include "linux/profilechange.h"
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusObjectPath>
-#include <QtDBus/QDBusVariant>
 
 namespace HmiLinux {
 
@@ -142,9 +142,7 @@ void AdapterWriter::write()
 
 void AdapterWriter::switchRadio()
 {
-    QDBusMessage question = Nm::call(Nm::path(), QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
-    question << Nm::service() << QStringLiteral("WirelessEnabled")
-             << QVariant::fromValue(QDBusVariant(m_wanted.enabled));
+    const QDBusMessage question = Nm::set(Nm::path(), Nm::service(), "WirelessEnabled", m_wanted.enabled);
     ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &answer) {
         if (isError(answer)) {
             qCWarning(networkLog, "%s stays as it is: %s", qPrintable(name()), qPrintable(reasonOf(answer)));
@@ -158,8 +156,7 @@ void AdapterWriter::switchRadio()
 void AdapterWriter::proceed()
 {
     // A lease may be had anew with the profile of somebody else that is in force; only a change needs one of ours.
-    const bool hasOwn = !m_now.profile.isEmpty() && !m_now.isBoundElsewhere;
-    const QString path = hasOwn ? m_now.profile : m_now.activeProfile;
+    const QString path = m_now.hasOwn() ? m_now.profile : m_now.activeProfile;
     const bool needsProfile =
         !isWireless() && m_activate && path.isEmpty() && m_now.deviceState > Nm::Unavailable;
     if (m_wanted != m_now.values || needsProfile)
@@ -202,8 +199,7 @@ void AdapterWriter::store()
         return fail(QStringLiteral("the panel keeps no network that they would be for"));
     if (m_now.profile.isEmpty())
         return add();
-    ask(m_bus, Nm::call(m_now.profile, Nm::profile(), "GetSettings"), m_requests.get(),
-        [this](const QDBusMessage &settings) { update(settings); });
+    update();
 }
 
 void AdapterWriter::spreadDefault()
@@ -214,43 +210,36 @@ void AdapterWriter::spreadDefault()
             continue;
         ProfileValues values = profile->values;
         values.isDefault = m_wanted.isDefault;
-        ask(m_bus, Nm::call(path, Nm::profile(), "GetSettings"), m_requests.get(),
-            [this, path, values](const QDBusMessage &answer) {
-                if (isError(answer))
-                    return;
-                const auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
-                QDBusMessage question = Nm::call(path, Nm::profile(), "Update2");
-                question << QVariant::fromValue(withValues(settings, values)) << uint(Nm::ToDisk)
-                         << QVariantMap();
-                ask(m_bus, question, m_requests.get(), [path](const QDBusMessage &updated) {
-                    if (isError(updated))
-                        qCWarning(networkLog, "a network keeps its part in the default route: %s",
-                                  qPrintable(reasonOf(updated)));
-                });
+        changeProfile(
+            m_bus, path, Nm::ToDisk, m_requests.get(),
+            [values](const Sections &settings) { return withValues(settings, values); },
+            [](const QDBusMessage &updated) {
+                if (isError(updated))
+                    qCWarning(networkLog, "a network keeps its part in the default route: %s",
+                              qPrintable(reasonOf(updated)));
             });
     }
 }
 
-void AdapterWriter::update(const QDBusMessage &answer)
+void AdapterWriter::update()
 {
-    if (isError(answer))
-        return fail(reasonOf(answer));
-    auto settings = qdbus_cast<Sections>(answer.arguments().value(0));
-    if (m_now.isBoundElsewhere) {
-        const QString key = QStringLiteral("interface-name");
-        settings[QStringLiteral("connection")][key] = m_blank.value(QStringLiteral("connection")).value(key);
-    }
-    ProfileValues values = m_wanted;
-    values.enabled |= isWireless(); // the radio is what is switched
-    QDBusMessage question = Nm::call(m_now.profile, Nm::profile(), "Update2");
-    question << QVariant::fromValue(withValues(settings, values))
-             << uint(m_persist ? Nm::ToDisk : Nm::InMemory) << QVariantMap();
-    ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &updated) {
-        if (isError(updated))
-            return fail(reasonOf(updated));
-        const QString path = m_now.profile;
-        m_book->readAgain(path, [this, path] { stored(path); });
-    });
+    const auto changed = [this](Sections settings) {
+        if (m_now.isBoundElsewhere) {
+            const QString key = QStringLiteral("interface-name");
+            settings[QStringLiteral("connection")][key] =
+                m_blank.value(QStringLiteral("connection")).value(key);
+        }
+        ProfileValues values = m_wanted;
+        values.enabled |= isWireless(); // the radio is what is switched
+        return withValues(settings, values);
+    };
+    changeProfile(m_bus, m_now.profile, m_persist ? Nm::ToDisk : Nm::InMemory, m_requests.get(), changed,
+                  [this](const QDBusMessage &updated) {
+                      if (isError(updated))
+                          return fail(reasonOf(updated));
+                      const QString path = m_now.profile;
+                      m_book->readAgain(path, [this, path] { stored(path); });
+                  });
 }
 
 void AdapterWriter::add()
@@ -363,7 +352,7 @@ void AdapterWriter::holdOff()
     if (isWireless() || now.device == m_heldDevice)
         return;
     m_heldDevice = now.device;
-    const bool wasSwitchedOff = !now.profile.isEmpty() && !now.isBoundElsewhere && !now.values.enabled;
+    const bool wasSwitchedOff = now.hasOwn() && !now.values.enabled;
     if (now.known && wasSwitchedOff && now.autoconnects && !isWriting() &&
         snapshot->wishes.at(m_place).isEmpty())
         switchOff(now);
@@ -371,8 +360,7 @@ void AdapterWriter::holdOff()
 
 void AdapterWriter::setAutoconnect(const QString &device, bool on)
 {
-    QDBusMessage question = Nm::call(device, QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
-    question << Nm::device() << QStringLiteral("Autoconnect") << QVariant::fromValue(QDBusVariant(on));
+    const QDBusMessage question = Nm::set(device, Nm::device(), "Autoconnect", on);
     ask(m_bus, question, m_requests.get(), [this, on](const QDBusMessage &set) {
         if (isError(set))
             qCInfo(networkLog, "%s may not stay %s: %s", qPrintable(name()), on ? "on" : "off",

@@ -63,7 +63,7 @@ private:
     void proceed();
     ProfileValues wanted(const AdapterState &now, const Wish &wish);
     void store();
-    void update(const QDBusMessage &answer);
+    void update();
     void add();
     /// Lets the networks that are not joined take the default route over, or hand it back, with the one that is.
     void spreadDefault();

@@ -12,6 +12,8 @@ using OnAnswer = std::function<void(const QDBusMessage &)>;
 
 /// How long a daemon may think about a request before it counts as refused, in milliseconds.
 constexpr int AnswerLimit = 20000;
+/// How long after a limit has passed in vain the same is asked again, in milliseconds.
+constexpr int RetryTime = 1000;
 
 /// Calls a method and returns at once. @p answered runs on the thread of @p context, never once that is gone. The
 /// daemon is not started for it: one that is not there is not wanted on this device.

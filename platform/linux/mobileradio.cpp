@@ -5,8 +5,6 @@
 #include "linux/nmnames.h"
 #include "linux/objectmirror.h"
 
-#include <QtDBus/QDBusVariant>
-
 namespace HmiLinux {
 
 using HMI::SystemSet;
@@ -73,8 +71,7 @@ bool MobileRadio::isOff(const char *name) const
 void MobileRadio::switchOn()
 {
     m_isAsked = true;
-    QDBusMessage question = Nm::call(Nm::path(), QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
-    question << Nm::service() << QLatin1String(g_switch) << QVariant::fromValue(QDBusVariant(true));
+    const QDBusMessage question = Nm::set(Nm::path(), Nm::service(), g_switch, true);
     ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &set) {
         if (!isError(set))
             return; // it is on when it is seen to be

@@ -139,7 +139,7 @@ void NetworkReading::readLive(const QString &config, AdapterState *state) const
 ProfileValues NetworkReading::valuesOf(const AdapterState &state) const
 {
     const Profile *own = m_book.byPath(state.profile);
-    if (own != nullptr && !state.isBoundElsewhere)
+    if (own != nullptr && state.hasOwn())
         return own->values;
     // Until the panel has a profile of its own, the adapter is as others have set it up.
     ProfileValues values;

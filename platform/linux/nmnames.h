@@ -2,6 +2,7 @@
 
 #include <QtCore/QString>
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusVariant>
 
 /// NetworkManager's names on the bus, and its numbers.
 namespace HmiLinux::Nm {
@@ -69,6 +70,15 @@ inline QString ip4()
 inline QDBusMessage call(const QString &path, const QString &interface, const char *method)
 {
     return QDBusMessage::createMethodCall(service(), path, interface, QLatin1String(method));
+}
+
+/// The question that sets a property.
+inline QDBusMessage set(const QString &path, const QString &interface, const char *property,
+                        const QVariant &value)
+{
+    QDBusMessage question = call(path, QStringLiteral("org.freedesktop.DBus.Properties"), "Set");
+    question << interface << QString::fromLatin1(property) << QVariant::fromValue(QDBusVariant(value));
+    return question;
 }
 
 /// States of a device.

@@ -9,9 +9,6 @@ namespace HmiLinux {
 
 namespace {
 
-// Between asking in vain, which takes far longer, and asking again.
-constexpr int g_retryTime = 1000;
-
 const QString &managerInterface()
 {
     static const QString name = QStringLiteral("org.freedesktop.DBus.ObjectManager");
@@ -28,7 +25,7 @@ ObjectMirror::ObjectMirror(QString service, QString manager, QObject *parent)
     , m_retry(this)
 {
     m_retry.setSingleShot(true);
-    m_retry.setInterval(g_retryTime);
+    m_retry.setInterval(RetryTime);
     connect(&m_retry, &QTimer::timeout, this, &ObjectMirror::fetch);
 }
 

@@ -10,13 +10,6 @@
 
 namespace HmiLinux {
 
-namespace {
-
-// Between asking in vain, which takes far longer, and asking again.
-constexpr int g_retryTime = 1000;
-
-} // namespace
-
 ProfileBook::ProfileBook(const ObjectMirror *mirror, QObject *parent)
     : QObject(parent), m_mirror(mirror), m_bus(QString()), m_round(new QObject(this))
 {}
@@ -102,7 +95,7 @@ void ProfileBook::fetch(const QString &path, const std::function<void()> &read)
         [this, path, read](const QDBusMessage &answer) {
             // Forgotten for that, the panel's own would be made a second time.
             if (isUnanswered(answer)) {
-                QTimer::singleShot(g_retryTime, m_round, [this, path, read] { fetch(path, read); });
+                QTimer::singleShot(RetryTime, m_round, [this, path, read] { fetch(path, read); });
                 return;
             }
             m_waiting.remove(path);

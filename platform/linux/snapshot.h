@@ -57,6 +57,9 @@ struct AdapterState {
     /// The panel's own is for another interface, which was this adapter before the configuration changed.
     bool isBoundElsewhere = false;
     bool autoconnects = false; ///< the daemon puts in force what fits, by itself
+
+    /// Whether there is a profile of the panel's own, for this adapter and no other.
+    bool hasOwn() const { return !profile.isEmpty() && !isBoundElsewhere; }
 };
 
 /// All that getters of the network answer from. Immutable once published.

@@ -6,9 +6,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtTest/QtTest>
 
-#include <iterator>
-
-Hands::Hands(quint32 seed) : m_random(seed)
+Hands::Hands(quint32 seed) : m_fingers(seed)
 {
     build();
 }
@@ -17,12 +15,12 @@ const char *Hands::act()
 {
     if (!m_host->root())
         build();
-    const int choice = m_random.bounded(100);
+    const int choice = m_fingers.choose(100);
     if (choice < 75)
         operate(choice);
     else
         disturb(choice);
-    if (m_host->root() && !m_host->root()->isVisible() && m_random.bounded(2) == 0)
+    if (m_host->root() && !m_host->root()->isVisible() && m_fingers.choose(2) == 0)
         m_host->screen()->open();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -44,19 +42,19 @@ void Hands::operate(int choice)
         Operator::tap(window(), anyControl());
     } else if (choice < 50) {
         m_last = "tap";
-        Operator::tap(window(), anywhere());
+        Operator::tap(window(), m_fingers.anywhere(window()));
     } else if (choice < 58) {
         m_last = "touch";
         touch();
     } else if (choice < 65) {
         m_last = "drag";
-        drag();
+        m_fingers.drag(window());
     } else if (choice < 69) {
         m_last = "way to the networks";
         goToWifi();
     } else {
         m_last = "keys";
-        pressKeys();
+        m_fingers.pressKeys(window());
     }
 }
 
@@ -87,9 +85,9 @@ void Hands::disturb(int choice)
         delete m_host->root();
     } else if (choice < 99) {
         m_last = "screen deleted later, under a finger";
-        Operator::pressAt(window(), anywhere(), true);
+        Operator::pressAt(window(), m_fingers.anywhere(window()), true);
         m_host->root()->deleteLater();
-        Operator::liftAt(window(), anywhere(), true);
+        Operator::liftAt(window(), m_fingers.anywhere(window()), true);
     } else {
         m_last = "host ended, another begun";
         leave();
@@ -102,32 +100,13 @@ void Hands::build()
     const auto sizes = glassSizes();
     const QStringList kinds = Host::kinds();
     m_host.reset();
-    m_host = Host::make(kinds[m_random.bounded(kinds.size())], sizes[m_random.bounded(sizes.size())]);
+    m_host = Host::make(kinds[m_fingers.choose(kinds.size())], sizes[m_fingers.choose(sizes.size())]);
     m_host->screen()->open();
 }
 
 QPoint Hands::anyControl()
 {
-    // What can be tapped, rather than the air; each kind of it as often as another, however many there are. The menu
-    // less often, or nobody would stay on a page.
-    const auto *menu = m_host->root()->property("menuBar").value<QQuickItem *>();
-    const bool withMenu = m_random.bounded(6) == 0;
-    const QRect glass(QPoint(), window()->size());
-    QMap<QByteArray, QVector<QPoint>> targets;
-    const auto controls = Operator::items(m_host->glass(), [](const QQuickItem *item) {
-        return item->isVisible() && item->isEnabled() &&
-               (item->inherits("QQuickAbstractButton") || item->inherits("QQuickTextInput") ||
-                item->inherits("QQuickComboBox"));
-    });
-    for (const QQuickItem *control : controls) {
-        const QPoint point = Operator::centerOf(control);
-        if (glass.contains(point) && (withMenu || !menu->isAncestorOf(control)))
-            targets[control->metaObject()->className()] << point;
-    }
-    if (targets.isEmpty())
-        return anywhere();
-    const QVector<QPoint> &kind = *std::next(targets.cbegin(), m_random.bounded(targets.size()));
-    return kind.at(m_random.bounded(kind.size()));
+    return m_fingers.anyControl(window(), m_host->glass(), m_host->root());
 }
 
 void Hands::goToWifi()
@@ -145,34 +124,20 @@ void Hands::goToWifi()
 
 void Hands::touch()
 {
-    Operator::pressAt(window(), anywhere(), true);
-    if (m_random.bounded(4) == 0)
-        m_host->screen()->close();
-    else if (m_random.bounded(4) == 0)
-        HostileService::deliverKept();
-    Operator::liftAt(window(), anywhere(), true);
-}
-
-void Hands::drag()
-{
-    Operator::drag(window(), anywhere(), anywhere(), 4);
-}
-
-void Hands::pressKeys()
-{
-    static constexpr int keys[] = {Qt::Key_0,      Qt::Key_1,      Qt::Key_9,         Qt::Key_A,
-                                   Qt::Key_Period, Qt::Key_Return, Qt::Key_Tab,       Qt::Key_Clear,
-                                   Qt::Key_Escape, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Space,
-                                   Qt::Key_Up,     0x100000};
-    for (int i = m_random.bounded(8); i >= 0; --i)
-        Operator::key(window(), keys[m_random.bounded(static_cast<int>(std::size(keys)))]);
+    m_fingers.touch(window(), [this] {
+        const int meanwhile = m_fingers.choose(16);
+        if (meanwhile < 4)
+            m_host->screen()->close();
+        else if (meanwhile < 7)
+            HostileService::deliverKept();
+    });
 }
 
 void Hands::detach()
 {
     QPointer<QQuickItem> root = m_host->root();
     QQuickItem *place = root->parentItem();
-    const bool byTouch = m_random.bounded(2) == 0;
+    const bool byTouch = m_fingers.choose(2) == 0;
     const QPoint point = anyControl();
     Operator::pressAt(window(), point, byTouch);
     root->setParentItem(nullptr);
@@ -195,10 +160,4 @@ void Hands::hurryClocks()
         NetworkPage::expire(timer);
         QCoreApplication::processEvents();
     }
-}
-
-QPoint Hands::anywhere()
-{
-    const QSize size = window()->size();
-    return {m_random.bounded(size.width()), m_random.bounded(size.height())};
 }

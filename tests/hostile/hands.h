@@ -1,13 +1,12 @@
 #pragma once
 
+#include "tests/screen/fingers.h"
 #include "tests/screen/hosts.h"
-
-#include <QtCore/QRandomGenerator>
 
 #include <memory>
 
-/// Hands that know nothing, and a host that knows no mercy: they tap, touch, drag and type anywhere, while the host
-/// opens, closes, hides, takes out, deletes and builds the screen anew.
+/// Fingers that know nothing, and a host that knows no mercy: while they tap, touch, drag and type, the host opens,
+/// closes, hides, takes out, deletes and builds the screen anew.
 class Hands
 {
 public:
@@ -26,16 +25,13 @@ private:
     void build();
     void goToWifi();
     void touch();
-    void drag();
-    void pressKeys();
     void detach();
     /// Nobody here waits for seconds: what the screen does every few of them, or after some, it does at once.
     void hurryClocks();
-    QPoint anywhere();
     QPoint anyControl();
     QQuickWindow *window() const { return m_host->window(); }
 
-    QRandomGenerator m_random;
+    Fingers m_fingers;
     std::unique_ptr<Host> m_host;
     const char *m_last = "";
 };

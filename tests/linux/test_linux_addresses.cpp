@@ -14,9 +14,14 @@ HMI::IP ip(const char *text)
     return addressOf(QString::fromLatin1(text)).value_or(HMI::IP());
 }
 
-QString section(const char *name)
+QString latin(const char *name)
 {
     return QString::fromLatin1(name);
+}
+
+QTestData &addressRow(const char *name, const char *address, const char *mask, const char *gateway)
+{
+    return QTest::newRow(name) << latin(address) << latin(mask) << latin(gateway);
 }
 
 } // namespace
@@ -86,7 +91,7 @@ void TestLinuxAddresses::whatCannotWorkTogether_data()
     QTest::addColumn<QString>("conflict");
     const auto row = [](const char *name, const char *address, const char *mask, const char *gateway,
                         const char *conflict) {
-        QTest::newRow(name) << section(address) << section(mask) << section(gateway) << section(conflict);
+        addressRow(name, address, mask, gateway) << latin(conflict);
     };
     row("nothing", "0.0.0.0", "0.0.0.0", "0.0.0.0", "");
     row("usual", "192.168.1.10", "255.255.255.0", "192.168.1.1", "");
@@ -138,24 +143,12 @@ void TestLinuxAddresses::draftLeavesOutWhatIsImpossible_data()
     QTest::addColumn<QString>("address");
     QTest::addColumn<QString>("mask");
     QTest::addColumn<QString>("gateway");
-    QTest::newRow("broadcast") << "192.168.1.255"
-                               << ""
-                               << "";
-    QTest::newRow("network") << "192.168.1.0"
-                             << ""
-                             << "";
-    QTest::newRow("loopback") << "127.0.0.1"
-                              << ""
-                              << "";
-    QTest::newRow("mask with holes") << ""
-                                     << "255.0.255.0"
-                                     << "";
-    QTest::newRow("no mask") << ""
-                             << "0.0.0.0"
-                             << "";
-    QTest::newRow("broadcast as gateway") << ""
-                                          << ""
-                                          << "192.168.1.255";
+    addressRow("broadcast", "192.168.1.255", "", "");
+    addressRow("network", "192.168.1.0", "", "");
+    addressRow("loopback", "127.0.0.1", "", "");
+    addressRow("mask with holes", "", "255.0.255.0", "");
+    addressRow("no mask", "", "0.0.0.0", "");
+    addressRow("broadcast as gateway", "", "", "192.168.1.255");
 }
 
 void TestLinuxAddresses::draftLeavesOutWhatIsImpossible()
@@ -229,38 +222,38 @@ void TestLinuxAddresses::leaseAddsNoStaticAddress()
 {
     ProfileValues values;
     values.stored = {ip("192.168.1.10"), maskOf(24), ip("192.168.1.1")};
-    const QVariantMap ipv4 = withValues({}, values).value(section("ipv4"));
-    QCOMPARE(ipv4.value(section("method")), QVariant(section("auto")));
-    QVERIFY(recordsOf(ipv4.value(section("address-data"))).isEmpty());
-    QVERIFY(!ipv4.contains(section("gateway")));
+    const QVariantMap ipv4 = withValues({}, values).value(latin("ipv4"));
+    QCOMPARE(ipv4.value(latin("method")), QVariant(latin("auto")));
+    QVERIFY(recordsOf(ipv4.value(latin("address-data"))).isEmpty());
+    QVERIFY(!ipv4.contains(latin("gateway")));
     // The daemon refuses servers where there is no address.
     values.dhcp = false;
     values.stored = {};
     values.dns = {ip("9.9.9.9"), HMI::IP()};
-    const QVariantMap bare = withValues({}, values).value(section("ipv4"));
-    QCOMPARE(bare.value(section("method")), QVariant(section("disabled")));
-    QVERIFY(qdbus_cast<QList<uint>>(bare.value(section("dns"))).isEmpty());
+    const QVariantMap bare = withValues({}, values).value(latin("ipv4"));
+    QCOMPARE(bare.value(latin("method")), QVariant(latin("disabled")));
+    QVERIFY(qdbus_cast<QList<uint>>(bare.value(latin("dns"))).isEmpty());
 }
 
 void TestLinuxAddresses::whatOthersSetStays()
 {
     Sections settings = newWiredSettings(QStringLiteral("LAN0"), QStringLiteral("eth0"));
-    settings[section("802-3-ethernet")].insert(section("mtu"), 1400U);
-    settings[section("ipv4")].insert(section("addresses"), QVariantList{1});
-    settings[section("user")].insert(
-        section("data"), QVariant::fromValue(QMap<QString, QString>{{section("plant.line"), section("4")}}));
+    settings[latin("802-3-ethernet")].insert(latin("mtu"), 1400U);
+    settings[latin("ipv4")].insert(latin("addresses"), QVariantList{1});
+    settings[latin("user")].insert(
+        latin("data"), QVariant::fromValue(QMap<QString, QString>{{latin("plant.line"), latin("4")}}));
     const Sections written = withValues(settings, ProfileValues());
-    QCOMPARE(written.value(section("802-3-ethernet")).value(section("mtu")), QVariant(1400U));
-    const auto data = written.value(section("user")).value(section("data")).value<QMap<QString, QString>>();
-    QCOMPARE(data.value(section("plant.line")), section("4"));
-    QVERIFY(!written.value(section("ipv4")).contains(section("addresses"))); // would win over the newer form
+    QCOMPARE(written.value(latin("802-3-ethernet")).value(latin("mtu")), QVariant(1400U));
+    const auto data = written.value(latin("user")).value(latin("data")).value<QMap<QString, QString>>();
+    QCOMPARE(data.value(latin("plant.line")), latin("4"));
+    QVERIFY(!written.value(latin("ipv4")).contains(latin("addresses"))); // would win over the newer form
 }
 
 void TestLinuxAddresses::profilesAreTheSameOnEachStart()
 {
-    QCOMPARE(profileUuid(section("LAN0")), profileUuid(section("LAN0")));
-    QVERIFY(profileUuid(section("LAN0")) != profileUuid(section("LAN1")));
-    QVERIFY(!profileUuid(section("LAN0")).contains(QLatin1Char('{')));
+    QCOMPARE(profileUuid(latin("LAN0")), profileUuid(latin("LAN0")));
+    QVERIFY(profileUuid(latin("LAN0")) != profileUuid(latin("LAN1")));
+    QVERIFY(!profileUuid(latin("LAN0")).contains(QLatin1Char('{')));
 }
 
 PANEL_TEST_MAIN(TestLinuxAddresses)

@@ -65,6 +65,11 @@ private:
     {
         return m_panel->contents(QStringLiteral("/sys/class/backlight/lcd/brightness")).trimmed().toInt();
     }
+    QString useGpio()
+    {
+        m_config.buzzer = QStringLiteral("/sys/class/gpio/gpio17/value");
+        return m_config.buzzer;
+    }
 
     std::unique_ptr<PanelDirectory> m_panel;
     Config m_config;
@@ -283,9 +288,8 @@ void TestLinuxDevices::withoutABuzzerKeysAreSilent()
 
 void TestLinuxDevices::buzzerSoundsThroughAFile()
 {
-    const QString file = QStringLiteral("/sys/class/gpio/gpio17/value");
+    const QString file = useGpio();
     m_panel->put(file, "0");
-    m_config.buzzer = file;
     m_config.buzzerDuration = 1;
     Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
     buzzer.beep();
@@ -295,9 +299,8 @@ void TestLinuxDevices::buzzerSoundsThroughAFile()
 
 void TestLinuxDevices::buzzerIsSilentOnceItIsGone()
 {
-    const QString file = QStringLiteral("/sys/class/gpio/gpio17/value");
+    const QString file = useGpio();
     m_panel->put(file, "0");
-    m_config.buzzer = file;
     m_config.buzzerDuration = 1000;
     {
         Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
@@ -337,7 +340,7 @@ void TestLinuxDevices::buzzerThatMayNotBeUsed()
     expectMessage(QStringLiteral("the buzzer /dev/input/event3 cannot be opened"));
     QVERIFY(!makeSounder(m_panel->root(), m_config));
 
-    m_config.buzzer = QStringLiteral("/sys/class/gpio/gpio17/value");
+    useGpio();
     expectMessage(QStringLiteral("the buzzer may not be used"));
     Beeper buzzer(m_config, makeSounder(m_panel->root(), m_config));
     buzzer.beep();

@@ -1,27 +1,26 @@
 #include "tests/screen/monkey.h"
 
-#include <QtGui/QTouchDevice>
-
 void Monkey::act()
 {
-    const int choice = m_random.bounded(100);
+    QQuickWindow *window = m_fixture->window();
+    const int choice = m_fingers.choose(100);
     if (choice < 44)
-        tapControl();
+        Operator::tap(window, m_fingers.anyControl(window, m_fixture->glass(), m_fixture->root()));
     else if (choice < 58)
-        Operator::tap(m_fixture->window(), anywhere());
+        Operator::tap(window, m_fingers.anywhere(window));
     else if (choice < 68)
-        touchAnywhere();
+        touch();
     else if (choice < 74)
-        Operator::drag(m_fixture->window(), anywhere(), anywhere(), 4);
+        m_fingers.drag(window);
     else if (choice < 86)
-        pressKeys();
+        m_fingers.pressKeys(window);
     else if (choice < 90)
         misbehave();
     else if (choice < 94)
-        HmiSimulator::fireAll(m_random.bounded(2) ? HmiSimulator::FireOn::SimulatorThread
+        HmiSimulator::fireAll(m_fingers.choose(2) ? HmiSimulator::FireOn::SimulatorThread
                                                   : HmiSimulator::FireOn::CallingThread);
     else if (choice < 96)
-        HmiSimulator::setLanguage(m_random.bounded(3));
+        HmiSimulator::setLanguage(m_fingers.choose(3));
     else if (choice < 98)
         host();
     else
@@ -38,58 +37,23 @@ void Monkey::endHosting()
     resizeTo(m_size);
 }
 
-QPoint Monkey::anywhere()
+void Monkey::touch()
 {
-    const QSize size = m_fixture->window()->size();
-    return {m_random.bounded(size.width()), m_random.bounded(size.height())};
-}
-
-void Monkey::tapControl()
-{
-    // What can be tapped, rather than the air: else most taps would hit nothing.
-    const QRect glass(QPoint(), m_fixture->window()->size());
-    QVector<QPoint> targets;
-    const auto controls = Operator::items(m_fixture->glass(), [](QQuickItem *item) {
-        return item->isVisible() && item->isEnabled() &&
-               (item->inherits("QQuickAbstractButton") || item->inherits("QQuickTextInput") ||
-                item->inherits("QQuickComboBox"));
+    m_fingers.touch(m_fixture->window(), [this] {
+        const int meanwhile = m_fingers.choose(12);
+        if (meanwhile < 3)
+            m_fixture->screen()->close();
+        else if (meanwhile == 3)
+            host();
     });
-    for (const QQuickItem *control : controls) {
-        const QPoint point = Operator::centerOf(control);
-        if (glass.contains(point))
-            targets << point;
-    }
-    if (!targets.isEmpty())
-        Operator::tap(m_fixture->window(), targets[m_random.bounded(targets.size())]);
-}
-
-void Monkey::touchAnywhere()
-{
-    const QPoint point = anywhere();
-    QTest::touchEvent(m_fixture->window(), Operator::touchScreen()).press(0, point, m_fixture->window());
-    const int meanwhile = m_random.bounded(12);
-    if (meanwhile < 3)
-        m_fixture->screen()->close();
-    else if (meanwhile == 3)
-        host();
-    QTest::touchEvent(m_fixture->window(), Operator::touchScreen()).release(0, point, m_fixture->window());
-}
-
-void Monkey::pressKeys()
-{
-    static const int keys[] = {Qt::Key_0,      Qt::Key_1,   Qt::Key_9,     Qt::Key_A,      Qt::Key_Period,
-                               Qt::Key_Return, Qt::Key_Tab, Qt::Key_Clear, Qt::Key_Escape, Qt::Key_Backspace,
-                               Qt::Key_Delete, Qt::Key_Up,  Qt::Key_Space, 0x100000};
-    for (int i = m_random.bounded(8); i >= 0; --i)
-        Operator::key(m_fixture->window(), keys[m_random.bounded(int(std::size(keys)))]);
 }
 
 void Monkey::host()
 {
     QQuickItem *content = m_fixture->window()->contentItem();
-    switch (m_random.bounded(4)) {
+    switch (m_fingers.choose(4)) {
     case 0:
-        resizeTo(glassSizes().at(m_random.bounded(int(glassSizes().size()))));
+        resizeTo(glassSizes().at(m_fingers.choose(int(glassSizes().size()))));
         break;
     case 1:
         // Until the next time.
@@ -113,7 +77,7 @@ void Monkey::resizeTo(const QSize &size)
 
 void Monkey::misbehave()
 {
-    const int what = m_random.bounded(11);
+    const int what = m_fingers.choose(11);
     HmiSimulator::change([this, what](HmiSimulator::Panel &panel) { change(panel, what); });
 }
 
@@ -122,11 +86,11 @@ void Monkey::change(HmiSimulator::Panel &panel, int what)
     using HmiSimulator::Delivery;
     static const Delivery deliveries[] = {Delivery::Normal, Delivery::Never,       Delivery::Twice,
                                           Delivery::Late,   Delivery::Synchronous, Delivery::Held};
-    const int value = m_random.bounded(-1, 120);
+    const int value = m_fingers.choose(-1, 120);
     switch (what) {
     case 0: {
-        auto &fault = panel.faults.delivery[m_random.bounded(HmiSimulator::OperationCount)];
-        fault.delivery = deliveries[m_random.bounded(int(std::size(deliveries)))];
+        auto &fault = panel.faults.delivery[m_fingers.choose(HmiSimulator::OperationCount)];
+        fault.delivery = deliveries[m_fingers.choose(int(std::size(deliveries)))];
         fault.lateBy = value + 1;
         break;
     }

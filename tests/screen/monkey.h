@@ -1,19 +1,18 @@
 #pragma once
 
+#include "tests/screen/fingers.h"
 #include "tests/screen/screenfixture.h"
 
 #include "simulator/simulator.h"
 
-#include <QtCore/QRandomGenerator>
-
-/// Hands that know nothing, on a panel that misbehaves and in a host that does what it likes: they tap anywhere, press
-/// any key, open and close; reports come never, twice, at once; the host resizes the screen, takes it out of its window,
+/// Fingers that know nothing, on a panel that misbehaves and in a host that does what it likes: they tap, touch and type
+/// anywhere, open and close; reports come never, twice, at once; the host resizes the screen, takes it out of its window,
 /// deletes it and builds it anew. The same seed does the same.
 class Monkey
 {
 public:
     Monkey(ScreenFixture *fixture, quint32 seed)
-        : m_fixture(fixture), m_size(fixture->window()->size()), m_random(seed)
+        : m_fixture(fixture), m_size(fixture->window()->size()), m_fingers(seed)
     {}
 
     /// Does one thing, whatever comes to its mind.
@@ -22,10 +21,7 @@ public:
     void endHosting();
 
 private:
-    QPoint anywhere();
-    void tapControl();
-    void touchAnywhere();
-    void pressKeys();
+    void touch();
     void host();
     void resizeTo(const QSize &size);
     void misbehave();
@@ -33,5 +29,5 @@ private:
 
     ScreenFixture *m_fixture;
     QSize m_size;
-    QRandomGenerator m_random;
+    Fingers m_fingers;
 };
