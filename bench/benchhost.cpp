@@ -15,7 +15,36 @@
 #include <QtQml/QQmlComponent>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
+
+namespace {
+
+QByteArray fortyTexts()
+{
+    // Those of the General page at 1024 x 600.
+    static constexpr std::array<const char *, 5> fonts = {
+        "pixelSize: 24",
+        "pixelSize: 21",
+        "pixelSize: 19",
+        "pixelSize: 19; weight: Font.Medium",
+        "pixelSize: 19; weight: Font.Bold",
+    };
+    static constexpr std::array<const char *, 8> texts = {
+        "Brightness",           "Buzzer",   "Network",    "192.168.1.10",
+        "Obtain automatically", "Language", "2026-01-02", "Version",
+    };
+    QByteArray document;
+    for (std::size_t column = 0; column < fonts.size(); ++column) {
+        for (std::size_t row = 0; row < texts.size(); ++row)
+            document += "Text { x: " + QByteArray::number(qulonglong(column * 200)) +
+                        "; y: " + QByteArray::number(qulonglong(row * 50)) + "; font { " + fonts.at(column) +
+                        " } text: \"" + texts.at(row) + "\" }\n";
+    }
+    return document;
+}
+
+} // namespace
 
 void BenchHost::prepareEnvironment()
 {
@@ -42,20 +71,21 @@ BenchHost::BenchHost(const QSize &size)
 
 BenchHost::~BenchHost()
 {
-    m_empty.reset();
+    m_floor.reset();
     m_window.reset();
     m_engine.reset();
 }
 
-void BenchHost::showEmpty(Imports imports)
+void BenchHost::showFloor(Floor floor)
 {
-    QByteArray document("import QtQuick 2.15\nItem {}");
-    if (imports == Imports::Controls)
+    QByteArray document("import QtQuick 2.15\nItem {\n" + (floor == Floor::Texts ? fortyTexts() : "") +
+                        "}\n");
+    if (floor != Floor::Quick)
         document.prepend("import QtQuick.Controls 2.15\n");
     QQmlComponent component(m_engine.get());
     component.setData(document, QUrl());
-    m_empty.reset(component.create());
-    qobject_cast<QQuickItem *>(m_empty.get())->setParentItem(m_window->contentItem());
+    m_floor.reset(component.create());
+    qobject_cast<QQuickItem *>(m_floor.get())->setParentItem(m_window->contentItem());
     untilPainted([this] { m_window->show(); });
 }
 

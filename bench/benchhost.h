@@ -27,9 +27,11 @@ public:
     explicit BenchHost(const QSize &size = {1024, 600});
     ~BenchHost();
 
-    enum class Imports { Quick, Controls };
-    /// Shows the host's own empty page; returns when its first frame was painted.
-    void showEmpty(Imports imports = Imports::Controls);
+    /// What a host has on its glass without the screen: nothing, which needs Qt Quick or also its controls, or with
+    /// them forty texts in as many fonts as the screen's first page has.
+    enum class Floor { Quick, Controls, Texts };
+    /// Shows it; returns when its first frame was painted.
+    void showFloor(Floor floor = Floor::Controls);
     /// Loads the plug-in and builds the screen, hidden.
     void loadScreen();
     /// open(), and returns when the first frame with it was painted.
@@ -59,7 +61,7 @@ public:
 private:
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<QQuickWindow> m_window;
-    std::unique_ptr<QObject> m_empty;
+    std::unique_ptr<QObject> m_floor;
     std::shared_ptr<ISystemSet> m_screen;
     QLibrary m_library;
     QQuickItem *m_root = nullptr;

@@ -59,7 +59,7 @@ int main(int argc, char **argv)
     BenchHost::prepareFont();
     const QString scene = application.arguments().value(1);
     BenchHost host;
-    host.showEmpty();
+    host.showFloor();
     int polls = 0;
     if (scene != QLatin1String("empty")) {
         host.loadScreen();

@@ -20,7 +20,7 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     BenchHost::prepareFont();
     BenchHost host;
-    host.showEmpty();
+    host.showFloor();
     const qint64 floor = BenchHost::privateMemory();
     host.loadScreen();
     host.open();

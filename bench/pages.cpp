@@ -23,7 +23,7 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     BenchHost::prepareFont();
     BenchHost host;
-    host.showEmpty();
+    host.showFloor();
     host.loadScreen();
     host.open();
 

@@ -40,7 +40,7 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     BenchHost::prepareFont();
     BenchHost host;
-    host.showEmpty();
+    host.showFloor();
     const Idle floor = watch(host);
     host.loadScreen();
     host.open();
