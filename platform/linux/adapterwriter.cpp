@@ -69,6 +69,7 @@ void AdapterWriter::interrupt()
     takeAsked();
     answer(false);
     m_heldDevice.clear();
+    m_isLate = false;
     if (m_writing && std::exchange(m_again, false)) {
         // What was to be written after this goes with it.
         m_number = m_state->read()->wishes.at(m_place).number;
@@ -236,7 +237,7 @@ void AdapterWriter::update()
     changeProfile(m_bus, m_now.profile, m_persist ? Nm::ToDisk : Nm::InMemory, m_requests.get(), changed,
                   [this](const QDBusMessage &updated) {
                       if (isError(updated))
-                          return fail(reasonOf(updated));
+                          return refused(updated);
                       const QString path = m_now.profile;
                       m_book->readAgain(path, [this, path] { stored(path); });
                   });
@@ -249,7 +250,7 @@ void AdapterWriter::add()
              << uint(m_persist ? Nm::ToDisk : Nm::InMemory) << QVariantMap();
     ask(m_bus, question, m_requests.get(), [this](const QDBusMessage &added) {
         if (isError(added))
-            return fail(reasonOf(added));
+            return refused(added);
         const QString path = qdbus_cast<QDBusObjectPath>(added.arguments().value(0)).path();
         qCInfo(profileLog, "%s has a profile of the panel from now on", qPrintable(name()));
         m_book->readAgain(path, [this, path] { stored(path); });
@@ -260,6 +261,7 @@ void AdapterWriter::stored(const QString &path)
 {
     if (!m_writing || m_settling)
         return; // the daemon went meanwhile
+    m_isLate = false;
     if (m_wanted != m_now.values || m_activate)
         apply(path);
     settle();
@@ -373,6 +375,26 @@ void AdapterWriter::settle()
     // A further write begins with a snapshot that knows of this one, or it would make the profile a second time.
     m_settling = true;
     emit settled(m_number);
+}
+
+void AdapterWriter::refused(const QDBusMessage &error)
+{
+    const bool wasLate = std::exchange(m_isLate, isUnanswered(error));
+    if (!wasLate && !m_isLate)
+        return fail(reasonOf(error));
+    // What was asked for may be stored yet, and then without being in force; asked for again, it may be refused for
+    // being stored.
+    if (!wasLate) {
+        qCWarning(networkLog, "the settings of %s wait for the daemon: %s", qPrintable(name()),
+                  qPrintable(reasonOf(error)));
+        answer(false);
+    }
+    m_activateAsked = true;
+    QTimer::singleShot(RetryTime, m_requests.get(), [this] {
+        m_writing = false;
+        m_again = false;
+        write();
+    });
 }
 
 void AdapterWriter::fail(const QString &why)

@@ -77,6 +77,7 @@ private:
     void setAutoconnect(const QString &device, bool on);
     void settle();
     void fail(const QString &why);
+    void refused(const QDBusMessage &error);
     void activated(const QString &why);
     void takeAsked();
     void answer(bool succeeded);
@@ -107,6 +108,7 @@ private:
     bool m_settling = false; ///< it is done, and the next snapshot will tell
     bool m_activate = false;
     bool m_persist = true;
+    bool m_isLate = false; ///< the last request was not answered, and may be granted yet
     quint64 m_number = 0;
     AdapterState m_now;
     ProfileValues m_wanted;

@@ -35,8 +35,15 @@ private slots:
     void refusedStaticAddressesAreAFailure();
     void objectsThatWereNotTold();
     void profileThatWasNotTold();
+    void requestThatWasNotAnswered_data();
+    void requestThatWasNotAnswered();
+    void addressesThatWereNotAnswered();
+    void refusedAfterAll();
 
 private:
+    /// The next calls of that name are answered with these errors, one each. Whether they are @p done all the same is
+    /// another question: an answer that comes too late is none.
+    void answer(const QString &call, const QStringList &errors, bool areDone);
     bool autoconnects(const char *port) const
     {
         return m_scene->daemon
@@ -232,6 +239,88 @@ void TestLinuxRecovery::profileThatWasNotTold()
     QVERIFY(m_scene->values().stored == usual());
     QCOMPARE(m_scene->lan0().profile, profile);
     QCOMPARE(m_scene->daemon.profiles(), QStringList{profile});
+}
+
+void TestLinuxRecovery::answer(const QString &call, const QStringList &errors, bool areDone)
+{
+    const FakeObjects::Method method = m_scene->daemon.method(call);
+    const auto left = std::make_shared<QStringList>(errors);
+    m_scene->daemon.onCall(call, [method, left, areDone](const QDBusMessage &message) {
+        if (left->isEmpty())
+            return method(message);
+        if (areDone)
+            static_cast<void>(method(message));
+        return message.createErrorReply(left->takeFirst(), text("made up"));
+    });
+}
+
+void TestLinuxRecovery::requestThatWasNotAnswered_data()
+{
+    const QString refusal = text("org.freedesktop.DBus.Error.Failed");
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QStringList>("errors");
+    QTest::addColumn<bool>("areDone");
+    QTest::newRow("not stored") << text("Update2") << QStringList{noReply()} << false;
+    QTest::newRow("stored late") << text("Update2") << QStringList{noReply()} << true;
+    QTest::newRow("twice not stored") << text("Update2") << QStringList{noReply(), noReply()} << false;
+    QTest::newRow("not made") << text("AddConnection2") << QStringList{noReply()} << false;
+    QTest::newRow("made late") << text("AddConnection2") << QStringList{noReply()} << true;
+    // The daemon comes to both at once: the second time there is one already.
+    QTest::newRow("made while asked again")
+        << text("AddConnection2") << QStringList{noReply(), refusal} << false;
+}
+
+void TestLinuxRecovery::requestThatWasNotAnswered()
+{
+    QFETCH(const QString, call);
+    QFETCH(const QStringList, errors);
+    QFETCH(const bool, areDone);
+    QVERIFY(m_scene->startAndWait());
+    if (call == text("Update2"))
+        QVERIFY(m_scene->giveProfile());
+    answer(call, errors, areDone);
+    expectMessage(text("the settings of LAN0 wait for the daemon"));
+    m_scene->setAddresses(usual());
+    m_scene->setDhcp(false);
+    QVERIFY(m_scene->waitForReports(1));
+    QCOMPARE(m_scene->reports(), QVector<int>{SystemSet::DHCP_FAILED});
+    QTRY_VERIFY(m_scene->lan0().live == usual());
+    QVERIFY(m_scene->waitForWishes());
+    QVERIFY(m_scene->values().stored == usual());
+    QVERIFY(!m_scene->values().dhcp);
+    QCOMPARE(m_scene->daemon.profiles().size(), 1);
+    QCOMPARE(m_scene->reports().size(), 1);
+}
+
+void TestLinuxRecovery::addressesThatWereNotAnswered()
+{
+    QVERIFY(m_scene->startAndWait());
+    m_scene->setAddresses(usual());
+    m_scene->setDhcp(false);
+    QVERIFY(m_scene->waitForReports(1) && m_scene->waitForWishes());
+    QVERIFY(m_scene->lan0().live == usual());
+    answer(text("Update2"), {noReply()}, true);
+    expectMessage(text("the settings of LAN0 wait for the daemon"));
+    Addresses others = usual();
+    others.ip = NetworkScene::ip("192.168.7.21");
+    m_scene->setAddresses(others);
+    QTRY_VERIFY(m_scene->lan0().live == others);
+    QVERIFY(m_scene->waitForWishes());
+    QVERIFY(m_scene->values().stored == others);
+}
+
+void TestLinuxRecovery::refusedAfterAll()
+{
+    const QString refusal = text("org.freedesktop.DBus.Error.Failed");
+    QVERIFY(m_scene->startAndWait());
+    QVERIFY(m_scene->giveProfile());
+    answer(text("Update2"), {noReply(), refusal, refusal}, false);
+    expectMessage(text("the settings of LAN0 wait for the daemon"));
+    expectMessage(text("the settings of LAN0 stay as they are: made up"));
+    m_scene->setAddresses(usual());
+    QVERIFY(m_scene->waitForWishes());
+    QVERIFY(m_scene->values() == m_scene->lan0().values);
+    QVERIFY(m_scene->values().dhcp);
 }
 
 PANEL_TEST_MAIN(TestLinuxRecovery)

@@ -48,11 +48,12 @@ private:
     void lap(NetworkPage *page, bool changes);
 
     void change(NetworkPage *page);
-    /// Whether the address of LAN0 is the one that the kernel has.
-    static bool isShown(NetworkPage *page);
+    /// Whether LAN0 has the address that was typed last, or a lease if that was chosen last, and shows it.
+    bool isShown(NetworkPage *page) const;
 
     PanelDirectory m_panel;
     int m_edits = 0;
+    QString m_typed; ///< last, unless nothing was
 };
 
 void TestScreen::initTestCase()
@@ -70,6 +71,9 @@ void TestScreen::initTestCase()
 void TestScreen::init()
 {
     beginWatch();
+    // A machine that does much else holds a lap up for longer than the daemon may think about a request.
+    allowMessage(text("the settings of LAN0 wait for the daemon"));
+    m_typed.clear();
     SystemSet &panel = MeyerSingleton<SystemSet>::instance();
     QTRY_VERIFY_WITH_TIMEOUT(panel.getIp(SystemSet::LAN0) != 0, 60000);
     panel.setIp(SystemSet::LAN0, 0xC0A8324D, true);
@@ -115,14 +119,21 @@ void TestScreen::change(NetworkPage *page)
         return;
     page->edit(address, 3, text("7%1").arg(m_edits++ % 10));
     Operator::key(page->window(), Qt::Key_Return);
+    m_typed = page->address(text("IP Address"));
     Operator::settle();
 }
 
-bool TestScreen::isShown(NetworkPage *page)
+bool TestScreen::isShown(NetworkPage *page) const
 {
+    // On the wire the leases are those from 100 on, and what is typed here is less.
+    constexpr int firstLease = 100;
     page->select(text("LAN1"));
     page->select(text("LAN0"));
     const QString address = kernelAddress();
+    const bool isLease = address.section(QLatin1Char('.'), 3).toInt() >= firstLease;
+    const bool isStatic = page->addressOf(text("IP Address"))->isEnabled();
+    if (isLease == isStatic || (isStatic && !m_typed.isEmpty() && address != m_typed))
+        return false;
     return !address.isEmpty() && page->address(text("IP Address")) == address;
 }
 
@@ -138,10 +149,10 @@ void TestScreen::daemonDoesNotAnswer()
     // All that is read and made only once, with either kind of addresses.
     for (int i = 0; i < 2; ++i)
         lap(&page, changes);
-    tell(begin);
     // Who waits for the daemon waits each time; once the machine itself may have held the process up.
     qint64 wait = g_waitLimit;
     for (int i = 0; i < 3 && wait >= g_waitLimit && !QTest::currentTestFailed(); ++i) {
+        tell(begin);
         application()->forget();
         QElapsedTimer timer;
         timer.start();
@@ -149,12 +160,12 @@ void TestScreen::daemonDoesNotAnswer()
             lap(&page, changes);
         wait = application()->longestWait();
         qInfo("the longest wait took %lld us", wait / 1000);
+        tell(end);
+        // And then it shows what is so, to who looks once the service knows it.
+        QTRY_VERIFY_WITH_TIMEOUT(MeyerSingleton<SystemSet>::instance().getIp(SystemSet::LAN0) != 0, 30000);
+        QTRY_VERIFY_WITH_TIMEOUT(isShown(&page), 60000);
     }
-    tell(end);
     QVERIFY2(wait < g_waitLimit, qPrintable(text("waited for %1 us").arg(wait / 1000)));
-    // And then it shows what is so, to who looks once the service knows it.
-    QTRY_VERIFY_WITH_TIMEOUT(MeyerSingleton<SystemSet>::instance().getIp(SystemSet::LAN0) != 0, 30000);
-    QTRY_VERIFY_WITH_TIMEOUT(isShown(&page), 30000);
 }
 
 int main(int argc, char **argv)
