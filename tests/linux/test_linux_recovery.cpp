@@ -122,7 +122,8 @@ void TestLinuxRecovery::onByHandIsLeftAlone()
     QVERIFY(m_scene->giveProfile());
     m_scene->enable(false);
     QVERIFY(m_scene->waitForWishes());
-    QTRY_VERIFY(!autoconnects("lan0"));
+    QTRY_VERIFY(m_scene->daemon.calls().contains(text("Disconnect")));
+    QVERIFY(!autoconnects("lan0"));
     m_scene->daemon.forgetCalls();
     m_scene->daemon.activate(addRival(), text("lan0"));
     QTRY_VERIFY(m_scene->lan0().live.ip != 0);
