@@ -10,7 +10,11 @@ const std::vector<Answer> &answers()
         {"getIp of the other", [](const SystemSet &panel) { return panel.getIp(SystemSet::LAN1) != 0; }},
         {"getSubnetMask", [](const SystemSet &panel) { return panel.getSubnetMask(SystemSet::LAN0) != 0; }},
         {"getGateway", [](const SystemSet &panel) { return panel.getGateway(SystemSet::LAN0) != 0; }},
-        {"getMac", [](const SystemSet &panel) { return panel.getMac(SystemSet::LAN0) != HMI::MAC(); }},
+        {"getMac",
+         [](const SystemSet &panel) {
+             constexpr HMI::MAC none{};
+             return panel.getMac(SystemSet::LAN0) != none;
+         }},
         {"getDns", [](const SystemSet &panel) { return panel.getDns(SystemSet::LAN0).first != 0; }},
         {"isDhcpOn", [](const SystemSet &panel) { return panel.isDhcpOn(SystemSet::LAN0); }},
         {"isNicEnabled", [](const SystemSet &panel) { return panel.isNicEnabled(SystemSet::LAN0); }},

@@ -37,9 +37,9 @@ QByteArray fortyTexts()
     QByteArray document;
     for (std::size_t column = 0; column < fonts.size(); ++column) {
         for (std::size_t row = 0; row < texts.size(); ++row)
-            document += "Text { x: " + QByteArray::number(qulonglong(column * 200)) +
-                        "; y: " + QByteArray::number(qulonglong(row * 50)) + "; font { " + fonts.at(column) +
-                        " } text: \"" + texts.at(row) + "\" }\n";
+            document += "Text { x: " + QByteArray::number(static_cast<int>(column) * 200) +
+                        "; y: " + QByteArray::number(static_cast<int>(row) * 50) + "; font { " +
+                        fonts.at(column) + " } text: \"" + texts.at(row) + "\" }\n";
     }
     return document;
 }

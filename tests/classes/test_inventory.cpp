@@ -73,7 +73,7 @@ void TestInventory::findsTimers()
 
 void TestInventory::findsMemory()
 {
-    constexpr std::size_t size = 300 * 1024;
+    constexpr std::size_t size = std::size_t(300) * 1024;
     const Inventory before = Inventory::take();
     const std::vector<char> held(size);
     const std::size_t grown = Inventory::take().heapGrowthSince(before);

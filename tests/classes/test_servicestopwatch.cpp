@@ -10,7 +10,7 @@ using QSP::ServiceStopwatch;
 
 namespace {
 
-constexpr qint64 minute = 60 * 1000;
+constexpr qint64 minute = 60000;
 
 qint64 g_now = 0;
 // How long every call takes.

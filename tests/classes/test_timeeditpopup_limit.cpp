@@ -1,7 +1,5 @@
 #include "tests/classes/timeeditor.h"
 
-using QSP::TimeEditPopup;
-
 namespace {
 
 /// The last second that 32 bits hold.

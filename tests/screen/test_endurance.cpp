@@ -116,7 +116,7 @@ void TestEndurance::ticks()
     };
     fixture.screen()->open();
     repeat(200, 10000, tickAll, [&fixture] {
-        const Inventory held = inventoryAtRest(fixture);
+        Inventory held = inventoryAtRest(fixture);
         fixture.screen()->open();
         return held;
     });
@@ -146,7 +146,7 @@ void TestEndurance::isDeletedAtAnyMoment()
         HmiSimulator::setManual(false);
     };
     repeat(20, 200, askAndDelete, [&fixture] {
-        const Inventory held = inventoryAtRest(fixture);
+        Inventory held = inventoryAtRest(fixture);
         fixture.rebuild();
         return held;
     });

@@ -42,7 +42,7 @@ QString faultBelow(const QObject *root)
 {
     const auto items = root->findChildren<QQuickItem *>();
     for (QQuickItem *item : items) {
-        const QString fault = faultOf(item);
+        QString fault = faultOf(item);
         if (!fault.isEmpty())
             return fault;
     }

@@ -12,7 +12,9 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-extern "C" __attribute__((visibility("default"))) int kill(pid_t process, int number) noexcept
+extern "C" {
+
+int killOne(pid_t process, int number) noexcept
 {
     if (process > 0)
         return static_cast<int>(syscall(SYS_kill, process, number));
@@ -22,3 +24,7 @@ extern "C" __attribute__((visibility("default"))) int kill(pid_t process, int nu
     errno = EPERM;
     return -1;
 }
+
+__attribute__((visibility("default"), alias("killOne"))) int kill(pid_t, int) noexcept;
+
+} // extern "C"

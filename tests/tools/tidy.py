@@ -37,7 +37,7 @@ class Source:
             self.lines = file.read().splitlines()
         self.is_test = path.startswith(("tests/", "bench/"))
         # A program of its own, whose names are nobody else's business.
-        self.is_program = os.path.basename(path).startswith("test_")
+        self.is_program = os.path.basename(path).startswith(("test_", "lab_"))
         self.local_names = names_in_anonymous_namespaces(self.lines)
         text = "\n".join(self.lines)
         self.is_alone = bool(GLOBAL_ONLY.search(text)) or any(CONDITIONAL.match(line) for line in self.lines)

@@ -37,7 +37,7 @@ Usage Usage::now()
     Usage usage;
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     const struct mallinfo2 heap = ::mallinfo2();
-    usage.heap = qint64(heap.uordblks + heap.hblkhd);
+    usage.heap = qint64(heap.uordblks) + qint64(heap.hblkhd);
 #endif
     usage.resident = residentMemory();
     usage.files = entriesOf("/proc/self/fd");
