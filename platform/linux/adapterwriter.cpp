@@ -69,7 +69,6 @@ void AdapterWriter::interrupt()
     takeAsked();
     answer(false);
     m_heldDevice.clear();
-    m_isLate = false;
     if (m_writing && std::exchange(m_again, false)) {
         // What was to be written after this goes with it.
         m_number = m_state->read()->wishes.at(m_place).number;
@@ -261,7 +260,6 @@ void AdapterWriter::stored(const QString &path)
 {
     if (!m_writing || m_settling)
         return; // the daemon went meanwhile
-    m_isLate = false;
     if (m_wanted != m_now.values || m_activate)
         apply(path);
     settle();
@@ -374,6 +372,7 @@ void AdapterWriter::settle()
 {
     // A further write begins with a snapshot that knows of this one, or it would make the profile a second time.
     m_settling = true;
+    m_isLate = false;
     emit settled(m_number);
 }
 

@@ -77,6 +77,7 @@ private:
     void setAutoconnect(const QString &device, bool on);
     void settle();
     void fail(const QString &why);
+    /// Ends the write, unless the daemon may yet do as asked: then it is written again.
     void refused(const QDBusMessage &error);
     void activated(const QString &why);
     void takeAsked();

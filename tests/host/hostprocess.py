@@ -9,8 +9,9 @@ import tempfile
 HOST = pathlib.Path(os.environ["PANEL_HOST"])
 # What runs it where it is for another machine than this one.
 EMULATOR = [os.environ["PANEL_EMULATOR"]] if "PANEL_EMULATOR" in os.environ else []
-# What the host may take for all that it is told, in seconds; only what hangs takes so long.
-PATIENCE = 600
+# What the host may take for all that it is told, in seconds; only what hangs takes so long. Less than ctest grants,
+# which would leave the host behind.
+PATIENCE = 600 if EMULATOR else 240
 PLUGIN = pathlib.Path(os.environ["PANEL_PLUGIN"])
 SERVICE = pathlib.Path(os.environ["PANEL_SERVICE"])
 SCENARIOS = pathlib.Path(os.environ["PANEL_SCENARIOS"])

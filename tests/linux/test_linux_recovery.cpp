@@ -39,6 +39,7 @@ private slots:
     void requestThatWasNotAnswered();
     void addressesThatWereNotAnswered();
     void refusedAfterAll();
+    void goneWhileItWaits();
 
 private:
     /// The next calls of that name are answered with these errors, one each. Whether they are @p done all the same is
@@ -322,6 +323,26 @@ void TestLinuxRecovery::refusedAfterAll()
     QVERIFY(m_scene->waitForWishes());
     QVERIFY(m_scene->values() == m_scene->lan0().values);
     QVERIFY(m_scene->values().dhcp);
+}
+
+void TestLinuxRecovery::goneWhileItWaits()
+{
+    const QString refusal = text("org.freedesktop.DBus.Error.Failed");
+    QVERIFY(m_scene->startAndWait());
+    answer(text("AddConnection2"), {noReply(), refusal}, false);
+    expectMessage(text("the settings of LAN0 wait for the daemon"));
+    expectMessage(text("the settings of LAN0 stay as they are: there is no such adapter"));
+    m_scene->setDhcp(true);
+    QVERIFY(m_scene->waitForReports(1));
+    m_scene->daemon.remove(FakeNetworkManager::devicePath(text("lan0")));
+    QVERIFY(m_scene->waitForWishes());
+    // What is asked of it when it is back has nothing to do with that, and is refused at once.
+    m_scene->daemon.addPort(text("lan0"), text("02:00:00:00:00:10"));
+    QTRY_VERIFY(m_scene->lan0().known);
+    expectMessage(text("the settings of LAN0 stay as they are: made up"));
+    m_scene->setAddresses(usual());
+    QVERIFY(m_scene->waitForWishes());
+    QCOMPARE(m_scene->daemon.profiles(), QStringList());
 }
 
 PANEL_TEST_MAIN(TestLinuxRecovery)

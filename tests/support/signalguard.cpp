@@ -14,6 +14,7 @@
 
 extern "C" {
 
+// A name that nobody else has, for the link to ask for.
 int killOne(pid_t process, int number) noexcept
 {
     if (process > 0)
